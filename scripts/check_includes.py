@@ -1,0 +1,49 @@
+#!/usr/bin/env python3
+"""Checks every #include of src/ against the table of layers: a layer may
+include its own headers and those of the layers below it, nothing else."""
+import pathlib
+import re
+import sys
+
+# Which layers each layer may include (besides itself).
+ALLOWED = {
+    "document": set(),
+    "formats": {"document"},
+    "sound": {"document", "formats"},
+    "render": {"document"},
+    "controls": {"document", "render"},
+    "shell": {"document", "formats", "sound", "render", "controls"},
+    "tools": {"document", "formats", "sound", "render", "controls", "shell"},
+    "editor": {"document", "formats", "sound", "render", "controls", "shell", "tools"},
+    "cli": {"document", "formats", "sound", "render"},
+    "app": {"document", "formats", "sound", "render", "controls", "shell", "tools", "editor"},
+}
+# Layers whose code must not use Qt at all.
+NO_QT = {"document", "formats", "sound"}
+
+root = pathlib.Path(__file__).resolve().parent.parent / "src"
+include = re.compile(r'^\s*#\s*include\s*[<"]([^>"]+)[>"]')
+errors = []
+for path in sorted(root.rglob("*")):
+    if path.suffix not in {".h", ".hpp", ".cpp", ".cc"}:
+        continue
+    layer = path.relative_to(root).parts[0]
+    allowed = ALLOWED.get(layer)
+    if allowed is None:
+        errors.append(f"{path}: folder {layer} is not in the layer table")
+        continue
+    for n, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+        m = include.match(line)
+        if not m:
+            continue
+        target = m.group(1)
+        first = target.split("/")[0]
+        if first in ALLOWED and first != layer and first not in allowed:
+            errors.append(f"{path}:{n}: {layer} may not include {target}")
+        if layer in NO_QT and (first.startswith("Q") or first.startswith("qt")):
+            errors.append(f"{path}:{n}: {layer} must not use Qt ({target})")
+        if layer == "render" and first.startswith("QtWidgets"):
+            errors.append(f"{path}:{n}: render must not use widgets ({target})")
+for e in errors:
+    print(e, file=sys.stderr)
+sys.exit(1 if errors else 0)
