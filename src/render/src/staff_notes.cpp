@@ -79,19 +79,30 @@ void CStripRenderer::drawNotePortée(int p, int m, int c, int n) {
 
   // One stem per chord, drawn by its highest note. Pitches compare with the
   // current instrument's strings, which may not be this track's tuning.
-  const auto hauteur = [&](int s, int fret) { return fret + m_guitare.corde[static_cast<std::size_t>(s)]; };
+  const auto hauteur = [&](int s, int fret) {
+    return fret + m_guitare.corde[static_cast<std::size_t>(s)];
+  };
+  int uBas = u;  // the chord's lowest head
   for (int s = 1; s <= cordes(p); ++s) {
     if (s == c) continue;
     const int k = m_doc.searchNote(p, m, s, note->intX);
     if (k == 0) continue;
     const int autre = m_doc.getNoteCase(p, m, s, k);
     if (autre == kCaseVide) continue;
+    int uAutre = 0;
     if (batterie) {
-      if (getNbUnitesFromStaffLowLineForDrums(autre) < u) return;
-    } else if (s <= 7 && c <= 7 && hauteur(s, autre) > hauteur(c, note->bytCase)) {
-      return;
+      uAutre = getNbUnitesFromStaffLowLineForDrums(autre);
+      if (uAutre < u) return;
+    } else {
+      if (s <= 7 && c <= 7 && hauteur(s, autre) > hauteur(c, note->bytCase)) return;
+      uAutre = graphie(autre + m_doc.getGuitareCorde(p, s)).u -
+               (m_doc.getPortéeClef(p) == 2 ? 12 : 0);
     }
+    if (uAutre > uBas) uBas = uAutre;
   }
+  // The stem runs down through the chord to its lowest head, so that the chord
+  // reads as one.
+  if (uBas > u && d != 192 && d != 128) drawScreenLine(x + 3, y0 + 1 + (uBas - u) * H, 0, (u - uBas) * H);
   calculeEtatRythme(p, m, c, n);
   const int extrême = getTempsPortéeMaxMinNote(m_doc, p, m, c, n, true);
   const int h = ((extrême / 12) * -7 + 33) * H - y0 - 4 + base;

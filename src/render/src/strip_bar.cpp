@@ -32,7 +32,7 @@ void CStripRenderer::drawAccords(int p, int m, int) {
 // open and muted strings marked over the nut, the first fret beside it when the
 // hand is up the neck, and the name under it, centred on the chord's column.
 void CStripRenderer::drawDiagramme(const tAccord& accord, int nbCordes, int x, int y) {
-  constexpr int kPasCorde = 4;
+  constexpr int kPasCorde = 5;
   constexpr int kPasCase = 4;
   constexpr int kCases = 4;
   const int largeur = (nbCordes - 1) * kPasCorde;
@@ -77,7 +77,7 @@ void CStripRenderer::drawDiagramme(const tAccord& accord, int nbCordes, int x, i
         m_surface.Circle(cx, haut - 4, 1);
         m_surface.setFillStyle(FillStyle::Solid);
       } else if (f - premièreCase < kCases) {
-        m_surface.Circle(cx, haut + (f - premièreCase) * kPasCase + kPasCase / 2, 1);
+        m_surface.Circle(cx, haut + (f - premièreCase) * kPasCase + kPasCase / 2, 1.5);
       }
     }
     m_surface.setFillStyle(remplissage);
