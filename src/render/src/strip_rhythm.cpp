@@ -167,6 +167,8 @@ void CStripRenderer::drawRythmePortée(int d, int x, int y, int h, int unité) {
                           ? -6 * m_s.TAB_VIEW_INTER_PORTEE
                           : h;
   drawScreenLine(x, y, 0, hauteur);
+  // Whole notes have no stem, dots are blitted beside the head, and the
+  // triplet's 3 is the tablature's, right under it: the staff repeats neither.
   const int pointe = y + hauteur;
   if (const int barres = nombreDeBarres(f); barres > 0) {
     const Barre b = étendueBarre(rythmePosition, rythmePrecedent != 0, rythmeSuivant != 0,
@@ -179,8 +181,6 @@ void CStripRenderer::drawRythmePortée(int d, int x, int y, int h, int unité) {
       m_surface.Line(x + b.dx, rang + 1, x + b.dx + b.len, rang + 1);
     }
   }
-  // The triplet's 3 stands above the stem's tip, clear of the heads.
-  if (estTriolet(d)) drawTextCenter(m_surface, x, pointe - m_s.TAB_VIEW_INTER_STRINGS / 2 - 1, "3");
 }
 
 }  // namespace vt

@@ -28,7 +28,7 @@ void PainterSurface::resize(int width, int height) {
   m_police = nullptr;
 }
 
-const PainterSurface::Police& PainterSurface::police() {
+PainterSurface::Police& PainterSurface::police() {
   if (m_police != nullptr && m_policeCourante == Font()) return *m_police;
   const FontSpec& f = Font();
   const std::string clé = f.nom + '\0' + std::to_string(f.taille) + (f.gras ? "b" : "") +
@@ -41,7 +41,7 @@ const PainterSurface::Police& PainterSurface::police() {
     font.setItalic(f.italique);
     font.setStyleStrategy(QFont::NoAntialias);
     font.setHintingPreference(QFont::PreferFullHinting);
-    auto p = std::make_unique<Police>(Police{font, QFontMetrics(font, &m_image)});
+    auto p = std::make_unique<Police>(Police{font, QFontMetrics(font, &m_image), {}});
     it = m_polices.emplace(clé, std::move(p)).first;
   }
   m_police = it->second.get();
@@ -49,14 +49,17 @@ const PainterSurface::Police& PainterSurface::police() {
   return *m_police;
 }
 
-const QString& PainterSurface::chaîne(std::string_view texte) {
-  auto it = m_chaînes.find(std::string(texte));
-  if (it == m_chaînes.end()) {
-    if (m_chaînes.size() > 4096) m_chaînes.clear();
-    it = m_chaînes
-             .emplace(std::string(texte),
-                      QString::fromUtf8(texte.data(), static_cast<qsizetype>(texte.size())))
-             .first;
+const PainterSurface::Texte& PainterSurface::texte(std::string_view utf8) {
+  Police& p = police();
+  auto it = p.textes.find(std::string(utf8));
+  if (it == p.textes.end()) {
+    if (p.textes.size() > 4096) p.textes.clear();
+    const QString q = QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    Texte t{QStaticText(q), p.metrics.horizontalAdvance(q)};
+    t.statique.setTextFormat(Qt::PlainText);
+    t.statique.setPerformanceHint(QStaticText::AggressiveCaching);
+    t.statique.prepare(QTransform(), p.font);
+    it = p.textes.emplace(std::string(utf8), std::move(t)).first;
   }
   return it->second;
 }
@@ -83,13 +86,36 @@ void PainterSurface::preparePen() {
   m_painter.setBrush(Qt::NoBrush);
 }
 
-int PainterSurface::TextWidth(std::string_view texte) {
-  return police().metrics.horizontalAdvance(chaîne(texte));
-}
+int PainterSurface::TextWidth(std::string_view utf8) { return texte(utf8).largeur; }
 
 int PainterSurface::TextHeight(std::string_view) { return police().metrics.height(); }
 
+bool PainterSurface::rasterBox(int x1, int y1, int x2, int y2) {
+  if (drawMode() == DrawMode::CopyPen) return false;
+  if (x2 < x1) std::swap(x1, x2);
+  if (y2 < y1) std::swap(y1, y2);
+  x1 = std::max(x1, 0);
+  y1 = std::max(y1, 0);
+  x2 = std::min(x2, m_image.width() - 1);
+  y2 = std::min(y2, m_image.height() - 1);
+  const Colour c = ForeColor();
+  const QRgb pen = qRgb(rouge(c), vert(c), bleu(c));
+  const bool masque = drawMode() == DrawMode::MaskPen;
+  for (int y = y1; y <= y2; ++y) {
+    auto* ligne = reinterpret_cast<QRgb*>(m_image.scanLine(y));
+    for (int x = x1; x <= x2; ++x)
+      ligne[x] = masque ? (ligne[x] & pen) : (ligne[x] | (~pen & 0x00FFFFFF)) | 0xFF000000;
+  }
+  return true;
+}
+
 void PainterSurface::drawSegment(double x1, double y1, double x2, double y2) {
+  // A straight one-pixel line in a raster mode is a box one pixel wide: the
+  // painter would spread its tall spans over threads for nothing.
+  if (DrawWidth() == 1 && drawStyle() == DrawStyle::Solid && (x1 == x2 || y1 == y2) &&
+      rasterBox(static_cast<int>(std::lround(x1)), static_cast<int>(std::lround(y1)),
+                static_cast<int>(std::lround(x2)), static_cast<int>(std::lround(y2))))
+    return;
   preparePen();
   m_painter.drawLine(QPointF(x1, y1), QPointF(x2, y2));
 }
@@ -102,6 +128,9 @@ void PainterSurface::drawBox(double x1, double y1, double x2, double y2, bool fi
   const QRectF r(std::round(l), std::round(t), std::round(std::abs(x2 - x1)) + 1,
                  std::round(std::abs(y2 - y1)) + 1);
   if (filled) {
+    if (rasterBox(static_cast<int>(r.left()), static_cast<int>(r.top()),
+                  static_cast<int>(r.left() + r.width() - 1), static_cast<int>(r.top() + r.height() - 1)))
+      return;
     m_painter.fillRect(r, couleurQt(ForeColor()));
     return;
   }
@@ -116,14 +145,14 @@ void PainterSurface::drawCircle(double x, double y, double rayon) {
   m_painter.drawEllipse(QPointF(x, y), rayon, rayon);
 }
 
-void PainterSurface::drawText(double x, double y, std::string_view texte, int largeur,
+void PainterSurface::drawText(double x, double y, std::string_view utf8, int largeur,
                               int hauteur) {
-  const Police& p = police();
+  const Texte& t = texte(utf8);
   prepareMode();
   if (!FontTransparent()) m_painter.fillRect(QRectF(x, y, largeur, hauteur), couleurQt(BackColor()));
-  m_painter.setFont(p.font);
+  m_painter.setFont(police().font);
   m_painter.setPen(couleurQt(ForeColor()));
-  m_painter.drawText(QPointF(x, y + p.metrics.ascent()), chaîne(texte));
+  m_painter.drawStaticText(QPointF(x, y), t.statique);
 }
 
 void PainterSurface::drawDeviceLine(int x1, int y1, int x2, int y2) {

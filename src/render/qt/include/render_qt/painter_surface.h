@@ -8,6 +8,7 @@
 #include <QFontMetrics>
 #include <QImage>
 #include <QPainter>
+#include <QStaticText>
 #include <QString>
 #include <memory>
 #include <string>
@@ -60,21 +61,29 @@ class PainterSurface : public Surface {
   void clear() override;
 
  private:
+  // A text laid out once in one font and drawn from then on without shaping:
+  // the strip prints the same few digits thousands of times.
+  struct Texte {
+    QStaticText statique;
+    int largeur = 0;
+  };
   struct Police {
     QFont font;
     QFontMetrics metrics;
+    std::unordered_map<std::string, Texte> textes;
   };
-  const Police& police();
+  Police& police();
+  const Texte& texte(std::string_view utf8);
   void preparePen();
   void prepareMode();
-  const QString& chaîne(std::string_view texte);
+  // The raster modes over an axis-aligned box, done on the pixels themselves.
+  bool rasterBox(int x1, int y1, int x2, int y2);
 
   QImage m_image;
   QPainter m_painter;
   std::unordered_map<std::string, std::unique_ptr<Police>> m_polices;
-  const Police* m_police = nullptr;
+  Police* m_police = nullptr;
   FontSpec m_policeCourante;
-  std::unordered_map<std::string, QString> m_chaînes;  // UTF-8 -> QString, reused every paint
 };
 
 QColor couleurQt(Colour c);
