@@ -177,6 +177,16 @@ TEST_F(QtSurface, AWholeStripHasItsSizeInkAndBarLinesWhereTheMetricsSay) {
   EXPECT_EQ(image.pixel(1900, 294), qRgb(255, 255, 255));
 }
 
+TEST_F(QtSurface, PngIsWrittenWholeOrNotAtAll) {
+  QImage image(20, 10, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  const std::string dossier = ::testing::TempDir();
+  const std::string chemin = dossier + "/vt_strip.png";
+  ASSERT_TRUE(enregistrePng(image, chemin));
+  EXPECT_EQ(QImage(QString::fromStdString(chemin)).pixel(3, 3), qRgb(255, 0, 0));
+  EXPECT_FALSE(enregistrePng(image, dossier + "/no/such/folder/x.png"));
+}
+
 TEST_F(QtSurface, StripOptionsAreChecked) {
   const CVantoroTablature doc = test::showcaseDocument();
   StripImageOptions o;

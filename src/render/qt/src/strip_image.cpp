@@ -1,5 +1,8 @@
 #include "render_qt/strip_image.h"
 
+#include <QGuiApplication>
+#include <QSaveFile>
+
 #include "render/strip_renderer.h"
 #include "render_qt/painter_surface.h"
 #include "render_qt/resources.h"
@@ -49,5 +52,32 @@ QImage renderStripImage(const CVantoroTablature& source, const TabSettings& base
   renderer.drawInLine();
   return surface.image().copy();
 }
+
+bool enregistrePng(const QImage& image, const std::string& chemin) {
+  QSaveFile fichier(QString::fromStdString(chemin));
+  if (!fichier.open(QIODevice::WriteOnly)) return false;
+  if (!image.save(&fichier, "PNG")) {
+    fichier.cancelWriting();
+    return false;
+  }
+  return fichier.commit();
+}
+
+namespace {
+int argcHorsÉcran = 1;
+char nomHorsÉcran[] = "vantoro";
+char* argvHorsÉcran[] = {nomHorsÉcran, nullptr};
+}  // namespace
+
+ApplicationHorsÉcran::ApplicationHorsÉcran() {
+  if (QCoreApplication::instance() == nullptr) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    m_app = std::make_unique<QGuiApplication>(argcHorsÉcran, argvHorsÉcran);
+  }
+  m_strAppPath = QCoreApplication::applicationDirPath().toStdString() + "/";
+  installeMusicalFont(m_strAppPath);
+}
+
+ApplicationHorsÉcran::~ApplicationHorsÉcran() = default;
 
 }  // namespace vt

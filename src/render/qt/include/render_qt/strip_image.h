@@ -3,11 +3,14 @@
 #pragma once
 
 #include <QImage>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "document/tablature.h"
 #include "render/tab_settings.h"
+
+class QGuiApplication;
 
 namespace vt {
 
@@ -37,5 +40,26 @@ std::string vérifieOptions(const CVantoroTablature& doc, const StripImageOption
 // Needs a QGuiApplication; the font "MusicalSymbols" should be installed.
 QImage renderStripImage(const CVantoroTablature& doc, const TabSettings& settings,
                         const StripImageOptions& options);
+
+// Writes a PNG through a temporary file renamed into place: a failed write
+// leaves no partial file and keeps an older one. False when it failed.
+bool enregistrePng(const QImage& image, const std::string& chemin);
+
+// What a program without windows needs to draw: a QGuiApplication on the
+// offscreen platform (unless one exists or another platform is asked for) and
+// the music font of the data folder beside the executable.
+class ApplicationHorsÉcran {
+ public:
+  ApplicationHorsÉcran();
+  ~ApplicationHorsÉcran();
+  ApplicationHorsÉcran(const ApplicationHorsÉcran&) = delete;
+  ApplicationHorsÉcran& operator=(const ApplicationHorsÉcran&) = delete;
+  // The executable's folder with a trailing "/": the program's data folder.
+  const std::string& strAppPath() const { return m_strAppPath; }
+
+ private:
+  std::unique_ptr<QGuiApplication> m_app;
+  std::string m_strAppPath;
+};
 
 }  // namespace vt
