@@ -97,7 +97,9 @@ void CStripRenderer::drawInLine() {
   }
 
   // 4. Bar heads and bar lines. The remembered key and signature start at 0,
-  // so the first bar shown always displays both.
+  // so the first bar shown always displays both. A bar cut by the right edge
+  // is drawn too, clipped, like its notes: a window narrower than one bar
+  // still shows that bar whole with its lines.
   const int first = static_cast<int>(m_doc.m_lngScrollValue);
   int x = m_s.TAB_VIEW_MARGIN_LEFT;
   int tonalité = 0;
