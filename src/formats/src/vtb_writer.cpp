@@ -1,4 +1,6 @@
 // Writing of version 8: the fields in the order of the file, big-endian.
+#include <algorithm>
+#include <cassert>
 #include <string>
 
 #include "document/validate.h"
@@ -8,10 +10,12 @@ namespace vt {
 
 namespace {
 
+// Writes into a buffer sized beforehand to the exact length of the file.
 class Sortie {
  public:
-  explicit Sortie(std::vector<std::uint8_t>& v) : v_(v) {}
-  void b(int x) { v_.push_back(static_cast<std::uint8_t>(x)); }
+  explicit Sortie(std::uint8_t* p) : p_(p) {}
+  std::uint8_t* position() const { return p_; }
+  void b(int x) { *p_++ = static_cast<std::uint8_t>(x); }
   void be16(int x) {
     b(x >> 8);
     b(x);
@@ -23,7 +27,10 @@ class Sortie {
     b(static_cast<int>(u >> 8));
     b(static_cast<int>(u));
   }
-  void raw(std::string_view s) { v_.insert(v_.end(), s.begin(), s.end()); }
+  void raw(std::string_view s) {
+    std::copy(s.begin(), s.end(), p_);
+    p_ += s.size();
+  }
   // A length byte and the bytes; the caller has checked the length.
   void str(const std::string& s) {
     b(static_cast<int>(s.size()));
@@ -31,7 +38,7 @@ class Sortie {
   }
 
  private:
-  std::vector<std::uint8_t>& v_;
+  std::uint8_t* p_;
 };
 
 // The first text the file cannot hold, described; empty when all fit.
@@ -63,18 +70,28 @@ std::string texteTropLong(const CVantoroTablature& doc) {
   return {};
 }
 
-std::size_t tailleProbable(const CVantoroTablature& doc) {
-  std::size_t n = 64 + static_cast<std::size_t>(doc.getMesureLast()) * 8;
-  for (const tPiste& piste : doc.pistes())
+// The length of the file, to the byte.
+std::size_t taille(const CVantoroTablature& doc) {
+  std::size_t n = 3 + 1 + 1 + 5 + doc.titre.size() + doc.Auteur.size() + doc.Copy.size() +
+                  doc.SousTitre.size() + doc.Comments.size() + 3 + 2 + 4 + 3;
+  for (const tMesure& h : doc.mesures())
+    n += 8 + 3 * static_cast<std::size_t>(h.tabTempos.last());
+  for (const tPiste& piste : doc.pistes()) {
+    const std::size_t s = piste.bytNbrCordes;
+    n += 4 + 1 + piste.strNom.size() + 1 + piste.strGuitareNom.size() + 1 + s + 2 + 1 + 4 + 11;
     for (const tPisteMesure& pm : piste.tabMesures) {
-      n += 3 + static_cast<std::size_t>(pm.tabCordes.last());
+      n += 3 + s;
       for (const auto& notes : pm.tabCordes)
-        n += static_cast<std::size_t>(notes.last()) * 7;
-      n += static_cast<std::size_t>(pm.tabAccords.last() + pm.tabTextesUp.last() +
-                                    pm.tabTextesDn.last()) *
-           16;
+        n += 7 * static_cast<std::size_t>(notes.last());
+      for (const tAccord& a : pm.tabAccords)
+        n += 3 + a.strNom.size() + s;
+      for (const tTexte& t : pm.tabTextesUp)
+        n += 3 + t.strContenu.size();
+      for (const tTexte& t : pm.tabTextesDn)
+        n += 3 + t.strContenu.size();
     }
-  return n + 64 * static_cast<std::size_t>(doc.getPisteLast());
+  }
+  return n;
 }
 
 void écrireTexte(Sortie& o, const tTexte& t) {
@@ -151,8 +168,8 @@ VtbEcriture io_enregistrer_vtb(const CVantoroTablature& doc) {
     return r;
   }
 
-  r.octets.reserve(tailleProbable(doc));
-  Sortie o(r.octets);
+  r.octets.resize(taille(doc));
+  Sortie o(r.octets.data());
   o.raw("VTB");
   o.b(kVtbVersion);
   o.b(doc.getPisteLast());  // one byte: at most 255 tracks
@@ -184,6 +201,7 @@ VtbEcriture io_enregistrer_vtb(const CVantoroTablature& doc) {
   for (int p = 1; p <= doc.getPisteLast(); ++p)
     écrirePiste(o, doc.piste(p), p);
   o.raw("END");
+  assert(o.position() == r.octets.data() + r.octets.size());
   return r;
 }
 
