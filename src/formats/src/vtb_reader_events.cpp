@@ -193,7 +193,8 @@ void lireFluxÉvénements(Chargement& c) {
   in.saute(4);  // "TRK" and the number
   tPiste& piste = doc.piste(1);
   if (c.version == 4) {
-    // No tuning in the file: the track is the catalogue's first instrument.
+    // No tuning in the file: the track is the catalogue's first instrument
+    // (the current one when there is no catalogue).
     in.saute(1);
     const tGuitare g =
         c.ctx.catalogue != nullptr ? c.ctx.catalogue->loadGuitare(1, c.ctx.setLang) : c.ctx.guitare;
