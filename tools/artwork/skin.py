@@ -930,6 +930,18 @@ def about():
     img = p.fill_through(img, p.wood(W, H, (50, 26, 14), (96, 54, 30), 43, vertical=True), m["neck"])
     img = p.fill_through(img, p.wood(W, H, (40, 20, 10), (90, 48, 26), 44, vertical=True), m["head"])
     img = p.fill_through(img, (40, 22, 12), m["bridge"])
+    frets = p.mask_blank(W, H)
+    fd = ImageDraw.Draw(frets)
+    k = 0.9 * s
+    for n in range(1, 13):  # from the nut down, a twelfth of an octave apart
+        y = 150 * s - 150 * k + 220 * k * (1 - 0.5 ** (n / 12))
+        fd.line((110 * s - 7 * k, y, 110 * s + 7 * k, y), fill=255, width=max(1, s // 2))
+    for side in (-1, 1):
+        for j in range(3):
+            y = 150 * s - (158 + j * 10) * k
+            fd.ellipse((110 * s + side * 13 * k - 2.5 * k, y - 2.5 * k, 110 * s + side * 13 * k + 2.5 * k, y + 2.5 * k),
+                       fill=255)
+    img = p.fill_through(img, (214, 206, 190), rot(frets))
     strings = p.mask_blank(W, H)
     sd = ImageDraw.Draw(strings)
     for k in range(6):
