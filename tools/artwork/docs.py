@@ -52,6 +52,10 @@ def write_skin_doc(path):
             "80 pixels from the centre at the angle 210 - 40 (n - 1) degrees (counter-clockwise "
             "from the right, so string 1 is lower left and string 7 lower right); drawRoue writes "
             "the string's note 56 pixels out on the same ray.", "",
+            "### The up-down controls of the metronome", "",
+            "\"tempoHOff\" and its kin are 22 x 40; the two halves meet at `Milieu` = 20 pixels "
+            "(a press above it raises the digit). The digits go from 0 to 9; the tempo they make "
+            "is the metronome's, so keep it at 1 or more.", "",
             "### Colours for what the code draws", "",
             "Text on the dark wood: cream #F3E6C8; highlighted: amber #FFB347; the tempo digits "
             "on \"ecran\": amber #FFB347 on its dark glass, about 40 pixels high, one digit "
