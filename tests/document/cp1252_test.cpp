@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "formats/cp1252.h"
+#include "document/cp1252.h"
 
 namespace vt {
 namespace {

@@ -1,4 +1,4 @@
-#include "formats/cp1252.h"
+#include "document/cp1252.h"
 
 #include <array>
 #include <cstdint>
