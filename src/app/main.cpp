@@ -1,0 +1,20 @@
+// vantoro: the main window is the start object; its load is the boot sequence.
+// The windows of the editor and the tools register here, before the boot,
+// with vt.fenetres().enregistrer(fen::FAccords, factory).
+#include <QApplication>
+
+#include "shell/vt.h"
+
+int main(int argc, char* argv[]) {
+  QApplication app(argc, argv);
+  QApplication::setOrganizationName(QStringLiteral("Vantoro"));
+  QApplication::setApplicationName(QStringLiteral("Vantoro"));
+  QApplication::setDesktopFileName(QStringLiteral("vantoro"));
+
+  vt::VT vt;
+  vt::VT::Démarrage démarrage;
+  // The command line as typed: the whole of it names one file.
+  démarrage.ligneDeCommande = QApplication::arguments().mid(1).join(QLatin1Char(' '));
+  if (!vt.MDIForm_Load(démarrage)) return 1;
+  return QApplication::exec();
+}

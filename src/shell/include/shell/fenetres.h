@@ -1,0 +1,56 @@
+// What the main window asks of the windows it holds. A window made through the
+// registry implements FenetreVT; the editor also implements FenetreTablature,
+// the options dialog FenetreOptions.
+#pragma once
+
+#include <QString>
+
+namespace vt {
+
+class FenetreVT {
+ public:
+  virtual ~FenetreVT() = default;
+  // Sets every caption, tooltip and list entry in the current language.
+  virtual void load_lang() = 0;
+  // A change of language: load_lang, plus what the window must rebuild or
+  // redraw (the chord list and the chord on the fretboard, for instance).
+  virtual void changeLanguage() { load_lang(); }
+  // Sets the window's pictures from the current skin.
+  virtual void load_skin() {}
+  // Draws again on the fretboard what this window shows there.
+  virtual void drawMancheContenu() {}
+  // A note played on the fretboard (the harmonizer listens to them).
+  virtual void receiveNote(int note) { (void)note; }
+};
+
+// The tablature editor as the fretboard and the start-up reach it.
+class FenetreTablature {
+ public:
+  virtual ~FenetreTablature() = default;
+  virtual bool isPlaying() const = 0;
+  virtual int CurseurCorde() const = 0;
+  // The cursor keys (Qt::Key_Up, Qt::Key_Down) as if typed in the editor.
+  virtual void picTab_KeyDown(int key) = 0;
+  // The release of the key a press on the fretboard stood for.
+  virtual void picTab_KeyUp() = 0;
+  virtual void key_generic_note(int fret) = 0;
+  virtual void TabMIDINoteOn(int note) = 0;
+  virtual void TabMIDINoteOff(int note) = 0;
+  virtual void refreshPicture() = 0;
+  // The yellow dots of the notes under the cursor, on a cleared fretboard.
+  virtual void mancheUpdate() = 0;
+  // The command line's ".vtb" (the whole line as it stands), once the editor is shown.
+  virtual void ouvreLigneDeCommande(const QString& fichier) = 0;
+  // One ".vtb" dropped on the main window.
+  virtual void ouvreFichierDéposé(const QString& fichier) = 0;
+};
+
+// The options dialog, shown on one of its pages: "accords", "KeyGam",
+// "KeyDiv", "KeyMét", "KeyMidi".
+class FenetreOptions {
+ public:
+  virtual ~FenetreOptions() = default;
+  virtual void selectTab(const QString& clé) = 0;
+};
+
+}  // namespace vt

@@ -1,0 +1,198 @@
+// The fretboard strip: its three looks and both hands, the dots, and the
+// notes that clicks and drags play, alone or through the editor.
+#include <QApplication>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QTest>
+
+#include "banc.h"
+#include "shell/manche.h"
+#include "shell/skin.h"
+
+namespace vt::essai {
+namespace {
+
+class Manche_ : public Banc {
+ protected:
+  void SetUp() override {
+    Banc::SetUp();
+    silencieux();
+  }
+  void lance() {
+    ASSERT_TRUE(démarre());
+    vt->resize(1000, 700);
+    QCoreApplication::processEvents();
+    ASSERT_GE(vt->manche().width(), 900);
+    sons.clear();
+  }
+  Manche& m() { return vt->manche(); }
+  // The centre of a fret and a string on a right-handed board, in pixels.
+  static QPoint droitier(int c, int s) { return {32 * c + 19, 24 * s - 16}; }
+  void souris(QEvent::Type type, QPoint p, Qt::MouseButton bouton, Qt::MouseButtons tenus) {
+    QMouseEvent e(type, QPointF(p), m().mapToGlobal(QPointF(p)), bouton, tenus, Qt::NoModifier);
+    QApplication::sendEvent(&m(), &e);
+  }
+  void clic(QPoint p, Qt::MouseButton b = Qt::LeftButton) {
+    souris(QEvent::MouseButtonPress, p, b, b);
+    souris(QEvent::MouseButtonRelease, p, b, Qt::NoButton);
+  }
+  QColor pixel(int x, int y) { return m().image().pixelColor(x, y); }
+  void regarde(int look, bool gaucher) {
+    vt->settings().setManche = static_cast<byt>(look);
+    vt->settings().setLeftHanded = toVbool(gaucher);
+    vt->load_picManche_picture();
+    vt->updateManche();
+  }
+};
+
+TEST_F(Manche_, AClickSoundsTheStringsNoteAndTheReleaseSilencesTheChannel) {
+  lance();
+  clic(droitier(3, 1));
+  EXPECT_EQ(sons, (Journal{"on 67", "ctl 123 0 1"}));
+  clic(droitier(5, 6));  // the low E string, fifth fret
+  EXPECT_EQ(sons, (Journal{"on 67", "ctl 123 0 1", "off 67", "on 45", "ctl 123 0 1"}));
+  clic(droitier(0, 3), Qt::RightButton);
+  EXPECT_EQ(sons.at(sons.size() - 2), "on 55");
+  EXPECT_EQ(vt->noteSouris(), 55);
+}
+
+TEST_F(Manche_, AClickOffTheStringsIsIgnored) {
+  lance();
+  clic({200, 24 * 6 - 16 + 14});  // below the sixth string, rounded to a seventh
+  EXPECT_EQ(sons, (Journal{"ctl 123 0 1"}));
+}
+
+TEST_F(Manche_, DraggingWithTheButtonHeldPlaysAGlissando) {
+  lance();
+  souris(QEvent::MouseButtonPress, droitier(0, 1), Qt::LeftButton, Qt::LeftButton);
+  souris(QEvent::MouseMove, droitier(0, 1) + QPoint(3, 0), Qt::NoButton, Qt::LeftButton);
+  souris(QEvent::MouseMove, droitier(1, 1), Qt::NoButton, Qt::LeftButton);
+  souris(QEvent::MouseMove, droitier(2, 1), Qt::NoButton, Qt::LeftButton);
+  souris(QEvent::MouseMove, droitier(4, 1), Qt::NoButton, Qt::NoButton);  // released: silence
+  EXPECT_EQ(sons, (Journal{"on 64", "off 64", "on 65", "off 65", "on 66"}));
+}
+
+TEST_F(Manche_, ALeftHandedBoardIsTurnedAround) {
+  lance();
+  regarde(1, true);
+  // String 1 is at the bottom, the open strings right of the nut.
+  const int basse = 24 * 6 - 16;
+  clic({787, basse});
+  EXPECT_EQ(sons.at(0), "on 64");
+  clic({787 - 32 * 5, 8});  // fifth fret of string 6, at the top
+  EXPECT_EQ(sons.at(3), "on 45");
+  // The nut stands on the right.
+  EXPECT_EQ(pixel(771, 60), QColor(192, 192, 192));
+  EXPECT_EQ(pixel(35, 60), QColor(Qt::black));
+}
+
+TEST_F(Manche_, TheThreeLooks) {
+  lance();
+  regarde(1, false);
+  EXPECT_EQ(pixel(200, 2), QColor(Qt::black));
+  EXPECT_EQ(pixel(200, 8), QColor(Qt::white));      // string 1
+  EXPECT_EQ(pixel(35, 60), QColor(192, 192, 192));  // the nut
+  regarde(2, false);
+  EXPECT_EQ(pixel(200, 2), QColor(Qt::white));
+  EXPECT_EQ(pixel(200, 8), QColor(Qt::black));
+  regarde(0, false);
+  const QImage bois(vt->skinFile(skin::kMancheFond));
+  ASSERT_FALSE(bois.isNull());
+  EXPECT_EQ(pixel(200, 2), bois.pixelColor(200 - 161, 2));  // the wood, tiled every 161 pixels
+  EXPECT_EQ(pixel(200, 8), QColor(Qt::white));
+  // The strip is as high as the instrument's strings need, plus the scroll bar.
+  EXPECT_EQ(m().hauteurBoardPixels(), 140);
+  EXPECT_EQ(m().height(), 140 + m().hsbManche()->height());
+}
+
+TEST_F(Manche_, DotsAreDrawnOverTheBoardAndClearedWithoutRedrawingIt) {
+  lance();
+  regarde(1, false);
+  const QPoint p = droitier(7, 3);
+  const QColor avant = pixel(p.x(), p.y() - 4);
+  vt->drawRond(7, 3, kRondBleu);
+  EXPECT_EQ(pixel(p.x(), p.y() - 4), QColor(0, 0, 255));
+  vt->drawRond(9, 2, kRondJaune);
+  EXPECT_EQ(pixel(droitier(9, 2).x(), droitier(9, 2).y() - 4), QColor(255, 255, 0));
+  vt->printManche(9, 2, "C");
+  vt->clearManche();
+  EXPECT_EQ(pixel(p.x(), p.y() - 4), avant);
+  // On the wood, the dots are the sprites.
+  regarde(0, false);
+  vt->drawRond(7, 3, kRondRouge);
+  const QColor sprite = pixel(p.x(), p.y());
+  EXPECT_GT(sprite.red(), 150);
+  EXPECT_LT(sprite.green(), 100);
+}
+
+TEST_F(Manche_, TheHoverDotFollowsThePointerOverWhatTheToolShows) {
+  crée();
+  enregistre({fen::FAccords});
+  lance();
+  vt->montreFenetre(fen::FAccords);
+  vt->setMancheContenu(0);
+  journal.clear();
+  souris(QEvent::MouseMove, droitier(2, 2), Qt::NoButton, Qt::NoButton);
+  EXPECT_EQ(journal, (Journal{"FAccords drawMancheContenu"}));
+  const QColor survol = pixel(droitier(2, 2).x(), droitier(2, 2).y());
+  EXPECT_GT(survol.red(), 150);
+  EXPECT_LT(survol.blue(), 100);
+  // The chord tool's dot (fret 5, string 3) is drawn again under it.
+  const QColor outil = pixel(droitier(5, 3).x(), droitier(5, 3).y());
+  EXPECT_GT(outil.green(), 120);
+  // A move within the same position redraws nothing.
+  souris(QEvent::MouseMove, droitier(2, 2) + QPoint(2, 1), Qt::NoButton, Qt::NoButton);
+  EXPECT_EQ(journal.size(), 1u);
+  EXPECT_TRUE(sons.empty());
+}
+
+TEST_F(Manche_, InTheEditorAPressMovesTheCursorAndTheLeftButtonEntersTheFret) {
+  crée();
+  enregistre({fen::FTab});
+  lance();
+  auto* tab = dynamic_cast<EditeurEssai*>(vt->montreFenetre(fen::FTab));
+  ASSERT_NE(tab, nullptr);
+  journal.clear();
+  clic(droitier(7, 4));
+  EXPECT_EQ(journal, (Journal{"FTab down", "FTab down", "FTab down", "FTab note 7", "FTab on 57",
+                              "FTab refresh", "FTab keyUp"}));
+  EXPECT_EQ(vt->mancheContenu(), 4);
+  EXPECT_EQ(sons, (Journal{"ctl 123 0 1"}));  // the editor sounds the note itself
+
+  journal.clear();
+  clic(droitier(3, 2), Qt::RightButton);  // moves the cursor, enters nothing
+  EXPECT_EQ(journal, (Journal{"FTab up", "FTab up", "FTab refresh", "FTab keyUp"}));
+
+  journal.clear();
+  tab->joue = true;  // during playback a click does nothing at all
+  clic(droitier(5, 6));
+  EXPECT_TRUE(journal.empty());
+  EXPECT_EQ(tab->corde, 2);
+}
+
+TEST_F(Manche_, TheHarmonizerHearsTheNotesPlayedOnTheBoard) {
+  crée();
+  enregistre({fen::FHarmony});
+  lance();
+  vt->montreFenetre(fen::FHarmony);
+  vt->setMancheContenu(3);
+  journal.clear();
+  clic(droitier(2, 5));
+  EXPECT_TRUE(contient(journal, "FHarmony receiveNote 47"));
+  EXPECT_EQ(sons.front(), "on 47");
+}
+
+TEST_F(Manche_, TheScrollBarMovesTheBoardOnANarrowWindow) {
+  lance();
+  vt->resize(500, 600);
+  QCoreApplication::processEvents();
+  QScrollBar* hsb = m().hsbManche();
+  ASSERT_GT(hsb->maximum(), 0);
+  hsb->setValue(3);
+  // The leftmost column is now fret 3.
+  clic(droitier(0, 1));
+  EXPECT_EQ(sons.at(0), "on 67");
+}
+
+}  // namespace
+}  // namespace vt::essai

@@ -1,0 +1,206 @@
+// The main window's commands: the language at run time, the windows menu and
+// the registry, the status bar panels, the toolbar.
+#include <QAction>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QTest>
+#include <QToolBar>
+#include <QTreeWidget>
+
+#include "banc.h"
+
+namespace vt::essai {
+
+namespace {
+
+class FenetrePrincipale : public Banc {
+ protected:
+  void SetUp() override {
+    Banc::SetUp();
+    silencieux();
+  }
+  QString menu(int i) const { return vt->menuBar()->actions().at(i)->text(); }
+};
+
+TEST_F(FenetrePrincipale, SwitchingTheLanguageReachesTheFrameAndEveryLoadedWindowInOrder) {
+  crée();
+  enregistre({fen::FAccords, fen::FGammes, fen::FHarmony, fen::FMetronome});
+  ASSERT_TRUE(démarre());
+  EXPECT_EQ(menu(0), "&File");
+  EXPECT_EQ(vt->panneau("guitare")->text(), "Guitar, standard tuning");
+  vt->montreFenetre(fen::FGammes);
+  vt->montreFenetre(fen::FAccords);
+  vt->montreFenetre(fen::FHarmony);
+  vt->mnuAide_Click(2);  // the quick-access window
+  journal.clear();
+
+  vt->mnuFileLang(0)->trigger();
+  EXPECT_EQ(vt->settings().setLang, 0);
+  EXPECT_EQ(menu(0), "&Fichier");
+  EXPECT_EQ(menu(1), "Fe&n\u00eatres");
+  EXPECT_EQ(vt->mnuFen(0)->text(), "&Accords");
+  EXPECT_EQ(vt->boutonBarre("accords")->toolTip(), "Dictionnaire d'accords (F3)");
+  EXPECT_EQ(vt->boutonBarre("options")->toolTip(), "Options");
+  EXPECT_EQ(vt->panneau("guitare")->text(), "Guitare, accordage standard");
+  EXPECT_TRUE(vt->mnuFileLang(0)->isChecked());
+  EXPECT_FALSE(vt->mnuFileLang(1)->isChecked());
+  // The harmonizer first, then the chords and the scales; the closed metronome is left alone.
+  Journal changements;
+  for (const QString& l : journal)
+    if (l.endsWith("changeLanguage")) changements.push_back(l);
+  EXPECT_EQ(changements, (Journal{"FHarmony changeLanguage", "FAccords changeLanguage",
+                                  "FGammes changeLanguage"}));
+  auto* aide = vt->fenetres().fenetre(fen::FAide);
+  ASSERT_NE(aide, nullptr);
+  EXPECT_EQ(aide->windowTitle(), QString::fromUtf8("Acc\u00e8s rapide"));
+  auto* arbre = aide->findChild<QTreeWidget*>("tvAide");
+  EXPECT_EQ(arbre->topLevelItem(0)->text(0), "Bienvenue dans Vantoro");
+
+  // Clicking the entry already checked does nothing.
+  journal.clear();
+  vt->mnuFileLang(0)->trigger();
+  EXPECT_TRUE(journal.empty());
+  EXPECT_EQ(menu(0), "&Fichier");
+  EXPECT_TRUE(vt->mnuFileLang(0)->isChecked());
+
+  vt->mnuFileLang(1)->trigger();
+  EXPECT_EQ(menu(0), "&File");
+  EXPECT_EQ(arbre->topLevelItem(0)->text(0), "Welcome to Vantoro");
+}
+
+TEST_F(FenetrePrincipale, EntriesOfWindowsThisBuildLacksAreDisabledUntilRegistered) {
+  ASSERT_TRUE(démarre());
+  for (int i = 0; i < 7; ++i)
+    EXPECT_FALSE(vt->mnuFen(i)->isEnabled()) << i;
+  EXPECT_FALSE(vt->boutonBarre("accords")->isEnabled());
+  EXPECT_FALSE(vt->boutonBarre("options")->isEnabled());
+  EXPECT_FALSE(vt->mnuFile(4)->isEnabled());
+  EXPECT_TRUE(vt->boutonBarre("aide")->isEnabled());
+  EXPECT_TRUE(vt->boutonBarre("manche")->isEnabled());
+  EXPECT_EQ(vt->montreFenetre(fen::FAccords), nullptr);
+  enregistre({fen::FAccords});
+  EXPECT_TRUE(vt->mnuFen(0)->isEnabled());
+  EXPECT_TRUE(vt->boutonBarre("accords")->isEnabled());
+  EXPECT_FALSE(vt->mnuFen(1)->isEnabled());
+}
+
+TEST_F(FenetrePrincipale, AWindowIsCreatedOnceAndBroughtForwardAfterwards) {
+  crée();
+  enregistre({fen::FAccords, fen::FGammes});
+  ASSERT_TRUE(démarre());
+  int créations = 0;
+  vt->fenetres().enregistrer(fen::FAccords, [&](VT& v) {
+    ++créations;
+    return new FenetreEssai(v, fen::FAccords, journal);
+  });
+  vt->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(vt.get()));
+  QTest::keyClick(vt.get(), Qt::Key_F3);
+  vt->mnuFen(0)->trigger();
+  vt->boutonBarre("accords")->trigger();
+  EXPECT_EQ(créations, 1);
+  EXPECT_EQ(vt->mdiArea()->subWindowList().size(), 1);
+  vt->mnuFen_Click(1);
+  EXPECT_EQ(vt->mdiArea()->currentSubWindow()->widget(), vt->fenetres().fenetre(fen::FGammes));
+  vt->mnuFen_Click(0);
+  EXPECT_EQ(vt->mdiArea()->currentSubWindow()->widget(), vt->fenetres().fenetre(fen::FAccords));
+  // Closed, it is unloaded; asked again, it is made anew.
+  vt->mdiArea()->currentSubWindow()->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_FALSE(vt->isFormLoaded(fen::FAccords));
+  vt->mnuFen_Click(0);
+  EXPECT_EQ(créations, 2);
+}
+
+TEST_F(FenetrePrincipale, TilingPutsTheWindowsOneAboveTheOtherOrSideBySide) {
+  crée();
+  enregistre({fen::FAccords, fen::FGammes});
+  ASSERT_TRUE(démarre());
+  vt->montreFenetre(fen::FAccords);
+  vt->montreFenetre(fen::FGammes);
+  const QRect zone = vt->mdiArea()->viewport()->rect();
+  vt->mnuFen_Click(9);
+  const auto fenêtres = vt->mdiArea()->subWindowList();
+  ASSERT_EQ(fenêtres.size(), 2);
+  EXPECT_EQ(fenêtres[0]->width(), zone.width());
+  EXPECT_EQ(fenêtres[1]->y(), fenêtres[0]->height());
+  vt->mnuFen_Click(10);
+  EXPECT_EQ(fenêtres[0]->height(), zone.height());
+  EXPECT_EQ(fenêtres[1]->x(), fenêtres[0]->width());
+  vt->mnuFen_Click(8);  // cascade: each a step lower than the one before
+  EXPECT_NE(fenêtres[0]->pos(), fenêtres[1]->pos());
+  fenêtres[0]->showMinimized();
+  fenêtres[1]->showMinimized();
+  vt->mnuFen_Click(11);
+  EXPECT_EQ(fenêtres[0]->geometry().bottom(), zone.bottom());
+  EXPECT_EQ(fenêtres[1]->geometry().bottom(), zone.bottom());
+  EXPECT_NE(fenêtres[0]->x(), fenêtres[1]->x());
+}
+
+TEST_F(FenetrePrincipale, TheStatusBarPanels) {
+  ASSERT_TRUE(démarre());
+  EXPECT_TRUE(vt->panneau("position")->text().isEmpty());
+  vt->setStatusPosition(12, 72);
+  EXPECT_EQ(vt->panneau("position")->text(), "12 : " + QLocale().toString(1.5, 'f', 2));
+  EXPECT_EQ(vt->panneau("insert")->text(), "EDIT");
+  QTest::mouseDClick(vt->panneau("insert"), Qt::LeftButton);
+  EXPECT_EQ(vt->panneau("insert")->text(), "INS");
+  EXPECT_TRUE(vt->booInsert());
+  vt->toggleInsert();
+  EXPECT_EQ(vt->panneau("insert")->text(), "EDIT");
+  vt->setStatusText(78);
+  EXPECT_EQ(vt->panneau("")->text(),
+            "Click the fretboard to hear a note; drag to play a glissando.");
+  vt->setStatusText(0);
+  EXPECT_TRUE(vt->panneau("")->text().isEmpty());
+  EXPECT_EQ(vt->panneau("midi")->toolTip(), "Electric Guitar (clean)");
+  vt->settings().setMIDIinstru = 0;
+  vt->setStatusMidi();
+  EXPECT_EQ(vt->panneau("midi")->toolTip(), "Acoustic Grand Piano");
+}
+
+TEST_F(FenetrePrincipale, DoubleClickingTheGuitarPanelBringsTheTuner) {
+  crée();
+  enregistre({fen::FAccordeur});
+  ASSERT_TRUE(démarre());
+  QTest::mouseDClick(vt->panneau("guitare"), Qt::LeftButton);
+  EXPECT_TRUE(vt->isFormLoaded(fen::FAccordeur));
+}
+
+TEST_F(FenetrePrincipale, TheMidiPanelOpensTheOptionsOnTheirMidiPage) {
+  crée();
+  struct Options : QDialog, FenetreOptions {
+    explicit Options(Journal& j) : m_j(j) {}
+    void selectTab(const QString& clé) override { m_j.push_back("tab " + clé); }
+    Journal& m_j;
+  };
+  vt->fenetres().enregistrer(
+      fen::FOptions, [this](VT&) { return new Options(journal); },
+      RegistreFenetres::Genre::Dialogue);
+  ASSERT_TRUE(démarre());
+  EXPECT_TRUE(vt->mnuFile(4)->isEnabled());
+  QTest::mouseDClick(vt->panneau("midi"), Qt::LeftButton);
+  EXPECT_EQ(journal, (Journal{"tab KeyMidi"}));
+  EXPECT_EQ(modales, (std::vector<QString>{fen::FOptions}));
+  // The dialog stays loaded between uses, and goes when the main window closes.
+  vt->MenuGlobalFile(4);
+  EXPECT_EQ(modales.size(), 2u);
+  EXPECT_TRUE(vt->isFormLoaded(fen::FOptions));
+  vt->close();
+  EXPECT_FALSE(vt->isFormLoaded(fen::FOptions));
+}
+
+TEST_F(FenetrePrincipale, TheQuickAccessWindowRemembersWhetherItIsWanted) {
+  ASSERT_TRUE(démarre());
+  EXPECT_FALSE(vt->isFormLoaded(fen::FAide));
+  vt->mnuAide_Click(2);
+  EXPECT_TRUE(vt->isFormLoaded(fen::FAide));
+  EXPECT_EQ(vt->settings().setLoadHelpAccessWndAtStartup, kVrai);
+  vt->mdiArea()->currentSubWindow()->close();
+  EXPECT_EQ(vt->settings().setLoadHelpAccessWndAtStartup, kFaux);
+}
+
+}  // namespace
+}  // namespace vt::essai

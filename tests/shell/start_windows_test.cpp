@@ -1,0 +1,197 @@
+// The start page, the tip of the day, the quick-access tree and the help window.
+#include <QCheckBox>
+#include <QFile>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTextBrowser>
+#include <QTreeWidget>
+
+#include "banc.h"
+#include "controls/picture_button.h"
+#include "faide.h"
+#include "faide_navigateur.h"
+#include "fdebut.h"
+#include "ftip.h"
+#include "help_contents.h"
+
+namespace vt::essai {
+namespace {
+
+class Fenetres : public Banc {
+ protected:
+  void SetUp() override {
+    Banc::SetUp();
+    silencieux();
+  }
+};
+
+TEST_F(Fenetres, TheStartPageOpensTheWindowOfItsKeyAndRemembersItsCheckBox) {
+  crée();
+  enregistre({fen::FAccords});
+  ASSERT_TRUE(démarre());
+  vt->settings().setDémarrage = 1;
+  FDebut page(*vt);
+  EXPECT_EQ(page.size(), QSize(417, 435));
+  EXPECT_EQ(page.btnImage(0)->Caption(), "Chords");
+  EXPECT_EQ(page.btnImage(5)->Caption(), "Tablatures");
+  EXPECT_TRUE(page.chkStartup()->isChecked());
+  // Only the windows this build has can be chosen.
+  EXPECT_TRUE(page.btn(0)->isEnabled());
+  EXPECT_FALSE(page.btn(1)->isEnabled());
+  EXPECT_FALSE(page.btnImage(1)->isEnabled());
+  EXPECT_TRUE(page.btn(7)->isEnabled());  // the help
+  EXPECT_EQ(page.btn(0)->AnimatedPicturePrefix(), "accord00");
+  EXPECT_EQ(page.btn(0)->lastFrame(), 16);
+  EXPECT_EQ(page.btn(4)->lastFrame(), 33);
+  EXPECT_EQ(page.btn(3)->lastFrame(), 13);
+  page.show();
+  QTest::keyClick(&page, Qt::Key_F4);  // the scales: not in this build
+  EXPECT_TRUE(page.isVisible());
+  page.chkStartup()->setChecked(false);
+  QTest::keyClick(&page, Qt::Key_F3);
+  EXPECT_FALSE(page.isVisible());
+  EXPECT_EQ(page.result(), QDialog::Accepted);
+  EXPECT_TRUE(vt->isFormLoaded(fen::FAccords));
+  EXPECT_EQ(vt->settings().setDémarrage, 0);
+}
+
+TEST_F(Fenetres, EscapeClosesTheStartPageAndAClickOnACaptionChooses) {
+  crée();
+  enregistre({fen::FTab});
+  ASSERT_TRUE(démarre());
+  vt->settings().setDémarrage = 1;
+  {
+    FDebut page(*vt);
+    page.show();
+    QTest::keyClick(&page, Qt::Key_Escape);
+    EXPECT_EQ(page.result(), QDialog::Rejected);
+    EXPECT_EQ(vt->settings().setDémarrage, 1);
+    EXPECT_FALSE(vt->isFormLoaded(fen::FTab));
+  }
+  FDebut page(*vt);
+  page.show();
+  QTest::mouseClick(page.btnImage(5), Qt::LeftButton, {}, QPoint(40, 9));
+  EXPECT_TRUE(vt->isFormLoaded(fen::FTab));
+}
+
+TEST_F(Fenetres, MovingOverThePageTakesTheHighlightOffEveryButton) {
+  ASSERT_TRUE(démarre());
+  FDebut page(*vt);
+  page.show();
+  VTPictureButton* aide = page.btn(7);
+  aide->MouvementSouris(QPoint(10, 10));
+  EXPECT_EQ(aide->picMain().cacheKey(), aide->PictureOver().cacheKey());
+  QMouseEvent e(QEvent::MouseMove, QPointF(5, 5), page.mapToGlobal(QPointF(5, 5)), Qt::NoButton,
+                Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(&page, &e);
+  EXPECT_EQ(aide->picMain().cacheKey(), aide->PictureOff().cacheKey());
+}
+
+TEST_F(Fenetres, TipsAreLinesOfTheLanguagesFile) {
+  ASSERT_TRUE(démarre());
+  FTip tip(*vt);
+  // The English file, with a tip shown.
+  EXPECT_GE(tip.Tips().size(), 30);
+  EXPECT_TRUE(tip.Tips().contains(tip.texteAffiché()));
+  QTemporaryDir d;
+  QFile f(d.filePath("tips.ini"));
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write("Same tip.\r\nSame tip.\r\n\r\nAnother one.");
+  f.close();
+  tip.LoadTips(f.fileName());
+  EXPECT_EQ(tip.Tips(), (QStringList{"Same tip.", "Same tip.", "Another one."}));
+  // The next tip is never the one shown, when there is another.
+  for (int i = 0; i < 20; ++i) {
+    const int avant = tip.currentTip();
+    tip.NextTip();
+    EXPECT_NE(tip.currentTip(), avant);
+  }
+  QFile vide(d.filePath("empty.ini"));
+  ASSERT_TRUE(vide.open(QIODevice::WriteOnly));
+  vide.close();
+  tip.LoadTips(vide.fileName());
+  tip.NextTip();
+  EXPECT_TRUE(tip.texteAffiché().isEmpty());
+  tip.LoadTips(d.filePath("missing.ini"));
+  tip.NextTip();
+  EXPECT_TRUE(tip.texteAffiché().isEmpty());
+}
+
+TEST_F(Fenetres, TheTipsCheckBoxWritesTheSettingAtOnce) {
+  ASSERT_TRUE(démarre());
+  vt->settings().setTipsStartup = 1;
+  FTip tip(*vt);
+  EXPECT_TRUE(tip.chkLoadTipsAtStartup()->isChecked());
+  tip.chkLoadTipsAtStartup()->click();
+  EXPECT_EQ(vt->settings().setTipsStartup, 0);
+  const QString avant = tip.texteAffiché();
+  tip.cmdNextTip()->click();
+  EXPECT_NE(tip.texteAffiché(), avant);
+}
+
+TEST_F(Fenetres, FrenchTipsComeFromTheFrenchFile) {
+  règle("Options/setLang", "0");
+  ASSERT_TRUE(démarre());
+  FTip tip(*vt);
+  EXPECT_EQ(tip.windowTitle(), "Astuce du jour");
+  QFile f(vt->strAppPath() + "tipofday.ini");
+  ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(QString::fromUtf8(f.readAll()).contains(tip.texteAffiché()));
+}
+
+TEST_F(Fenetres, TheContentsFileGivesTheTreeOfTopics) {
+  QTemporaryDir d;
+  QFile f(d.filePath("contents.txt"));
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write(
+      "# comment\na\tWelcome\tindex.html\n\nb\tTools\t\nb.a\tChords\ttool:FAccords\nbad line\n");
+  f.close();
+  const auto sujets = lisSommaire(f.fileName());
+  ASSERT_EQ(sujets.size(), 3u);
+  EXPECT_EQ(sujets[2].clé, "b.a");
+  EXPECT_EQ(sujets[2].parent(), "b");
+  EXPECT_EQ(sujets[2].cible, "tool:FAccords");
+  EXPECT_TRUE(sujets[1].cible.isEmpty());
+  EXPECT_TRUE(sujets[0].parent().isEmpty());
+}
+
+TEST_F(Fenetres, TheQuickAccessTreeOpensPagesAndTheToolsThisBuildHas) {
+  crée();
+  enregistre({fen::FAccords});
+  ASSERT_TRUE(démarre());
+  auto* aide = dynamic_cast<FAide*>(vt->montreFenetre(fen::FAide));
+  ASSERT_NE(aide, nullptr);
+  const auto sujets = lisSommaire(vt->dossierAide() + "contents.txt");
+  const auto racines = std::count_if(sujets.begin(), sujets.end(),
+                                     [](const SujetAide& s) { return s.parent().isEmpty(); });
+  EXPECT_EQ(aide->tvAide()->topLevelItemCount(), racines);
+  // "b.a" is the chord dictionary, "b.b" the scales that this build lacks.
+  EXPECT_FALSE(aide->active("b.b"));
+  EXPECT_TRUE(aide->active("b.a"));
+  EXPECT_TRUE(vt->isFormLoaded(fen::FAccords));
+  EXPECT_FALSE(aide->active("b"));   // a book only holds topics
+  EXPECT_TRUE(aide->active("c.c"));  // a page: the help window opens on it
+  auto* navigateur = vt->findChild<FAideNavigateur*>();
+  ASSERT_NE(navigateur, nullptr);
+  EXPECT_TRUE(navigateur->isVisible());
+  EXPECT_TRUE(navigateur->navigateur()->source().toLocalFile().endsWith("/help/en/fretboard.html"));
+}
+
+TEST_F(Fenetres, TheHelpWindowSearchesThePagesAndFollowsTheLanguage) {
+  ASSERT_TRUE(démarre());
+  vt->montreAide("options.html#midi");
+  auto* aide = vt->findChild<FAideNavigateur*>();
+  ASSERT_NE(aide, nullptr);
+  EXPECT_EQ(aide->navigateur()->source().fragment(), "midi");
+  const QStringList pages = aide->recherche("fretboard");
+  EXPECT_TRUE(pages.contains("fretboard.html"));
+  EXPECT_TRUE(aide->recherche("zzqxv nothing").isEmpty());
+  EXPECT_EQ(aide->résultats()->count(), 1);  // the "no page" line
+  vt->mnuFileLang_Click(0);
+  EXPECT_TRUE(aide->navigateur()->source().toLocalFile().endsWith("/help/fr/options.html"));
+  EXPECT_EQ(aide->navigateur()->source().fragment(), "midi");
+}
+
+}  // namespace
+}  // namespace vt::essai
