@@ -58,16 +58,17 @@ def screenshot():
     h = struct.unpack(">25I", data[:100])
     header_size, width, height = h[0], h[4], h[5]
     byte_order, bits_per_pixel, bytes_per_line, ncolors = h[7], h[11], h[12], h[19]
-    if bits_per_pixel != 32:
+    if bits_per_pixel not in (24, 32):
         fail("unexpected screenshot depth %d" % bits_per_pixel)
+    step = bits_per_pixel // 8
     masks = h[14], h[15], h[16]
     shifts = [(m & -m).bit_length() - 1 for m in masks]
     pixels = data[header_size + ncolors * 12:]
     order = "little" if byte_order == 0 else "big"
 
     def pixel(x, y):
-        o = y * bytes_per_line + x * 4
-        v = int.from_bytes(pixels[o:o + 4], order)
+        o = y * bytes_per_line + x * step
+        v = int.from_bytes(pixels[o:o + step], order)
         return tuple((v & m) >> s for m, s in zip(masks, shifts))
 
     return width, height, pixel

@@ -5,6 +5,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QPrinterInfo>
 #include <QTest>
 #include <QToolBar>
 #include <QTreeWidget>
@@ -159,6 +160,18 @@ TEST_F(FenetrePrincipale, TheStatusBarPanels) {
   vt->settings().setMIDIinstru = 0;
   vt->setStatusMidi();
   EXPECT_EQ(vt->panneau("midi")->toolTip(), "Acoustic Grand Piano");
+}
+
+TEST_F(FenetrePrincipale, PrinterSetupSaysSoWhenThereIsNoPrinter) {
+  ASSERT_TRUE(démarre());
+  vt->MenuGlobalFile(2);
+  if (QPrinterInfo::availablePrinterNames().isEmpty()) {
+    EXPECT_EQ(informations, (Journal{"No printer available!"}));
+    EXPECT_TRUE(modales.empty());
+  } else {
+    EXPECT_TRUE(informations.empty());
+    EXPECT_EQ(modales.size(), 1u);
+  }
 }
 
 TEST_F(FenetrePrincipale, DoubleClickingTheGuitarPanelBringsTheTuner) {

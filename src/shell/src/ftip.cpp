@@ -78,7 +78,7 @@ FTip::FTip(VT& vt) : QDialog(&vt), m_vt(vt) {
   auto* tout = new QVBoxLayout(this);
   tout->addLayout(haut, 1);
   tout->addLayout(bas);
-  resize(520, 250);
+  resize(520, 230);
 
   const QString fichier = vt.setLang() == kLangFrançais ? QStringLiteral("tipofday.ini")
                                                         : QStringLiteral("tipofdayen.ini");

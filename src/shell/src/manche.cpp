@@ -232,14 +232,19 @@ void Manche::drawRond(int c, int s, int couleur) {
 
 void Manche::printManche(int c, int s, const QString& texte) {
   if (m_image.isNull() || texte.isEmpty()) return;
+  const manche::Vue v = vue();
+  const QPointF centre(px(manche::centreCaseX(v, c)), px(manche::centreCordeY(v, s)));
+  // Dark text on a light dot, light text on a dark one (the blue of a root).
+  const qreal dpr = m_image.devicePixelRatio();
+  const QPoint dessous = (centre * dpr).toPoint();
+  const QColor fond = m_image.rect().contains(dessous) ? m_image.pixelColor(dessous) : Qt::white;
+  const bool clair = 0.299 * fond.red() + 0.587 * fond.green() + 0.114 * fond.blue() > 140;
   QPainter p(&m_image);
   QFont f(QStringLiteral("Arial"));
   f.setPixelSize(9);
   f.setBold(true);
   p.setFont(f);
-  p.setPen(Qt::black);
-  const manche::Vue v = vue();
-  const QPointF centre(px(manche::centreCaseX(v, c)), px(manche::centreCordeY(v, s)));
+  p.setPen(clair ? Qt::black : Qt::white);
   const QFontMetricsF m(f);
   const QRectF boîte(centre.x() - m.horizontalAdvance(texte) / 2, centre.y() - m.height() / 2,
                      m.horizontalAdvance(texte) + 1, m.height());
