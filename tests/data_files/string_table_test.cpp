@@ -159,21 +159,26 @@ TEST(StringTable, NamesOfNotesFollowBothTables) {
 }
 
 // Ids written in the code: literal ids in calls of loadString, setStatusText and
-// refuse, and every StringId{N}.
+// refuse, and every StringId{N}. setStatusText(0) clears the hint: no string.
 std::set<int> idsIn(const std::string& source) {
   static const std::regex call(
       R"(\b(?:loadString|setStatusText)\s*\(\s*(\d+)\b|\brefuse\s*\(\s*[A-Za-z_][\w.>-]*\s*,\s*(\d+)\b|\bStringId\s*\{\s*(\d+)\s*\})");
   std::set<int> ids;
-  for (std::sregex_iterator it(source.begin(), source.end(), call), end; it != end; ++it)
-    for (int g = 1; g <= 3; ++g)
-      if ((*it)[g].matched) ids.insert(std::stoi((*it)[g].str()));
+  for (std::sregex_iterator it(source.begin(), source.end(), call), end; it != end; ++it) {
+    for (int g = 1; g <= 3; ++g) {
+      if (!(*it)[g].matched) continue;
+      const int id = std::stoi((*it)[g].str());
+      if (g == 1 && id == 0 && it->str().rfind("setStatusText", 0) == 0) continue;
+      ids.insert(id);
+    }
+  }
   return ids;
 }
 
 TEST(StringTable, ScanOfTheCodeFindsEveryFormOfId) {
   const std::string sample = R"(
     label->setText(qs(loadString(1201, lang)));  vt::loadString( 6004 , setLang);
-    setStatusText(48); refuse(ctx, 6005); refuse(ctx, stringId);
+    setStatusText(48); setStatusText(0); refuse(ctx, 6005); refuse(ctx, stringId);
     const Button buttons[] = {{"nouveau", StringId{1202}}, {"ouvrir", StringId{ 1203 }}};
     loadString(base + 3, lang); int x = 1234;)";
   EXPECT_EQ(idsIn(sample), (std::set<int>{48, 1201, 1202, 1203, 6004, 6005}));

@@ -51,6 +51,7 @@ class FenetreEssai : public QWidget, public FenetreVT {
   }
   void load_lang() override { m_j.push_back(m_nom + " load_lang"); }
   void changeLanguage() override { m_j.push_back(m_nom + " changeLanguage"); }
+  void load_skin() override { m_j.push_back(m_nom + " load_skin"); }
   void drawMancheContenu() override {
     m_j.push_back(m_nom + " drawMancheContenu");
     m_vt.drawRond(5, 3, kRondJauneEssai);

@@ -11,6 +11,7 @@
 #include <QTreeWidget>
 
 #include "banc.h"
+#include "shell/manche.h"
 
 namespace vt::essai {
 
@@ -160,6 +161,23 @@ TEST_F(FenetrePrincipale, TheStatusBarPanels) {
   vt->settings().setMIDIinstru = 0;
   vt->setStatusMidi();
   EXPECT_EQ(vt->panneau("midi")->toolTip(), "Acoustic Grand Piano");
+}
+
+TEST_F(FenetrePrincipale, ANewSkinReachesTheWindowsWithPicturesInTheirOrder) {
+  crée();
+  enregistre({fen::FMetronome, fen::FAccords, fen::FGammes, fen::FTab});
+  ASSERT_TRUE(démarre());
+  for (const QString& n : {fen::FMetronome, fen::FGammes, fen::FAccords, fen::FTab})
+    vt->montreFenetre(n);
+  journal.clear();
+  vt->changeSkin("nuit");
+  Journal skins;
+  for (const QString& l : journal)
+    if (l.endsWith("load_skin")) skins.push_back(l);
+  EXPECT_EQ(skins, (Journal{"FAccords load_skin", "FGammes load_skin", "FMetronome load_skin"}));
+  EXPECT_EQ(vt->settings().strSkinPath, "nuit");
+  // A skin without the wood keeps the default one on the fretboard.
+  EXPECT_FALSE(vt->manche().aspect().fond.isNull());
 }
 
 TEST_F(FenetrePrincipale, PrinterSetupSaysSoWhenThereIsNoPrinter) {

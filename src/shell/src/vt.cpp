@@ -12,6 +12,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <optional>
 
 #include "faide.h"
 #include "faide_navigateur.h"
@@ -33,8 +34,8 @@ constexpr std::array<const char*, 12> kImagesBarre = {
 
 struct BoutonBarre {
   const char* clé;
-  int image;         // 1-based in the image list
-  StringId tooltip;  // 0: the literal "Options"
+  int image;                        // 1-based in the image list
+  std::optional<StringId> tooltip;  // none: the literal "Options"
 };
 constexpr std::array<BoutonBarre, 11> kBoutons = {{
     {"accords", 2, StringId{41}},
@@ -44,7 +45,7 @@ constexpr std::array<BoutonBarre, 11> kBoutons = {{
     {"métronome", 6, StringId{45}},
     {"tablatures", 5, StringId{44}},
     {"harmony", 12, StringId{66}},
-    {"options", 10, StringId{0}},
+    {"options", 10, std::nullopt},
     {"manche", 11, StringId{68}},
     {"aide", 8, StringId{47}},
     {"quitter", 7, StringId{46}},
@@ -305,9 +306,8 @@ void VT::load_resource() {
 void VT::libellésBarre() {
   for (std::size_t i = 0; i < kBoutons.size(); ++i) {
     // The options button's tooltip is the same word in both languages.
-    const QString texte = kBoutons[i].tooltip.id == 0
-                              ? QStringLiteral("Options")
-                              : sansAccélérateur(loadString(kBoutons[i].tooltip));
+    const QString texte = kBoutons[i].tooltip ? sansAccélérateur(loadString(*kBoutons[i].tooltip))
+                                              : QStringLiteral("Options");
     m_boutons[i].second->setText(texte);
     m_boutons[i].second->setToolTip(texte);
   }

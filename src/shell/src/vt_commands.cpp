@@ -272,6 +272,18 @@ void VT::changeLanguage() {
   if (m_aide) m_aide->load_lang();
 }
 
+void VT::changeSkin(const QString& strSkinPath) {
+  if (strSkinPath == m_settings.strSkinPath) return;
+  m_settings.strSkinPath = strSkinPath;
+  for (const QString* nom :
+       {&fen::FAccords, &fen::FAccordeur, &fen::FGammes, &fen::FHarmony, &fen::FMetronome}) {
+    if (auto* f = m_fenetres.interface<FenetreVT>(*nom)) f->load_skin();
+  }
+  load_picManche_picture();
+  updateManche();
+  drawMancheContenu();
+}
+
 // ---- The current instrument ------------------------------------------------------------
 
 void VT::loadGuitare(int index) {

@@ -129,6 +129,10 @@ class VT : public QMainWindow {
   // Visibility of the toolbar, the status bar and the fretboard from the
   // settings; the quick-access window when it is to open at start.
   void applyViewSettings();
+  // A new skin: the windows with pictures load theirs again (the chords, the
+  // tuner, the scales, the harmonizer, the metronome, in that order), and the
+  // fretboard its wood.
+  void changeSkin(const QString& strSkinPath);
   void showHourglass(bool on);
   // Closes every window, as the menu command does.
   void quitter() { close(); }
