@@ -6,6 +6,7 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPrinter>
@@ -128,7 +129,14 @@ VT::VT(QWidget* parent) : QMainWindow(parent), m_fenetres(*this) {
   m_son = sonSysteme(m_settings);
 }
 
-VT::~VT() = default;
+VT::~VT() {
+  // The windows hold references to what this object owns: they go first.
+  for (QWidget* w : m_fenetres.chargées()) {
+    QWidget* cadre = qobject_cast<QMdiSubWindow*>(w->parentWidget());
+    delete (cadre ? cadre : w);
+  }
+  delete m_aide.data();
+}
 
 void VT::setInteractions(const Interactions& i) {
   if (i.getLang) m_interactions.getLang = i.getLang;
