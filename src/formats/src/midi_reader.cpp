@@ -116,7 +116,9 @@ InterchangeResult lireMidi(std::span<const byt> o, MidiFichier& out) {
   }
   if (out.pistes.empty()) return InterchangeResult::refus(kMsgMidiAucunePiste);
   out.octets.assign(o.begin(), o.end());
-  return {};
+  InterchangeResult r;
+  if (out.format == 0) r.notices.push_back(kMsgMidiFormat0);  // channels are chosen, not tracks
+  return r;
 }
 
 InterchangeResult ouvrirMidi(const std::string& chemin, MidiFichier& out) {

@@ -40,7 +40,8 @@ struct MidiFichier {
 };
 
 // Takes a file apart: refuses with 2501 (not "MThd"), 2511 (no track) or
-// 2509 (a header or division that cannot be used).
+// 2509 (a header or division that cannot be used). A format 0 file is read
+// with the notice 2512: its sources are channels.
 InterchangeResult lireMidi(std::span<const byt> octets, MidiFichier& out);
 // The same from a file; 6001 when it cannot be read.
 InterchangeResult ouvrirMidi(const std::string& chemin, MidiFichier& out);
