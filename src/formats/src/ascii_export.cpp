@@ -84,20 +84,22 @@ std::string io_enregistrer_txt(const CVantoroTablature& doc, int p, int largeurM
     if (typeGauche == barre::kRepetition) gauche = 3;
     else if (typeGauche == barre::kDouble) gauche = 2;
 
-    // The signature stands above the bar's first dash when it changes.
-    const int dessus = static_cast<int>(haut.size()) + gauche;
+    // The signature stands above the bar's first dash when it changes; a bar
+    // too narrow for its label is widened to hold it.
+    std::string label;
+    if (m == 1 || doc.getMesureSignatureUp(m) != doc.getMesureSignatureUp(m - 1) ||
+        doc.getMesureSignatureDn(m) != doc.getMesureSignatureDn(m - 1)) {
+      label = std::to_string(doc.getMesureSignatureUp(m)) + "/" +
+              std::to_string(doc.getMesureSignatureDn(m));
+    }
+    const std::size_t tirets = std::max<std::size_t>(static_cast<std::size_t>(3 * k), label.size());
     haut.append(static_cast<std::size_t>(gauche), ' ');
     bas.append(static_cast<std::size_t>(gauche), ' ');
     const std::size_t s = corde(1).size();
-    for (int c = 1; c <= n; ++c) corde(c).append(static_cast<std::size_t>(3 * k), '-');
-    haut.append(static_cast<std::size_t>(3 * k), ' ');
-    bas.append(static_cast<std::size_t>(3 * k), ' ');
-    if (m == 1 || doc.getMesureSignatureUp(m) != doc.getMesureSignatureUp(m - 1) ||
-        doc.getMesureSignatureDn(m) != doc.getMesureSignatureDn(m - 1)) {
-      surcharger(haut, dessus,
-                 std::to_string(doc.getMesureSignatureUp(m)) + "/" +
-                     std::to_string(doc.getMesureSignatureDn(m)));
-    }
+    for (int c = 1; c <= n; ++c) corde(c).append(tirets, '-');
+    haut += label;
+    haut.append(tirets - label.size(), ' ');
+    bas.append(tirets, ' ');
 
     int droite = 0;
     switch (doc.getMesureLoopDroiteType(m)) {

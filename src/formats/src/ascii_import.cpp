@@ -9,13 +9,18 @@ namespace vt {
 
 namespace {
 
-// How far right of the first line's column the other lines may have their "--"
-// (a fret or a repeat sign in the first column pushes it on).
-constexpr std::size_t kDécalageMax = 3;
+// A string's label ("e|", "E ", "1)") is short; a longer text before the
+// dashes is a line of words, not a string.
+constexpr std::size_t kLabelMax = 3;
 
 bool chiffre(char c) { return c >= '0' && c <= '9'; }
 bool point(char c) { return c == 'o' || c == '*' || c == ':'; }
-bool deTablature(char c) { return c == '-' || c == '|' || point(c) || chiffre(c); }
+// What a column of tablature may hold: dashes, bar lines, repeat dots, frets
+// and the effect signs written after them.
+bool deTablature(char c) {
+  return c == '-' || c == '|' || point(c) || chiffre(c) || c == 'h' || c == 'p' || c == 'b' ||
+         c == 'r' || c == '/' || c == '\\' || c == '~' || c == '^' || c == 'x';
+}
 
 std::vector<std::string_view> lignesDe(std::string_view texte) {
   std::vector<std::string_view> lignes;
@@ -196,20 +201,18 @@ std::vector<AsciiBloc> trouverBlocsAscii(std::string_view texte) {
   std::vector<AsciiBloc> blocs;
   std::size_t i = 0;
   while (i < lignes.size()) {
+    // The next five lines continue the block when they hold dashes too and
+    // have tablature in the column where the first line's dashes begin.
     const std::size_t f = lignes[i].find("--");
     bool ok = f != std::string_view::npos && i + 6 <= lignes.size();
     for (std::size_t k = 1; ok && k < 6; ++k) {
-      const std::size_t g = lignes[i + k].find("--", std::min(f, lignes[i + k].size()));
-      ok = g != std::string_view::npos && g - f <= kDécalageMax;
-    }
-    if (!ok) {
-      ++i;
-      continue;
+      const std::string_view l = lignes[i + k];
+      ok = l.find("--") != std::string_view::npos && f < l.size() && deTablature(l[f]);
     }
     // The block begins left of the dashes with the bar lines and frets that
     // stand there on every line; a label ("e|", "E ") stays outside.
     std::size_t s = f;
-    while (s > 0) {
+    while (ok && s > 0) {
       bool tous = true, chiffres = true;
       for (std::size_t k = 0; k < 6; ++k) {
         const std::string_view l = lignes[i + k];
@@ -219,6 +222,16 @@ std::vector<AsciiBloc> trouverBlocsAscii(std::string_view texte) {
       }
       if (!tous || (s == 1 && chiffres)) break;  // string numbers in the first column
       --s;
+    }
+    for (std::size_t k = 0; ok && k < 6; ++k) {
+      const std::string_view label = lignes[i + k].substr(0, s);
+      ok = static_cast<std::size_t>(std::count_if(label.begin(), label.end(), [](char c) {
+             return c != ' ' && c != '\t';
+           })) <= kLabelMax;
+    }
+    if (!ok) {
+      ++i;
+      continue;
     }
     AsciiBloc b;
     for (std::size_t k = 0; k < 6; ++k) {

@@ -1,7 +1,8 @@
 // ASCII tablature import: six-string text tablature as found on the net.
 //
-// A block is six consecutive lines, one per string from the top, each with
-// "--" at (or just after) the column where the first line has it. Columns
+// A block is six consecutive lines, one per string from the top: each holds
+// "--", the five below have tablature in the column where the first line's
+// "--" begins, and what stands before the tablature is a short label. Columns
 // are read from the left: a column of dashes is a silent step, a "|" is a bar
 // line (with "o", "*" or ":" beside it a repeat), digits are frets (two
 // digits one fret), and h, p, /, \, b, r right after a fret give that note its
