@@ -116,11 +116,18 @@ const CordeEtat& MidiWalk::corde(int p, int c) const {
 }
 
 void MidiWalk::entrerMesure() {
-  for (PisteEtat& t : m_etat) {
+  m_tempo = 1;
+  if (m_bars.fini()) return;
+  const int m = m_bars.mesure();
+  m_largeur = m_in->mesure(m).largeur();
+  for (int p : m_pistes) {
+    PisteEtat& t = m_etat[static_cast<std::size_t>(p)];
+    t.nbrCordes = std::min<int>(m_in->piste(p).bytNbrCordes, kMaxCordes);
+    for (int c = 1; c <= kMaxCordes; ++c) t.listes[static_cast<std::size_t>(c)] = &m_in->notes(p, m, c);
     t.curseur.fill(1);
+    t.accords = &m_in->accords(p, m);
     t.accord = 0;
   }
-  m_tempo = 1;
 }
 
 void MidiWalk::run(WalkSink& sink) {
@@ -169,18 +176,11 @@ void MidiWalk::step(WalkSink& sink) {
 
   for (int p : m_pistes) stepPiste(p, sink);
 
-  if (++m_x > h.largeur()) {
+  if (++m_x > m_largeur) {
     m_bars.suivante();
     m_x = 0;
     entrerMesure();
   }
-}
-
-int MidiWalk::noteA(PisteEtat& t, int p, int m, int c, int x) {
-  const OneBased<tNote>& l = m_in->notes(p, m, c);
-  int& i = t.curseur[static_cast<std::size_t>(c)];
-  while (i <= l.last() && l[i].intX < x) ++i;
-  return (i <= l.last() && l[i].intX == x) ? i : 0;
 }
 
 // The length that a tie on note n adds: the next note on the string when it
@@ -242,45 +242,56 @@ void MidiWalk::preparerGlisse(const tNote& note, CordeEtat& s, int p, int m, int
 void MidiWalk::stepPiste(int p, WalkSink& sink) {
   PisteEtat& t = m_etat[static_cast<std::size_t>(p)];
   const WalkPiste& wp = m_in->piste(p);
-  const int cordes = std::min<int>(wp.bytNbrCordes, kMaxCordes);
+  const int cordes = t.nbrCordes;
   const int m = m_bars.mesure();
   const int x = m_x;
-  const int largeur = m_in->mesure(m).largeur();
   const byt canal = static_cast<byt>(wp.bytCanal & 0x0F);
 
+  // Most ticks hold no note start, no chord, no bend and no note's end: the
+  // sounding notes only count down. Those ticks cost this one pass.
   std::array<int, kMaxCordes + 1> ici{};
-  const OneBased<tNote>* listes[kMaxCordes + 1] = {};
-  for (int c = 1; c <= cordes; ++c) {
-    listes[c] = &m_in->notes(p, m, c);
-    ici[static_cast<std::size_t>(c)] = noteA(t, p, m, c, x);
+  bool calme = true;
+  if (!t.accords->empty()) {
+    while (t.accord < t.accords->size() && (*t.accords)[t.accord] < x) ++t.accord;
+    calme = t.accord >= t.accords->size() || (*t.accords)[t.accord] != x;
   }
+  for (int c = 1; c <= cordes; ++c) {
+    const OneBased<tNote>& l = *t.listes[static_cast<std::size_t>(c)];
+    int& i = t.curseur[static_cast<std::size_t>(c)];
+    while (i <= l.last() && l[i].intX < x) ++i;
+    ici[static_cast<std::size_t>(c)] = (i <= l.last() && l[i].intX == x) ? i : 0;
+    const CordeEtat& s = t.cordes[static_cast<std::size_t>(c)];
+    calme = calme && ici[static_cast<std::size_t>(c)] == 0 && s.restant != 0 && s.bendRestant <= 0;
+  }
+  if (calme) {
+    for (int c = 1; c <= cordes; ++c)
+      if (t.cordes[static_cast<std::size_t>(c)].restant > 0) --t.cordes[static_cast<std::size_t>(c)].restant;
+    return;
+  }
+  const int largeur = m_largeur;
   auto noteIci = [&](int c) -> const tNote* {
     const int n = ici[static_cast<std::size_t>(c)];
-    return n != 0 ? &(*listes[c])[n] : nullptr;
+    return n != 0 ? &(*t.listes[static_cast<std::size_t>(c)])[n] : nullptr;
   };
   auto etat = [&](int c) -> CordeEtat& { return t.cordes[static_cast<std::size_t>(c)]; };
 
-  // 1. A blank note right where a note ends lets that note ring on.
-  for (int c = 1; c <= cordes; ++c) {
-    const tNote* n = noteIci(c);
-    if (etat(c).restant == 0 && n != nullptr && n->bytCase == kCaseVide)
-      etat(c).restant = n->bytDurée;
-  }
-  // 2. Note off.
+  // Steps 1 to 3 touch one string each, and only step 2 writes: they run in
+  // one pass without changing the order of what is written.
   for (int c = 1; c <= cordes; ++c) {
     CordeEtat& s = etat(c);
+    const tNote* n = noteIci(c);
+    // 1. A blank note right where a note ends lets that note ring on.
+    if (s.restant == 0 && n != nullptr && n->bytCase == kCaseVide) s.restant = n->bytDurée;
+    // 2. Note off.
     if (s.restant == 0 && !s.glisse) {
       if (s.sonne) émettre(sink, WalkEventType::NoteOff, p, c, {byt(0x80 | canal), s.hauteur, 0x7F}, 3);
       s.sonne = false;
       s.restant = -1;
       s.liée = false;
     }
-  }
-  // 3. A tied note reached under a tie carries the tie on.
-  for (int c = 1; c <= cordes; ++c) {
-    const tNote* n = noteIci(c);
-    if (etat(c).liée && n != nullptr && n->bytCase < kCaseVide && n->bytEffet == effet::kLiaison)
-      etat(c).restant += suivanteLiée(p, m, c, ici[static_cast<std::size_t>(c)]);
+    // 3. A tied note reached under a tie carries the tie on.
+    if (s.liée && n != nullptr && n->bytCase < kCaseVide && n->bytEffet == effet::kLiaison)
+      s.restant += suivanteLiée(p, m, c, ici[static_cast<std::size_t>(c)]);
   }
   // 4. Bends, on every second tick.
   if (x % 2 == 0) {
@@ -296,16 +307,20 @@ void MidiWalk::stepPiste(int p, WalkSink& sink) {
     }
   }
   // 5. The chord diagram.
-  const std::vector<u16>& accords = m_in->accords(p, m);
+  const std::vector<u16>& accords = *t.accords;
   while (t.accord < accords.size() && accords[t.accord] < x) ++t.accord;
   if (t.accord < accords.size() && accords[t.accord] == x)
     émettre(sink, WalkEventType::Accord, p, 0, {}, 0);
 
-  // 6 and 7. Note on, then the effect's set-up, string by string.
+  // 6 and 7. Note on, then the effect's set-up, string by string; 8, the
+  // count-down, which concerns each string alone, in the same pass.
   for (int c = 1; c <= cordes; ++c) {
     CordeEtat& s = etat(c);
     const tNote* n = noteIci(c);
-    if (s.liée || n == nullptr || n->bytCase >= kCaseVide) continue;
+    if (s.liée || n == nullptr || n->bytCase >= kCaseVide) {
+      if (s.restant > 0) --s.restant;
+      continue;
+    }
     const int index = ici[static_cast<std::size_t>(c)];
     if (!s.glisse) {
       if (t.bendActif) {
@@ -339,11 +354,8 @@ void MidiWalk::stepPiste(int p, WalkSink& sink) {
       t.vibratoActif = true;
     }
     if (estGlisse(n->bytEffet)) preparerGlisse(*n, s, p, m, c, index, largeur);
+    if (s.restant > 0) --s.restant;
   }
-
-  // 8. Count down.
-  for (int c = 1; c <= cordes; ++c)
-    if (etat(c).restant > 0) --etat(c).restant;
 }
 
 void MidiWalk::silence(WalkSink& sink) {

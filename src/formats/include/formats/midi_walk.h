@@ -158,15 +158,18 @@ class MidiWalk {
  private:
   struct PisteEtat {
     std::array<CordeEtat, kMaxCordes + 1> cordes{};
-    std::array<int, kMaxCordes + 1> curseur{};  // note lookup in the current bar
+    // The current bar's lists, taken at its start, and where the lookup stands.
+    std::array<const OneBased<tNote>*, kMaxCordes + 1> listes{};
+    std::array<int, kMaxCordes + 1> curseur{};
+    const std::vector<u16>* accords = nullptr;
     std::size_t accord = 0;
+    int nbrCordes = 0;
     bool bendActif = false;
     bool vibratoActif = false;
   };
 
   void entrerMesure();
   void stepPiste(int p, WalkSink& sink);
-  int noteA(PisteEtat& t, int p, int m, int c, int x);
   int suivanteLiée(int p, int m, int c, int n) const;
   void preparerGlisse(const tNote& note, CordeEtat& s, int p, int m, int c, int n, int largeur);
   void émettre(WalkSink& sink, WalkEventType type, int p, int c, std::array<byt, 3> octets,
@@ -179,6 +182,7 @@ class MidiWalk {
   BarWalk m_bars;
   int m_x;
   int m_origine;  // X of the start position
+  int m_largeur = 0;  // width of the current bar
   int m_tempo = 1;  // tempo lookup in the current bar
 };
 

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstddef>
+#include <deque>
 #include <vector>
 
 #include "document/one_based.h"
@@ -71,7 +72,8 @@ class WalkInput {
   void setAccords(int p, int m, std::vector<u16> x);
 
   // Appends an empty bar with the signature of the last one (as the
-  // document's addMesure does); the walk sees it at once.
+  // document's addMesure does); a walk sees it from its next step. The note
+  // and chord lists already handed out stay where they are.
   void addMesure();
   // Bars appended since construction.
   int mesuresAjoutées() const { return m_ajoutées; }
@@ -81,9 +83,10 @@ class WalkInput {
 
   OneBased<WalkPiste> m_pistes;
   OneBased<WalkMesure> m_mesures;
-  // Bar-major, then track, then string: appending a bar appends cells.
-  std::vector<OneBased<tNote>> m_notes;
-  std::vector<std::vector<u16>> m_accords;
+  // Bar-major, then track, then string: appending a bar appends cells, and a
+  // deque keeps the others in place.
+  std::deque<OneBased<tNote>> m_notes;
+  std::deque<std::vector<u16>> m_accords;
   int m_ajoutées = 0;
 };
 
