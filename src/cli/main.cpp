@@ -39,7 +39,8 @@ int main(int argc, char** argv) {
          },
          "language of the messages (en by default)")
       ->check(CLI::IsMember({"fr", "en"}));
-  for (auto& [name, reg] : registry()) reg(app, ctx);
+  for (auto& [name, reg] : registry())
+    reg(app, ctx);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& e) {

@@ -1,7 +1,6 @@
 # MIDI and ASCII tablature: the walk shared with the player, export and import.
 target_sources(vt_formats PRIVATE
   ${CMAKE_CURRENT_LIST_DIR}/src/hex.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/src/interchange_file.cpp
   ${CMAKE_CURRENT_LIST_DIR}/src/walk_input.cpp
   ${CMAKE_CURRENT_LIST_DIR}/src/midi_walk.cpp
   ${CMAKE_CURRENT_LIST_DIR}/src/midi_conductor.cpp

@@ -1,3 +1,4 @@
+// A new document, the length table, the key byte, and beats.
 #include <gtest/gtest.h>
 
 #include "document/tablature.h"
@@ -11,9 +12,124 @@ TEST(NewDocument, HasOneTrackOfOneEmptyFourFourBar) {
   EXPECT_EQ(doc.getPisteLast(), 1);
   EXPECT_EQ(doc.getMesureLast(), 1);
   EXPECT_EQ(doc.getMesureLargeur(1), 192);
-  for (int c = 1; c <= 6; ++c) EXPECT_EQ(doc.getNoteLast(1, 1, c), 0);
+  for (int c = 1; c <= 6; ++c)
+    EXPECT_EQ(doc.getNoteLast(1, 1, c), 0);
+  EXPECT_EQ(doc.getNoteLast(1, 1, 7), 0);  // no seventh string: answered, not reached
   EXPECT_EQ(doc.getMesureTempoLast(1), 0);
+  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), 0);
+  EXPECT_EQ(doc.getMesureTonalitéMode(1), kVrai);
+  EXPECT_EQ(doc.isMarkerCorrect(), kFaux);
+  EXPECT_EQ(doc.tempo, 120);
+  EXPECT_EQ(doc.modifi, kFaux);
   EXPECT_EQ(validateDocument(doc), "");
+}
+
+TEST(NewDocument, TrackTakesTheCurrentInstrumentAndPatch) {
+  tGuitare g;
+  g.nom = "Basse 4 cordes";
+  g.nbrCordes = 4;
+  g.nbrCases = 20;
+  g.corde = {0, 43, 38, 33, 28, 0, 0, 0};
+  g.capodastre = 2;
+  CVantoroTablature doc(g, 33);
+  EXPECT_EQ(doc.getGuitareNom(1), "Basse 4 cordes");
+  EXPECT_EQ(doc.getGuitareNbrCordes(1), 4);
+  EXPECT_EQ(doc.getGuitareNbrCases(1), 20);
+  EXPECT_EQ(doc.getGuitareCorde(1, 1), 43);
+  EXPECT_EQ(doc.getGuitareCorde(1, 4), 28);
+  EXPECT_EQ(doc.getGuitareCapodastre(1), 2);
+  EXPECT_EQ(doc.getMIDIPatch(1), 33);
+  EXPECT_EQ(doc.getMIDIPan(1), 64);
+  EXPECT_EQ(doc.getMIDIBalance(1), 64);
+  EXPECT_EQ(doc.getPortéeClef(1), 1);
+  EXPECT_EQ(doc.pisteMesure(1, 1)->tabCordes.last(), 4);
+}
+
+TEST(NewDocument, InitializeForgetsEverything) {
+  CVantoroTablature doc;
+  doc.setNoteWhole(1, 1, 1, 0, 3, 48);
+  doc.addMesure();
+  doc.addPiste(1, tGuitare{});
+  doc.storeUndo(true);
+  doc.titre = "Titre";
+  doc.setCurseurMesure(2);
+  doc.setMarqueurStop(2, 24);
+  doc.modifi = kVrai;
+  doc.initialize(tGuitare{});
+  EXPECT_EQ(doc, CVantoroTablature());
+}
+
+TEST(NoteLengths, RoundDownOntoTheSeventeenValues) {
+  const std::pair<int, int> cas[] = {{191, 144}, {143, 128}, {7, 6},    {5, 4},    {0, 4},
+                                     {192, 192}, {200, 192}, {-1, 192}, {47, 36},  {48, 48},
+                                     {35, 32},   {9, 9},     {11, 9},   {17, 16},  {23, 18},
+                                     {63, 48},   {71, 64},   {95, 72},  {127, 96}, {8, 8}};
+  for (auto [entrée, attendu] : cas)
+    EXPECT_EQ(CVantoroTablature::makeNoteDuréeExiste(entrée), attendu) << "length " << entrée;
+}
+
+TEST(NoteLengths, EveryNotatedLengthMapsToItself) {
+  for (int d : {4, 6, 8, 9, 12, 16, 18, 24, 32, 36, 48, 64, 72, 96, 128, 144, 192})
+    EXPECT_EQ(CVantoroTablature::makeNoteDuréeExiste(d), d);
+}
+
+TEST(KeyByte, DecodesAccidentalsAndMode) {
+  CVantoroTablature doc;
+  doc.setMesureTonalité(1, 79);  // 64 + 8 + 7: C sharp minor
+  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), 7);
+  EXPECT_EQ(doc.getMesureTonalitéMode(1), kFaux);
+  doc.setMesureTonalité(1, 1);  // 8 - 7: C flat major
+  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), -7);
+  EXPECT_EQ(doc.getMesureTonalitéMode(1), kVrai);
+  doc.setMesureTonalitéDétails(1, -1, kVrai);  // F major
+  EXPECT_EQ(doc.getMesureTonalité(1), 7);
+  doc.setMesureTonalitéDétails(1, 3, kFaux);  // F sharp minor
+  EXPECT_EQ(doc.getMesureTonalité(1), 75);
+  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), 3);
+}
+
+TEST(Beats, FollowTheNumeratorRule) {
+  CVantoroTablature doc;
+  const struct {
+    int up, dn, beat;
+  } cas[] = {{6, 8, 72},  {5, 4, 48}, {4, 4, 48}, {8, 8, 0},  {3, 4, 48},   {9, 8, 72},
+             {12, 8, 72}, {7, 8, 24}, {2, 2, 96}, {10, 8, 0}, {15, 16, 36}, {1, 4, 48}};
+  for (auto c : cas) {
+    ASSERT_TRUE(doc.setMesureSignature(1, c.up, c.dn));
+    EXPECT_EQ(doc.getTempsDurée(1), c.beat) << c.up << "/" << c.dn;
+  }
+}
+
+TEST(Beats, WidthsOfCommonSignatures) {
+  CVantoroTablature doc;
+  const struct {
+    int up, dn, w;
+  } cas[] = {{4, 4, 192}, {3, 4, 144}, {6, 8, 144}, {7, 8, 168}, {5, 8, 120}, {12, 16, 144}};
+  for (auto c : cas) {
+    ASSERT_TRUE(doc.setMesureSignature(1, c.up, c.dn));
+    EXPECT_EQ(doc.getMesureLargeur(1), c.w);
+  }
+}
+
+TEST(Beats, BeatNumberOfANoteAndNoRuleGivesNoBeat) {
+  CVantoroTablature doc;
+  doc.setNoteWhole(1, 1, 1, 100, 0, 12);
+  EXPECT_EQ(doc.getTempsNote(1, 1, 1, 1), 3);  // 100 / 48 + 1
+  doc.setMesureSignature(1, 8, 8);
+  // 8/8 has no beat rule: no division by zero, no beat number.
+  EXPECT_EQ(doc.getTempsNote(1, 1, 1, 1), 0);
+}
+
+TEST(Signature, RefusesWhatWouldBreakTheTickArithmetic) {
+  CVantoroTablature doc;
+  EXPECT_FALSE(doc.setMesureSignature(1, 0, 4));
+  EXPECT_FALSE(doc.setMesureSignature(1, 4, 0));
+  EXPECT_FALSE(doc.setMesureSignature(1, 4, 3));
+  EXPECT_FALSE(doc.setMesureSignature(1, 255, 1));  // 48960 ticks: past 16 bits
+  EXPECT_FALSE(doc.setMesureSignature(2, 3, 4));    // no such bar
+  EXPECT_EQ(doc.getMesureSignatureUp(1), 4);
+  EXPECT_EQ(doc.getMesureSignatureDn(1), 4);
+  EXPECT_TRUE(doc.setMesureSignature(1, 170, 1));
 }
 
 }  // namespace

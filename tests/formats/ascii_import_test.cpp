@@ -4,6 +4,7 @@
 #include "document/validate.h"
 #include "formats/ascii_export.h"
 #include "formats/ascii_import.h"
+#include "formats/file_io.h"
 #include "interchange_test_util.h"
 
 namespace vt {
@@ -156,7 +157,7 @@ TEST(AsciiImportSteps, RhythmButtonsStepsAndTheFile) {
   CVantoroTablature doc;
   EXPECT_EQ(convertirAscii("no tab", {}, doc, [&](int id) { étapes.push_back(id); }).stringId, 1013);
   EXPECT_EQ(étapes, std::vector<int>{1002});
-  EXPECT_EQ(importerAscii("/nonexistent/tab.txt", {}, doc).stringId, kMsgFichierAbsent);
+  EXPECT_EQ(importerAscii("/nonexistent/tab.txt", {}, doc).stringId, msg::kFichierIntrouvable);
 }
 
 }  // namespace

@@ -15,8 +15,7 @@ TEST(InterchangeStrings, EveryIdInBothLanguages) {
                      kEtapeArrangement, kEtapeLecturePistes, kMsgAsciiCorrompue, 1301, 1316,
                      kMsgMidiSansNom, kMsgMidiInvalide, kMsgMidiCommandeInconnue,
                      kMsgMidiPisteSansNote, kMsgMidiAucuneCible, kMsgMidiErreur,
-                     kMsgMidiAucunePiste, kMsgMidiFormat0, kMsgFichierAbsent,
-                     kMsgEcritureImpossible};
+                     kMsgMidiAucunePiste, kMsgMidiFormat0};
   for (int id : ids) {
     EXPECT_TRUE(hasString(id, kLangFrançais)) << id;
     EXPECT_TRUE(hasString(id, kLangAnglais)) << id;

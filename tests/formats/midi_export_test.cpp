@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "formats/file_io.h"
 #include "formats/midi_export.h"
 #include "interchange_test_util.h"
 
@@ -272,7 +273,7 @@ TEST(MidiExportFile, BrokenRepeatRefusedNothingWritten) {
   EXPECT_EQ(test::lireOctets(t.chemin), io_enregistrer_mid(doc));
 
   const InterchangeResult échec = exporterMidi(doc, "/nonexistent-folder/x.mid");
-  EXPECT_EQ(échec.stringId, kMsgEcritureImpossible);
+  EXPECT_EQ(échec.stringId, msg::kEcritureImpossible);
 }
 
 TEST(MidiExportSilence, PendingCountOncePerBar) {

@@ -30,7 +30,8 @@ bool CVantoroTablature::setMesureSignature(int m, int up, int dn) {
   for (tPiste& piste : m_tabPistes) {
     if (!piste.tabMesures.has(m)) continue;
     tPisteMesure& pm = piste.tabMesures[m];
-    for (auto& corde : pm.tabCordes) detail::cutFrom(corde, largeur);
+    for (auto& corde : pm.tabCordes)
+      detail::cutFrom(corde, largeur);
     detail::cutFrom(pm.tabTextesDn, largeur);
     detail::cutFrom(pm.tabTextesUp, largeur);
     detail::cutFrom(pm.tabAccords, largeur);
@@ -69,12 +70,12 @@ int CVantoroTablature::getMesureTonalitéAltérations(int m) const {
   return (t & 64) != 0 ? t - 72 : t - 8;
 }
 
-#define VT_BAR_FIELD(Get, Set, field)                                        \
-  int CVantoroTablature::Get(int m) const {                                  \
-    return m_tabMesures.has(m) ? m_tabMesures[m].field : 0;                  \
-  }                                                                          \
-  void CVantoroTablature::Set(int m, byt v) {                                \
-    if (m_tabMesures.has(m)) m_tabMesures[m].field = v;                      \
+#define VT_BAR_FIELD(Get, Set, field)                       \
+  int CVantoroTablature::Get(int m) const {                 \
+    return m_tabMesures.has(m) ? m_tabMesures[m].field : 0; \
+  }                                                         \
+  void CVantoroTablature::Set(int m, byt v) {               \
+    if (m_tabMesures.has(m)) m_tabMesures[m].field = v;     \
   }
 
 VT_BAR_FIELD(getMesureLoopDroiteType, setMesureLoopDroiteType, bytLoopDroiteType)

@@ -10,8 +10,12 @@ using detail::insertSorted;
 using detail::searchLast;
 
 namespace {
-bool estTexteDuHaut(vbool TexteDuHaut) { return TexteDuHaut == kVrai; }
-bool tickValide(int intX) { return intX >= 0 && intX <= 0xFFFF; }
+bool estTexteDuHaut(vbool TexteDuHaut) {
+  return TexteDuHaut == kVrai;
+}
+bool tickValide(int intX) {
+  return intX >= 0 && intX <= 0xFFFF;
+}
 }  // namespace
 
 int CVantoroTablature::addandplaceMesureAccord(int p, int m, int intX) {
@@ -35,7 +39,8 @@ bool CVantoroTablature::setMesureAccord(int p, int m, int n, const std::string& 
   tAccord& a = pm->tabAccords[n];
   a.strNom = strNom;
   const int cordes = std::min<int>(m_tabPistes[p].bytNbrCordes, frettes.last());
-  for (int c = 1; c <= cordes && c <= a.tabCordes.last(); ++c) a.tabCordes[c] = frettes[c];
+  for (int c = 1; c <= cordes && c <= a.tabCordes.last(); ++c)
+    a.tabCordes[c] = frettes[c];
   return true;
 }
 
@@ -123,14 +128,12 @@ int CVantoroTablature::getMesureTexteDnLast(int p, int m) const {
 
 std::string CVantoroTablature::getMesureTexteUpContenu(int p, int m, int n) const {
   const tPisteMesure* pm = pisteMesure(p, m);
-  return (pm != nullptr && pm->tabTextesUp.has(n)) ? pm->tabTextesUp[n].strContenu
-                                                   : std::string();
+  return (pm != nullptr && pm->tabTextesUp.has(n)) ? pm->tabTextesUp[n].strContenu : std::string();
 }
 
 std::string CVantoroTablature::getMesureTexteDnContenu(int p, int m, int n) const {
   const tPisteMesure* pm = pisteMesure(p, m);
-  return (pm != nullptr && pm->tabTextesDn.has(n)) ? pm->tabTextesDn[n].strContenu
-                                                   : std::string();
+  return (pm != nullptr && pm->tabTextesDn.has(n)) ? pm->tabTextesDn[n].strContenu : std::string();
 }
 
 int CVantoroTablature::getMesureTexteUpX(int p, int m, int n) const {

@@ -57,7 +57,8 @@ int CVantoroTablature::searchNoteBeforeX(int p, int m, int c, int intX) const {
   const OneBased<tNote>* l = notes(p, m, c);
   if (l == nullptr) return 0;
   int n = 0;
-  while (n < l->last() && (*l)[n + 1].intX < intX) ++n;
+  while (n < l->last() && (*l)[n + 1].intX < intX)
+    ++n;
   return n;
 }
 
@@ -94,7 +95,8 @@ int CVantoroTablature::setNoteWhole(int p, int m, int c, int intX, int bytCase, 
     if (l->last() >= kMaxEntrees) return 0;
     // The place: behind every note that starts no later than intX.
     n = 1;
-    while (n <= l->last() && (*l)[n].intX <= intX) ++n;
+    while (n <= l->last() && (*l)[n].intX <= intX)
+      ++n;
     l->insert(n, tNote{});  // a new note has attack and nuance 0 until the caller sets them
   }
   const int count = l->last();
@@ -122,13 +124,13 @@ int CVantoroTablature::setNoteWhole(int p, int m, int c, int intX, int bytCase, 
   return n;
 }
 
-#define VT_NOTE_FIELD(Get, Set, field, Type)                                  \
-  int CVantoroTablature::Get(int p, int m, int c, int n) const {              \
-    const tNote* note = getNote(p, m, c, n);                                  \
-    return note != nullptr ? note->field : 0;                                 \
-  }                                                                           \
-  void CVantoroTablature::Set(int p, int m, int c, int n, Type v) {           \
-    if (tNote* note = noteMut(p, m, c, n)) note->field = v;                   \
+#define VT_NOTE_FIELD(Get, Set, field, Type)                        \
+  int CVantoroTablature::Get(int p, int m, int c, int n) const {    \
+    const tNote* note = getNote(p, m, c, n);                        \
+    return note != nullptr ? note->field : 0;                       \
+  }                                                                 \
+  void CVantoroTablature::Set(int p, int m, int c, int n, Type v) { \
+    if (tNote* note = noteMut(p, m, c, n)) note->field = v;         \
   }
 
 VT_NOTE_FIELD(getNoteCase, setNoteCase, bytCase, byt)

@@ -9,18 +9,41 @@ int CVantoroTablature::getTempsDurée(int m) const {
   // (8, 10, 13, ...) deliberately has no beat.
   int diviseur = 0;
   switch (m_tabMesures[m].bytSignatureUp) {
-    case 1: diviseur = 1; break;
-    case 2: diviseur = 2; break;
-    case 3: diviseur = 3; break;
-    case 4: diviseur = 4; break;
-    case 5: diviseur = 5; break;
-    case 6: diviseur = 2; break;
-    case 7: diviseur = 7; break;
-    case 9: diviseur = 3; break;
-    case 11: diviseur = 11; break;
-    case 12: diviseur = 4; break;
-    case 15: diviseur = 5; break;
-    default: return 0;
+    case 1:
+      diviseur = 1;
+      break;
+    case 2:
+      diviseur = 2;
+      break;
+    case 3:
+      diviseur = 3;
+      break;
+    case 4:
+      diviseur = 4;
+      break;
+    case 5:
+      diviseur = 5;
+      break;
+    case 6:
+      diviseur = 2;
+      break;
+    case 7:
+      diviseur = 7;
+      break;
+    case 9:
+      diviseur = 3;
+      break;
+    case 11:
+      diviseur = 11;
+      break;
+    case 12:
+      diviseur = 4;
+      break;
+    case 15:
+      diviseur = 5;
+      break;
+    default:
+      return 0;
   }
   return getMesureLargeur(m) / diviseur;
 }
@@ -62,7 +85,8 @@ vbool CVantoroTablature::isRythmContinueInTemps(int p, int m, int c, int intX) c
   const int premier = searchNoteAfterX(p, m, c, start, 1);
   if (premier == 0) return kFaux;
   int dernier = premier;
-  while (dernier < l->last() && (*l)[dernier + 1].intX < last) ++dernier;
+  while (dernier < l->last() && (*l)[dernier + 1].intX < last)
+    ++dernier;
 
   if (premier == dernier && (*l)[premier].bytDurée != 48) return kFaux;
   if ((*l)[dernier].intX + (*l)[dernier].bytDurée != last + 1) return kFaux;

@@ -12,7 +12,8 @@ template <class T>
 int insertSorted(OneBased<T>& list, T entry) {
   if (list.last() >= kMaxEntrees) return 0;
   int p = 1;
-  while (p <= list.last() && list[p].intX <= entry.intX) ++p;
+  while (p <= list.last() && list[p].intX <= entry.intX)
+    ++p;
   list.insert(p, std::move(entry));
   return p;
 }

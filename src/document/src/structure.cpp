@@ -13,14 +13,16 @@ bool CVantoroTablature::addMesure() {
   h.bytSignatureDn = avant.bytSignatureDn;
   h.bytTonalité = avant.bytTonalité;
   m_tabMesures.push_back(std::move(h));
-  for (tPiste& piste : m_tabPistes) piste.tabMesures.push_back(tPisteMesure::vide(piste.bytNbrCordes));
+  for (tPiste& piste : m_tabPistes)
+    piste.tabMesures.push_back(tPisteMesure::vide(piste.bytNbrCordes));
   return true;
 }
 
 void CVantoroTablature::truncateMesures(int last) {
   if (last < 1) last = 1;
   m_tabMesures.truncateFrom(last + 1);
-  for (tPiste& piste : m_tabPistes) piste.tabMesures.truncateFrom(last + 1);
+  for (tPiste& piste : m_tabPistes)
+    piste.tabMesures.truncateFrom(last + 1);
 }
 
 bool CVantoroTablature::addPiste(int bytFromPiste, const tGuitare& guitare, byt bytPatch) {
@@ -43,7 +45,8 @@ bool CVantoroTablature::addPiste(int bytFromPiste, const tGuitare& guitare, byt 
   // defaults and the name of the track that stood at k, and that track keeps
   // its notes but carries the defaults from then on.
   if (k < last) {
-    for (int i = last; i >= k + 2; --i) m_tabPistes[i] = std::move(m_tabPistes[i - 1]);
+    for (int i = last; i >= k + 2; --i)
+      m_tabPistes[i] = std::move(m_tabPistes[i - 1]);
     tPiste copie = m_tabPistes[k];  // settings only: its bars are replaced below
     copie.tabMesures = OneBased<tPisteMesure>();
     m_tabPistes[k + 1] = std::move(m_tabPistes[k]);
@@ -70,7 +73,8 @@ void CVantoroTablature::changePisteNbrCordes(int bytPiste) {
   if (piste.tabMesures.empty() || piste.tabMesures[1].tabCordes.last() == s) return;
   for (tPisteMesure& pm : piste.tabMesures) {
     pm.tabCordes.resize(s);  // strings that go away lose their notes; new ones are empty
-    for (tAccord& a : pm.tabAccords) a.tabCordes.resize(s, kCaseVide);  // new string: not played
+    for (tAccord& a : pm.tabAccords)
+      a.tabCordes.resize(s, kCaseVide);  // new string: not played
   }
 }
 
@@ -88,7 +92,8 @@ bool CVantoroTablature::insertMesure(int bytPiste, int intFromMesure, int intNbM
   if (!m_tabPistes.has(bytPiste) || intNbMesures < 1 || intFromMesure < 1 ||
       intFromMesure > getMesureLast() + 1 || getMesureLast() + intNbMesures > kMaxMesures)
     return false;
-  for (int i = 0; i < intNbMesures; ++i) addMesure();
+  for (int i = 0; i < intNbMesures; ++i)
+    addMesure();
   auto& mesures = m_tabPistes[bytPiste].tabMesures;
   for (int b = getMesureLast(); b >= intFromMesure + intNbMesures; --b)
     mesures[b] = std::move(mesures[b - intNbMesures]);
@@ -102,7 +107,8 @@ void CVantoroTablature::deleteMesure(int bytPiste, int intMesure) {
   if (!m_tabPistes.has(bytPiste) || !m_tabMesures.has(intMesure)) return;
   auto& mesures = m_tabPistes[bytPiste].tabMesures;
   const int last = mesures.last();
-  for (int b = intMesure; b < last; ++b) mesures[b] = std::move(mesures[b + 1]);
+  for (int b = intMesure; b < last; ++b)
+    mesures[b] = std::move(mesures[b + 1]);
   // The last bar is emptied, not removed: garbageMesure shortens the document.
   // With one bar only, that bar is emptied.
   mesures[last] = tPisteMesure::vide(m_tabPistes[bytPiste].bytNbrCordes);

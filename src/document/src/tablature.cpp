@@ -11,9 +11,8 @@ tPiste CVantoroTablature::defaultPiste(const tGuitare& guitare, byt bytPatch) co
   tPiste p;
   p.bytPatch = bytPatch;
   p.strGuitareNom = guitare.nom.substr(0, kMaxTexte);
-  p.bytNbrCordes = static_cast<byt>(guitare.nbrCordes >= 1 && guitare.nbrCordes <= kMaxCordes
-                                        ? guitare.nbrCordes
-                                        : 6);
+  p.bytNbrCordes = static_cast<byt>(
+      guitare.nbrCordes >= 1 && guitare.nbrCordes <= kMaxCordes ? guitare.nbrCordes : 6);
   p.bytNbrCases = guitare.nbrCases;
   p.bytCordes = guitare.corde;
   p.bytCordes[0] = 0;

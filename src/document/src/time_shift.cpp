@@ -109,11 +109,14 @@ bool CVantoroTablature::insertSilence(int p, int m, int intX, int intDur) {
     if (!ok) break;
     {
       auto& pm = m_tabPistes[p].tabMesures[b];
-      auto accords = decaler(pm.tabAccords, b == m ? premierAPartirDe(pm.tabAccords, intX) : 1,
-                             intDur, w);
+      auto accords =
+          decaler(pm.tabAccords, b == m ? premierAPartirDe(pm.tabAccords, intX) : 1, intDur, w);
       for (const auto& s : accords) {
         int t = 0, tk = 0;
-        if (!(cible(b, s.tick, t, tk))) { ok = false; break; }
+        if (!(cible(b, s.tick, t, tk))) {
+          ok = false;
+          break;
+        }
         const int n = addandplaceMesureAccord(p, t, tk);
         ok = n != 0 && setMesureAccord(p, t, n, s.entree.strNom, s.entree.tabCordes);
         if (!ok) break;
@@ -147,7 +150,8 @@ bool CVantoroTablature::removeNotes(int p, int m, int intX, int intDur) {
   // 1. The stretch itself goes.
   {
     tPisteMesure& pm = m_tabPistes[p].tabMesures[m];
-    for (auto& corde : pm.tabCordes) effacerEntre(corde, intX, intX + intDur);
+    for (auto& corde : pm.tabCordes)
+      effacerEntre(corde, intX, intX + intDur);
     effacerEntre(pm.tabAccords, intX, intX + intDur);
     effacerEntre(pm.tabTextesUp, intX, intX + intDur);
     effacerEntre(pm.tabTextesDn, intX, intX + intDur);
@@ -185,8 +189,8 @@ bool CVantoroTablature::removeNotes(int p, int m, int intX, int intDur) {
     if (!ok) break;
     {
       auto& pm = m_tabPistes[p].tabMesures[b];
-      auto accords = decaler(pm.tabAccords, b == m ? premierAPartirDe(pm.tabAccords, intX) : 1,
-                             -intDur, w);
+      auto accords =
+          decaler(pm.tabAccords, b == m ? premierAPartirDe(pm.tabAccords, intX) : 1, -intDur, w);
       for (const auto& s : accords) {
         int t = 0, tk = 0;
         cible(b, s.tick, t, tk);

@@ -3,12 +3,12 @@
 
 namespace vt {
 
-#define VT_TRACK_FIELD(Get, Set, field, Type, Ret)                          \
-  Ret CVantoroTablature::Get(int p) const {                                 \
-    return m_tabPistes.has(p) ? m_tabPistes[p].field : Ret{};               \
-  }                                                                         \
-  void CVantoroTablature::Set(int p, Type v) {                              \
-    if (m_tabPistes.has(p)) m_tabPistes[p].field = v;                       \
+#define VT_TRACK_FIELD(Get, Set, field, Type, Ret)            \
+  Ret CVantoroTablature::Get(int p) const {                   \
+    return m_tabPistes.has(p) ? m_tabPistes[p].field : Ret{}; \
+  }                                                           \
+  void CVantoroTablature::Set(int p, Type v) {                \
+    if (m_tabPistes.has(p)) m_tabPistes[p].field = v;         \
   }
 
 VT_TRACK_FIELD(getStaffType, setStaffType, bytStaffType, byt, int)

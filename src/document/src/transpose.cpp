@@ -6,8 +6,8 @@
 
 namespace vt {
 
-bool CVantoroTablature::transpose(int p, int demitons, int fretteMax, int fretteMin,
-                                  int mesureMin, int mesureMax, const tGuitare& guitare) {
+bool CVantoroTablature::transpose(int p, int demitons, int fretteMax, int fretteMin, int mesureMin,
+                                  int mesureMax, const tGuitare& guitare) {
   if (!m_tabPistes.has(p) || demitons == 0 || demitons < -24 || demitons > 24) return false;
   mesureMin = std::max(mesureMin, 1);
   mesureMax = std::min(mesureMax, getMesureLast());

@@ -23,7 +23,9 @@ void CVantoroTablature::storeUndo(bool boolStoreFromScratch) {
   if (boolStoreFromScratch) m_tabRedo.clear();
 }
 
-void CVantoroTablature::storeRedo() { pushPiste(m_tabRedo); }
+void CVantoroTablature::storeRedo() {
+  pushPiste(m_tabRedo);
+}
 
 bool CVantoroTablature::restoreFrom(OneBased<tUndo>& pile, OneBased<tUndo>& autre) {
   if (pile.empty()) return false;
@@ -52,8 +54,12 @@ bool CVantoroTablature::restoreFrom(OneBased<tUndo>& pile, OneBased<tUndo>& autr
   return changeDePiste;
 }
 
-bool CVantoroTablature::makeUndo() { return restoreFrom(m_tabUndo, m_tabRedo); }
+bool CVantoroTablature::makeUndo() {
+  return restoreFrom(m_tabUndo, m_tabRedo);
+}
 
-bool CVantoroTablature::makeRedo() { return restoreFrom(m_tabRedo, m_tabUndo); }
+bool CVantoroTablature::makeRedo() {
+  return restoreFrom(m_tabRedo, m_tabUndo);
+}
 
 }  // namespace vt

@@ -6,7 +6,7 @@
 
 #include "arrondi.h"
 #include "document/tablature.h"
-#include "interchange_file.h"
+#include "formats/file_io.h"
 
 namespace vt {
 
@@ -163,8 +163,8 @@ InterchangeResult exporterTxt(const CVantoroTablature& doc, int piste, const std
   const std::string texte = io_enregistrer_txt(doc, piste, cfgASCIILargeur);
   const std::span<const std::uint8_t> octets(reinterpret_cast<const std::uint8_t*>(texte.data()),
                                              texte.size());
-  if (!detail::écrireFichierAtomique(chemin, octets))
-    return InterchangeResult::refus(kMsgEcritureImpossible, chemin);
+  if (const std::string erreur = writeFileAtomically(chemin, octets); !erreur.empty())
+    return InterchangeResult::refus(msg::kEcritureImpossible, erreur);
   return {};
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "document/tablature.h"
-#include "interchange_file.h"
+#include "formats/file_io.h"
 
 namespace vt {
 
@@ -275,10 +275,11 @@ InterchangeResult convertirAscii(std::string_view texte, const AsciiImportOption
 
 InterchangeResult importerAscii(const std::string& chemin, const AsciiImportOptions& o,
                                 CVantoroTablature& doc, const std::function<void(int)>& étape) {
-  const auto octets = detail::lireFichierEntier(chemin);
-  if (!octets) return InterchangeResult::refus(kMsgFichierAbsent, chemin);
-  return convertirAscii(std::string_view(reinterpret_cast<const char*>(octets->data()), octets->size()),
-                        o, doc, étape);
+  const FileRead lu = readWholeFile(chemin);
+  if (!lu.ok()) return InterchangeResult::refus(lu.message, lu.détail);
+  return convertirAscii(
+      std::string_view(reinterpret_cast<const char*>(lu.octets.data()), lu.octets.size()), o, doc,
+      étape);
 }
 
 }  // namespace vt

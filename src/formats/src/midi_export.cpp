@@ -4,7 +4,7 @@
 
 #include "document/tablature.h"
 #include "formats/walk_input.h"
-#include "interchange_file.h"
+#include "formats/file_io.h"
 #include "midi_chunk.h"
 #include "midi_conductor.h"
 
@@ -166,8 +166,8 @@ InterchangeResult exporterMidi(CVantoroTablature& doc, const std::string& chemin
   if (const int n = doc.checkMesureRenvois(); n > 0)
     return InterchangeResult::refus(1301, std::to_string(n));
   const std::vector<byt> octets = io_enregistrer_mid(doc, options);
-  if (!detail::écrireFichierAtomique(chemin, octets))
-    return InterchangeResult::refus(kMsgEcritureImpossible, chemin);
+  if (const std::string erreur = writeFileAtomically(chemin, octets); !erreur.empty())
+    return InterchangeResult::refus(msg::kEcritureImpossible, erreur);
   return {};
 }
 

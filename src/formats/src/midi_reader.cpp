@@ -4,7 +4,7 @@
 
 #include "formats/hex.h"
 #include "formats/string_table.h"
-#include "interchange_file.h"
+#include "formats/file_io.h"
 
 namespace vt {
 
@@ -122,9 +122,9 @@ InterchangeResult lireMidi(std::span<const byt> o, MidiFichier& out) {
 }
 
 InterchangeResult ouvrirMidi(const std::string& chemin, MidiFichier& out) {
-  const auto octets = detail::lireFichierEntier(chemin);
-  if (!octets) return InterchangeResult::refus(kMsgFichierAbsent, chemin);
-  return lireMidi(*octets, out);
+  const FileRead lu = readWholeFile(chemin);
+  if (!lu.ok()) return InterchangeResult::refus(lu.message, lu.détail);
+  return lireMidi(lu.octets, out);
 }
 
 InterchangeResult lirePisteMidi(const MidiFichier& f, int index, PisteMidiLue& out,

@@ -44,7 +44,8 @@ const std::map<int, std::string>& table() {
       const auto t2 = line.find('\t', t1 + 1);
       if (t2 == std::string_view::npos) continue;
       int id = 0;
-      for (char c : line.substr(0, t1)) id = c >= '0' && c <= '9' ? id * 10 + (c - '0') : id;
+      for (char c : line.substr(0, t1))
+        id = c >= '0' && c <= '9' ? id * 10 + (c - '0') : id;
       m[id + kLangFrançais] = déséchapper(line.substr(t1 + 1, t2 - t1 - 1));
       m[id + kLangAnglais] = déséchapper(line.substr(t2 + 1));
     }
@@ -60,7 +61,9 @@ std::string loadString(int id, int setLang) {
   return it != table().end() ? it->second : "[" + std::to_string(id) + "]";
 }
 
-bool hasString(int id, int setLang) { return table().count(setLang + id) != 0; }
+bool hasString(int id, int setLang) {
+  return table().count(setLang + id) != 0;
+}
 
 std::vector<int> stringIds() {
   std::vector<int> ids;

@@ -14,13 +14,13 @@
 namespace vt {
 
 struct tNote {
-  byt bytCase = 0;       // fret; 0 the open string, 255 a blank note
-  byt bytDurée = 0;      // length in ticks, at most 192
-  u16 intX = 0;          // tick in the bar
-  byt bytEffet = 0;      // effect code
-  byt bytReserve = 0;    // copied with the note, cleared by setNoteWhole, never stored
-  byt bytAttaque = 0;    // attack code
-  byt bytVolume = 0;     // nuance code
+  byt bytCase = 0;     // fret; 0 the open string, 255 a blank note
+  byt bytDurée = 0;    // length in ticks, at most 192
+  u16 intX = 0;        // tick in the bar
+  byt bytEffet = 0;    // effect code
+  byt bytReserve = 0;  // copied with the note, cleared by setNoteWhole, never stored
+  byt bytAttaque = 0;  // attack code
+  byt bytVolume = 0;   // nuance code
   bool operator==(const tNote&) const = default;
 };
 

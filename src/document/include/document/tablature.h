@@ -18,8 +18,7 @@ namespace vt {
 
 class CVantoroTablature {
  public:
-  explicit CVantoroTablature(const tGuitare& guitare = tGuitare{},
-                             byt bytPatch = kPatchParDéfaut);
+  explicit CVantoroTablature(const tGuitare& guitare = tGuitare{}, byt bytPatch = kPatchParDéfaut);
 
   // ---- Public variables ---------------------------------------------------
   vbool modifi = kFaux;  // differs from its file: set by every edit, cleared by a save

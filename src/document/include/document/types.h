@@ -14,7 +14,9 @@ using lng = std::int32_t;
 using vbool = std::int16_t;
 inline constexpr vbool kVrai = -1;
 inline constexpr vbool kFaux = 0;
-inline constexpr vbool toVbool(bool b) { return b ? kVrai : kFaux; }
+inline constexpr vbool toVbool(bool b) {
+  return b ? kVrai : kFaux;
+}
 
 // Ticks: 192 to the whole note, 48 to the quarter.
 inline constexpr int kTicksRonde = 192;
@@ -68,7 +70,9 @@ inline constexpr byt kBrushDown = 11;
 
 // Nuance codes (bytVolume): level * 16 - 1, level 1 (ppp) to 8 (fff).
 namespace nuance {
-inline constexpr byt fromLevel(int level) { return static_cast<byt>(level * 16 - 1); }
+inline constexpr byt fromLevel(int level) {
+  return static_cast<byt>(level * 16 - 1);
+}
 inline constexpr byt kPPP = 15;
 inline constexpr byt kPP = 31;
 inline constexpr byt kP = 47;

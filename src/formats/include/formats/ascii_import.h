@@ -50,7 +50,7 @@ InterchangeResult convertirAscii(std::string_view texte, const AsciiImportOption
                                  CVantoroTablature& doc,
                                  const std::function<void(int stringId)>& étape = {});
 
-// The same from a file; 6001 when it cannot be read.
+// The same from a file; 6001 or 6121 when it cannot be read.
 InterchangeResult importerAscii(const std::string& chemin, const AsciiImportOptions& options,
                                 CVantoroTablature& doc,
                                 const std::function<void(int stringId)>& étape = {});

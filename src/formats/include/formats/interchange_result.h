@@ -23,8 +23,4 @@ struct InterchangeResult {
   }
 };
 
-// Messages of the file wrappers.
-inline constexpr int kMsgFichierAbsent = 6001;      // "This file is missing."
-inline constexpr int kMsgEcritureImpossible = 6016;  // the file could not be written
-
 }  // namespace vt

@@ -43,7 +43,7 @@ struct MidiFichier {
 // 2509 (a header or division that cannot be used). A format 0 file is read
 // with the notice 2512: its sources are channels.
 InterchangeResult lireMidi(std::span<const byt> octets, MidiFichier& out);
-// The same from a file; 6001 when it cannot be read.
+// The same from a file; 6001 or 6121 when it cannot be read.
 InterchangeResult ouvrirMidi(const std::string& chemin, MidiFichier& out);
 
 // A note event as the parser keeps it (velocity 0 for a release).

@@ -1,0 +1,204 @@
+// vantoro-cli end to end: new, info, dump and convert on files built by hand.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <nlohmann/json.hpp>
+
+#include "formats/catalogue.h"
+#include "formats/string_table.h"
+#include "formats/vtb.h"
+#include "old_files.h"
+
+namespace vt {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+struct Exécution {
+  int code = -1;
+  std::string sortie;
+  std::string erreurs;
+};
+
+class Cli : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dossier_ = fs::temp_directory_path() /
+               ("vt_cli_" + std::to_string(::getpid()) + "_" +
+                ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(dossier_);
+    fs::create_directories(dossier_);
+  }
+  void TearDown() override { fs::remove_all(dossier_); }
+
+  static std::string lireTout(const fs::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  }
+  fs::path poser(const std::string& nom, const std::vector<std::uint8_t>& octets) {
+    const fs::path p = dossier_ / nom;
+    std::ofstream(p, std::ios::binary)
+        .write(reinterpret_cast<const char*>(octets.data()),
+               static_cast<std::streamsize>(octets.size()));
+    return p;
+  }
+  // Runs the tool with the arguments (quoted by the caller where needed).
+  Exécution lancer(const std::string& arguments) {
+    const fs::path out = dossier_ / "stdout", err = dossier_ / "stderr";
+    const std::string commande = std::string("'") + VT_CLI + "' " + arguments + " >'" +
+                                 out.string() + "' 2>'" + err.string() + "'";
+    const int statut = std::system(commande.c_str());
+    Exécution e;
+    e.code = WIFEXITED(statut) ? WEXITSTATUS(statut) : -1;
+    e.sortie = lireTout(out);
+    e.erreurs = lireTout(err);
+    return e;
+  }
+  std::string chemin(const std::string& nom) { return "'" + (dossier_ / nom).string() + "'"; }
+  json jsonDe(const std::string& args) {
+    const Exécution e = lancer(args);
+    EXPECT_EQ(e.code, 0) << e.erreurs;
+    return json::parse(e.sortie);
+  }
+
+  fs::path dossier_;
+};
+
+// The tool's catalogue is the vt.ini beside it.
+CatalogueGuitares catalogueDuProgramme() {
+  return CatalogueGuitares::load(fs::path(VT_CLI).parent_path() / kFichierCatalogue);
+}
+
+TEST_F(Cli, NewWritesTheBytesOfANewDocument) {
+  const Exécution e = lancer("new " + chemin("a.vtb"));
+  ASSERT_EQ(e.code, 0) << e.erreurs;
+  EXPECT_TRUE(e.erreurs.empty());
+  const CVantoroTablature attendu(catalogueDuProgramme().loadGuitare(1, kLangAnglais));
+  const VtbEcriture octets = io_enregistrer_vtb(attendu);
+  EXPECT_EQ(lireTout(dossier_ / "a.vtb"), std::string(octets.octets.begin(), octets.octets.end()));
+  const std::string début = lireTout(dossier_ / "a.vtb").substr(0, 27);
+  EXPECT_EQ(début,
+            std::string("VTB\x08\x01\0\0\0\0\0\x78\0\0\0\x01TRK0\x08\x04\x04\0\0\0\0\0", 27));
+
+  ASSERT_EQ(lancer("--lang fr new " + chemin("fr.vtb")).code, 0);
+  const json d = jsonDe("dump " + chemin("fr.vtb"));
+  EXPECT_EQ(d["pistes"][0]["strGuitareNom"], "Guitare, accordage standard");
+  EXPECT_EQ(d["pistes"][0]["bytCordes"], json({64, 59, 55, 50, 45, 40}));
+}
+
+TEST_F(Cli, InfoSummarisesAFile) {
+  poser("v7.vtb", test::fichierVersion7());
+  EXPECT_EQ(
+      jsonDe("info " + chemin("v7.vtb")),
+      json::parse(
+          R"({"format":"vtb","version":7,"tracks":2,"bars":2,"notes":4,"title":"Titre été"})"));
+}
+
+TEST_F(Cli, DumpShowsEveryFieldOfAVersion5File) {
+  poser("v5.vtb", test::fichierVersion5({64, 59, 55, 50, 45, 38}));
+  const json d = jsonDe("dump " + chemin("v5.vtb"));
+  EXPECT_EQ(d["titre"], "Titre été");
+  EXPECT_EQ(d["Auteur"], "Auteur");
+  EXPECT_EQ(d["tempo"], 132);
+  EXPECT_EQ(d["TripleFeel"], false);
+  ASSERT_EQ(d["mesures"].size(), 3u);
+  EXPECT_EQ(d["mesures"][0], json::parse(R"({"bytSignatureUp":3,"bytSignatureDn":4,"bytTonalité":8,
+      "bytLoopGaucheType":0,"bytLoopGaucheData":0,"bytLoopDroiteType":1,"bytLoopDroiteData":0,"tempos":[]})"));
+  EXPECT_EQ(d["mesures"][1]["bytLoopDroiteType"], 2);
+  EXPECT_EQ(d["mesures"][1]["bytLoopDroiteData"], 2);
+  const json& piste = d["pistes"][0];
+  EXPECT_EQ(piste["strGuitareNom"], "Guitar, drop D");
+  EXPECT_EQ(piste["bytNbrCordes"], 6);
+  EXPECT_EQ(piste["boolPlaySolo"], false);
+  const json& m1 = piste["mesures"][0];
+  EXPECT_EQ(m1["accords"],
+            json::parse(R"([{"intX":48,"strNom":"C","tabCordes":[0,1,0,2,3,255]}])"));
+  EXPECT_EQ(m1["textesUp"], json::parse(R"([{"intX":48,"strContenu":"Intro"}])"));
+  EXPECT_EQ(m1["textesDn"], json::parse(R"([{"intX":48,"strContenu":"doux"}])"));
+  ASSERT_EQ(m1["cordes"].size(), 6u);
+  EXPECT_EQ(m1["cordes"][1], json::parse(R"([{"bytCase":1,"bytDurée":48,"intX":0,"bytEffet":20,
+      "bytAttaque":6,"bytVolume":127}])"));
+  EXPECT_EQ(m1["cordes"][2][0]["bytEffet"], 27);
+  EXPECT_EQ(m1["cordes"][3], json::array());
+  EXPECT_EQ(d["markers"], json::parse(R"({"startMesure":1,"startX":0,"stopMesure":1,"stopX":0})"));
+}
+
+TEST_F(Cli, DumpOfVersions4And6) {
+  poser("v4.vtb", test::fichierVersion4());
+  json d = jsonDe("dump " + chemin("v4.vtb"));
+  EXPECT_EQ(d["pistes"][0]["strGuitareNom"], "Guitar, standard tuning");
+  EXPECT_EQ(d["pistes"][0]["mesures"][1]["cordes"][0][0]["bytAttaque"], 3);
+  EXPECT_EQ(d["pistes"][0]["mesures"][0]["accords"], json::array());
+
+  poser("v6.vtb", test::fichierVersion6());
+  d = jsonDe("dump " + chemin("v6.vtb"));
+  EXPECT_EQ(d["mesures"][0]["bytSignatureDn"], 8);
+  EXPECT_EQ(d["pistes"][0]["bytPan"], 30);
+  EXPECT_EQ(d["pistes"][0]["mesures"][0]["cordes"][0][1]["bytVolume"], 127);
+}
+
+TEST_F(Cli, ConvertUpgradesToVersion8) {
+  poser("v7.vtb", test::fichierVersion7());
+  const Exécution e = lancer("convert " + chemin("v7.vtb") + " " + chemin("v8.VTB"));
+  ASSERT_EQ(e.code, 0) << e.erreurs;
+  EXPECT_EQ(lireTout(dossier_ / "v8.VTB")[3], 8);
+  EXPECT_EQ(jsonDe("info " + chemin("v8.VTB"))["version"], 8);
+  EXPECT_EQ(jsonDe("dump " + chemin("v8.VTB")), jsonDe("dump " + chemin("v7.vtb")));
+}
+
+TEST_F(Cli, RefusedFilesWriteNothingAndSayWhy) {
+  poser("vide.vtb", {});
+  Exécution e = lancer("info " + chemin("vide.vtb"));
+  EXPECT_EQ(e.code, 1);
+  EXPECT_EQ(e.erreurs, "Bad file size!\nThis is not a VTB file!\n");
+  EXPECT_TRUE(e.sortie.empty());
+
+  e = lancer("--lang fr convert " + chemin("vide.vtb") + " " + chemin("out.vtb"));
+  EXPECT_EQ(e.code, 1);
+  EXPECT_EQ(e.erreurs, "Taille de fichier incorrecte !\nCe n'est pas un fichier VTB !\n");
+  EXPECT_FALSE(fs::exists(dossier_ / "out.vtb"));
+
+  auto coupé = test::fichierVersion7();
+  coupé.resize(coupé.size() / 2);
+  poser("cut.vtb", coupé);
+  e = lancer("dump " + chemin("cut.vtb"));
+  EXPECT_EQ(e.code, 1);
+  EXPECT_EQ(e.erreurs.rfind("Bad file size! (", 0), 0u) << e.erreurs;
+  EXPECT_TRUE(e.sortie.empty());
+
+  poser("new.vtb", {'V', 'T', 'B', 9, 1});
+  e = lancer("info " + chemin("new.vtb"));
+  EXPECT_EQ(e.code, 1);
+  EXPECT_EQ(e.erreurs, "Too recent VTB file! Please obtain the latest version of Vantoro.\n");
+
+  e = lancer("info " + chemin("absent.vtb"));
+  EXPECT_EQ(e.code, 1);
+  EXPECT_EQ(e.erreurs.rfind("This file is missing.", 0), 0u);
+}
+
+TEST_F(Cli, UsageErrorsExitWithTwo) {
+  poser("v6.vtb", test::fichierVersion6());
+  Exécution e = lancer("convert " + chemin("v6.vtb") + " " + chemin("out.xyz"));
+  EXPECT_EQ(e.code, 2);
+  EXPECT_FALSE(fs::exists(dossier_ / "out.xyz"));
+  EXPECT_EQ(lancer("new " + chemin("x.txt2")).code, 2);
+  EXPECT_EQ(lancer("").code, 2);
+  EXPECT_EQ(lancer("info").code, 2);
+  EXPECT_EQ(lancer("--lang de info " + chemin("v6.vtb")).code, 2);
+}
+
+TEST_F(Cli, SaveFailureIsReported) {
+  poser("v6.vtb", test::fichierVersion6());
+  const Exécution e = lancer("convert " + chemin("v6.vtb") + " " + chemin("gone/out.vtb"));
+  EXPECT_EQ(e.code, 1);
+  EXPECT_EQ(e.erreurs.rfind(loadString(msg::kEcritureImpossible, kLangAnglais), 0), 0u)
+      << e.erreurs;
+}
+
+}  // namespace
+}  // namespace vt

@@ -1,0 +1,157 @@
+// setNoteWhole and the note list of one string.
+#include <gtest/gtest.h>
+
+#include "test_support.h"
+
+namespace vt {
+namespace {
+
+using test::corde;
+using test::NoteVue;
+
+TEST(SetNoteWhole, CutsAtTheNextNoteWithoutRounding) {
+  CVantoroTablature doc;
+  doc.setNoteWhole(1, 1, 1, 48, 5, 48);
+  const int n = doc.setNoteWhole(1, 1, 1, 24, 3, 48);
+  EXPECT_EQ(n, 1);
+  EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<NoteVue>{{24, 3, 24}, {48, 5, 48}}));
+  // Not rounded: 41 ticks stay 41, although 41 is no notated length.
+  doc.setNoteWhole(1, 1, 2, 48, 5, 48);
+  doc.setNoteWhole(1, 1, 2, 7, 3, 96);
+  EXPECT_EQ(doc.getNoteDurée(1, 1, 2, 1), 41);
+}
+
+TEST(SetNoteWhole, CutsAtTheBarEndAndRounds) {
+  CVantoroTablature doc;
+  doc.setNoteWhole(1, 1, 1, 144, 0, 96);
+  EXPECT_EQ(doc.getNoteDurée(1, 1, 1, 1), 48);
+  doc.setNoteWhole(1, 1, 2, 150, 0, 96);  // 42 rounded down to 36
+  EXPECT_EQ(doc.getNoteDurée(1, 1, 2, 1), 36);
+}
+
+TEST(SetNoteWhole, ShortensTheNoteBefore) {
+  CVantoroTablature doc;
+  doc.setNoteWhole(1, 1, 1, 0, 2, 48);
+  doc.setNoteWhole(1, 1, 1, 24, 3, 24);
+  EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<NoteVue>{{0, 2, 24}, {24, 3, 24}}));
+  doc.setNoteWhole(1, 1, 2, 0, 2, 48);
+  doc.setNoteWhole(1, 1, 2, 20, 3, 24);  // 20 rounds down to 18: a gap of 2 ticks
+  EXPECT_EQ(corde(doc, 1, 1, 2), (std::vector<NoteVue>{{0, 2, 18}, {20, 3, 24}}));
+}
+
+TEST(SetNoteWhole, OverwritingKeepsAttackAndNuanceAndClearsTheEffect) {
+  CVantoroTablature doc;
+  int n = doc.setNoteWhole(1, 1, 3, 48, 7, 48);
+  doc.setNoteAttaque(1, 1, 3, n, attaque::kPalmMute);
+  doc.setNoteVolume(1, 1, 3, n, nuance::kPP);
+  doc.setNoteEffet(1, 1, 3, n, effet::kVibrato);
+  n = doc.setNoteWhole(1, 1, 3, 48, 9, 24);
+  EXPECT_EQ(doc.getNoteLast(1, 1, 3), 1);
+  EXPECT_EQ(doc.getNoteCase(1, 1, 3, n), 9);
+  EXPECT_EQ(doc.getNoteDurée(1, 1, 3, n), 24);
+  EXPECT_EQ(doc.getNoteAttaque(1, 1, 3, n), attaque::kPalmMute);
+  EXPECT_EQ(doc.getNoteVolume(1, 1, 3, n), nuance::kPP);
+  EXPECT_EQ(doc.getNoteEffet(1, 1, 3, n), effet::kAucun);
+}
+
+TEST(SetNoteWhole, ANewNoteInTheMiddleStartsWithAttackAndNuanceZero) {
+  CVantoroTablature doc;
+  for (int x : {0, 96}) {
+    const int n = doc.setNoteWhole(1, 1, 1, x, 1, 24);
+    doc.setNoteAttaque(1, 1, 1, n, attaque::kTap);
+    doc.setNoteVolume(1, 1, 1, n, nuance::kFFF);
+  }
+  const int n = doc.setNoteWhole(1, 1, 1, 48, 2, 24);
+  EXPECT_EQ(n, 2);
+  EXPECT_EQ(doc.getNoteAttaque(1, 1, 1, 2), 0);
+  EXPECT_EQ(doc.getNoteVolume(1, 1, 1, 2), 0);
+  EXPECT_EQ(doc.getNoteAttaque(1, 1, 1, 3), attaque::kTap);  // the moved note kept its own
+}
+
+TEST(SetNoteWhole, KeepsTheListSortedWhateverTheOrderOfEntry) {
+  CVantoroTablature doc;
+  for (int x : {96, 0, 144, 48, 24, 120})
+    doc.setNoteWhole(1, 1, 1, x, x / 24, 24);
+  std::vector<int> xs;
+  for (const NoteVue& v : corde(doc, 1, 1, 1))
+    xs.push_back(v.x);
+  EXPECT_EQ(xs, (std::vector<int>{0, 24, 48, 96, 120, 144}));
+}
+
+TEST(SetNoteWhole, LongerThanAWholeBecomesAWhole) {
+  CVantoroTablature doc;
+  doc.setMesureSignature(1, 8, 4);
+  doc.setNoteWhole(1, 1, 1, 0, 0, 250);
+  EXPECT_EQ(doc.getNoteDurée(1, 1, 1, 1), 192);
+}
+
+TEST(SetNoteWhole, RefusesAFullStringAndBadCoordinates) {
+  CVantoroTablature doc;
+  doc.setMesureSignature(1, 16, 1);  // 3072 ticks, room for 255 notes of 12
+  for (int i = 0; i < kMaxEntrees; ++i)
+    ASSERT_NE(doc.setNoteWhole(1, 1, 1, i * 12, 1, 12), 0);
+  const CVantoroTablature avant = doc;
+  EXPECT_EQ(doc.setNoteWhole(1, 1, 1, 3060, 1, 12), 0);
+  EXPECT_FALSE(doc.addNote(1, 1, 1));
+  EXPECT_EQ(doc, avant);
+  // Overwriting a note of a full string is still allowed.
+  EXPECT_EQ(doc.setNoteWhole(1, 1, 1, 0, 5, 12), 1);
+  EXPECT_EQ(doc.setNoteWhole(2, 1, 1, 0, 5, 12), 0);
+  EXPECT_EQ(doc.setNoteWhole(1, 2, 1, 0, 5, 12), 0);
+  EXPECT_EQ(doc.setNoteWhole(1, 1, 7, 0, 5, 12), 0);
+  EXPECT_EQ(doc.setNoteWhole(1, 1, 0, 0, 5, 12), 0);
+  EXPECT_EQ(doc.setNoteWhole(1, 1, 2, -1, 5, 12), 0);
+}
+
+TEST(NoteSearch, BeforeAfterAndExact) {
+  CVantoroTablature doc;
+  for (int x : {0, 48, 96})
+    doc.setNoteWhole(1, 1, 1, x, 1, 24);
+  EXPECT_EQ(doc.searchNote(1, 1, 1, 48), 2);
+  EXPECT_EQ(doc.searchNote(1, 1, 1, 50), 0);
+  EXPECT_EQ(doc.searchNoteBeforeX(1, 1, 1, 0), 0);
+  EXPECT_EQ(doc.searchNoteBeforeX(1, 1, 1, 48), 1);
+  EXPECT_EQ(doc.searchNoteBeforeX(1, 1, 1, 500), 3);
+  EXPECT_EQ(doc.searchNoteAfterX(1, 1, 1, 48, 1), 2);
+  EXPECT_EQ(doc.searchNoteAfterX(1, 1, 1, 49, 1), 3);
+  EXPECT_EQ(doc.searchNoteAfterX(1, 1, 1, 0, 3), 3);
+  EXPECT_EQ(doc.searchNoteAfterX(1, 1, 1, 0, 4), 0);  // from past the count
+  EXPECT_EQ(doc.searchNoteAfterXExcludeCurrent(1, 1, 1, 48, 1), 3);
+  EXPECT_EQ(doc.searchNoteAfterXExcludeCurrent(1, 1, 1, 96, 1), 0);
+}
+
+TEST(NoteSearch, SeveralAtOneTickAnswerTheLast) {
+  CVantoroTablature doc;
+  doc.setCordeNbNotes(1, 1, 1, 3);  // a loader stores notes without checks
+  doc.setNoteX(1, 1, 1, 1, 0);
+  doc.setNoteX(1, 1, 1, 2, 24);
+  doc.setNoteX(1, 1, 1, 3, 24);
+  EXPECT_EQ(doc.searchNote(1, 1, 1, 24), 3);
+}
+
+TEST(DeleteNote, ClosesTheGap) {
+  CVantoroTablature doc;
+  for (int x : {0, 48, 96})
+    doc.setNoteWhole(1, 1, 1, x, x / 48, 24);
+  EXPECT_EQ(doc.deleteNote(1, 1, 1, 2), 0);
+  EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<NoteVue>{{0, 0, 24}, {96, 2, 24}}));
+  doc.deleteNote(1, 1, 1, 5);  // no such note: nothing happens
+  EXPECT_EQ(doc.getNoteLast(1, 1, 1), 2);
+  doc.deleteNote(1, 1, 1, 1);
+  doc.deleteNote(1, 1, 1, 1);
+  EXPECT_EQ(doc.getNoteLast(1, 1, 1), 0);
+}
+
+TEST(NoteFields, AreAnsweredZeroOutsideTheDocument) {
+  CVantoroTablature doc;
+  doc.setNoteCase(1, 1, 1, 1, 5);  // no note: ignored
+  EXPECT_EQ(doc.getNoteCase(1, 1, 1, 1), 0);
+  EXPECT_EQ(doc.getNoteX(9, 9, 9, 9), 0);
+  EXPECT_EQ(doc.getNote(1, 1, 1, 0), nullptr);
+  EXPECT_FALSE(doc.setCordeNbNotes(1, 1, 1, 256));
+  EXPECT_TRUE(doc.setCordeNbNotes(1, 1, 1, 2));
+  EXPECT_EQ(doc.getNoteLast(1, 1, 1), 2);
+}
+
+}  // namespace
+}  // namespace vt

@@ -1,0 +1,117 @@
+// Undo and redo by whole-track snapshots.
+#include <gtest/gtest.h>
+
+#include "document/validate.h"
+#include "test_support.h"
+
+namespace vt {
+namespace {
+
+TEST(Undo, FiveDeepTheOldestFallsOff) {
+  CVantoroTablature doc;
+  for (int i = 1; i <= 6; ++i) {
+    doc.storeUndo(true);
+    doc.setNoteWhole(1, 1, 1, 0, i, 48);
+  }
+  EXPECT_EQ(doc.getUndoDepth(), 5);
+  EXPECT_EQ(doc.undoStack()[1].piste.tabMesures[1].tabCordes[1][1].bytCase, 5);
+  EXPECT_EQ(doc.undoStack()[5].piste.tabMesures[1].tabCordes[1][1].bytCase, 1);
+  for (int i = 0; i < 5; ++i)
+    doc.makeUndo();
+  EXPECT_EQ(doc.getNoteCase(1, 1, 1, 1), 1);  // the empty first state is gone
+  EXPECT_EQ(doc.getUndoDepth(), 0);
+  EXPECT_FALSE(doc.makeUndo());  // nothing left: nothing happens
+  EXPECT_EQ(doc.getNoteCase(1, 1, 1, 1), 1);
+}
+
+TEST(Undo, ATypedNoteUndoneAndRedone) {
+  CVantoroTablature doc;
+  doc.storeUndo(true);
+  doc.setNoteWhole(1, 1, 2, 24, 7, 24);
+  const CVantoroTablature avecNote = doc;
+  doc.makeUndo();
+  EXPECT_EQ(doc.getNoteLast(1, 1, 2), 0);
+  EXPECT_EQ(doc.getUndoDepth(), 0);
+  EXPECT_EQ(doc.getRedoDepth(), 1);
+  doc.makeRedo();
+  EXPECT_EQ(doc.getNoteCase(1, 1, 2, 1), 7);
+  EXPECT_EQ(doc.getUndoDepth(), 1);
+  EXPECT_EQ(doc.getRedoDepth(), 0);
+  EXPECT_EQ(doc.piste(1), avecNote.piste(1));
+}
+
+TEST(Undo, AnEditAfterUndoEmptiesRedo) {
+  CVantoroTablature doc;
+  doc.storeUndo(true);
+  doc.setNoteWhole(1, 1, 1, 0, 1, 48);
+  doc.storeUndo(true);
+  doc.setNoteWhole(1, 1, 1, 48, 2, 48);
+  doc.makeUndo();
+  doc.makeUndo();
+  EXPECT_EQ(doc.getRedoDepth(), 2);
+  doc.makeRedo();  // keeps the rest of the redo stack
+  EXPECT_EQ(doc.getRedoDepth(), 1);
+  doc.storeUndo(true);
+  doc.setNoteWhole(1, 1, 3, 0, 3, 48);
+  EXPECT_EQ(doc.getRedoDepth(), 0);
+}
+
+TEST(Undo, ReturnsToTheTrackOfTheSnapshot) {
+  CVantoroTablature doc;
+  doc.addPiste(1, tGuitare{});
+  doc.storeUndo(true);
+  doc.setNoteWhole(1, 1, 1, 0, 1, 48);
+  doc.setCurseurPiste(2);
+  EXPECT_TRUE(doc.makeUndo());
+  EXPECT_EQ(doc.CurseurPiste(), 1);
+  EXPECT_EQ(doc.getNoteLast(1, 1, 1), 0);
+  EXPECT_FALSE(doc.makeRedo());  // already on track 1
+  EXPECT_EQ(doc.getNoteLast(1, 1, 1), 1);
+}
+
+TEST(Undo, BarsAddedSinceTheSnapshotStayAndComeBackEmpty) {
+  CVantoroTablature doc;
+  doc.storeUndo(true);
+  doc.addMesure();
+  doc.setNoteWhole(1, 2, 1, 0, 1, 48);
+  doc.makeUndo();
+  EXPECT_EQ(doc.getMesureLast(), 2);
+  EXPECT_EQ(doc.piste(1).tabMesures.last(), 2);
+  EXPECT_EQ(doc.getNoteLast(1, 2, 1), 0);
+  EXPECT_EQ(validateDocument(doc), "");
+}
+
+TEST(Undo, BarsRemovedSinceTheSnapshotDoNotComeBack) {
+  CVantoroTablature doc;
+  doc.addMesure();
+  doc.addMesure();
+  doc.storeUndo(true);
+  doc.garbageMesure(2, 2);
+  doc.makeUndo();
+  EXPECT_EQ(doc.getMesureLast(), 1);
+  EXPECT_EQ(validateDocument(doc), "");
+}
+
+TEST(Undo, ASignatureChangeIsNotUndone) {
+  CVantoroTablature doc;
+  doc.storeUndo(true);
+  doc.setMesureSignature(1, 3, 4);
+  doc.makeUndo();
+  EXPECT_EQ(doc.getMesureSignatureUp(1), 3);
+}
+
+TEST(Undo, ASnapshotOfADeletedTrackIsDropped) {
+  CVantoroTablature doc;
+  doc.addPiste(1, tGuitare{});
+  doc.setCurseurPiste(2);
+  doc.storeUndo(true);
+  doc.setCurseurPiste(1);
+  doc.deletePiste(2);
+  EXPECT_FALSE(doc.makeUndo());
+  EXPECT_EQ(doc.getUndoDepth(), 0);
+  EXPECT_EQ(doc.getPisteLast(), 1);
+  EXPECT_EQ(validateDocument(doc), "");
+}
+
+}  // namespace
+}  // namespace vt

@@ -1,0 +1,122 @@
+// Cursor and selection in their raster modes, and the partial repaint of the
+// cursor's bar.
+#include <gtest/gtest.h>
+
+#include "banc.h"
+#include "showcase.h"
+
+namespace vt {
+namespace {
+
+using test::Banc;
+using test::note;
+using K = Primitive::Kind;
+
+TEST(Cursor, ShownByMaskPenHiddenByMergeNotPen) {
+  Banc b;
+  b.doc.addMesure();
+  b.doc.setCurseurMesure(2);
+  b.doc.setCurseurX(50);  // snapped to its column: 48
+  b.doc.setCurseurCorde(3);
+  int appels = 0;
+  b.r.onCurseurDessiné = [&appels] { ++appels; };
+  b.r.curAffiche();
+  const auto p = b.surface.primitives();
+  ASSERT_EQ(p.size(), 2U);
+  const int x = (50 / 24 + 1) * 20 + 255;
+  EXPECT_EQ(p[0].kind, K::Segment);
+  EXPECT_EQ(p[0].x1, x);
+  EXPECT_EQ(p[0].y1, 31);
+  EXPECT_EQ(p[0].y2, 400);
+  EXPECT_EQ(p[1].kind, K::FilledBox);
+  EXPECT_EQ(p[1].x1, x - 9);
+  EXPECT_EQ(p[1].x2, x + 9);  // IN - 1 wide
+  EXPECT_EQ(p[1].y1, 140 + 2 * 13 - 6);
+  EXPECT_EQ(p[1].y2 - p[1].y1 + 1, 13);
+  for (const Primitive& q : p) {
+    EXPECT_EQ(q.state.drawMode, DrawMode::MaskPen);
+    EXPECT_EQ(q.state.foreColor, b.s.cfgCurseurColor);
+  }
+  EXPECT_EQ(b.surface.drawMode(), DrawMode::CopyPen);
+  b.surface.clearRecord();
+  b.r.curEfface();
+  ASSERT_EQ(b.surface.primitives().size(), 2U);
+  EXPECT_EQ(b.surface.primitives()[1].state.drawMode, DrawMode::MergeNotPen);
+  EXPECT_EQ(appels, 2);
+}
+
+TEST(Selection, NothingWithoutOneAndABoxAroundIt) {
+  Banc b;
+  for (int i = 0; i < 3; ++i) b.doc.addMesure();
+  b.r.selAffiche();
+  EXPECT_TRUE(b.surface.primitives().empty());
+
+  b.doc.intSelStartMesure = 2;
+  b.doc.intSelStartX = 48;
+  b.doc.bytSelStartCorde = 4;
+  b.doc.intSelStopMesure = 1;  // dragged backwards: the edges are exchanged
+  b.doc.intSelStopX = 24;
+  b.doc.bytSelStopCorde = 2;
+  b.r.selAffiche();
+  const auto boîtes = b.surface.ofKind(K::FilledBox);
+  ASSERT_EQ(boîtes.size(), 1U);
+  EXPECT_EQ(boîtes[0].x1, (1 + 1) * 20 + 55 - 9);
+  EXPECT_EQ(boîtes[0].x2, (2 + 1) * 20 + 255 + 10);
+  EXPECT_EQ(boîtes[0].y1, 140 + 13 - 6);
+  EXPECT_EQ(boîtes[0].y2, 140 + 39 + 7);
+  EXPECT_EQ(boîtes[0].state.drawMode, DrawMode::MaskPen);
+
+  // Starting before the first bar shown, the box opens at the strip's left.
+  b.doc.m_lngScrollValue = 2;
+  b.doc.intSelStartMesure = 1;
+  b.doc.intSelStopMesure = 3;
+  b.surface.clearRecord();
+  b.r.selEfface();
+  ASSERT_EQ(b.surface.ofKind(K::FilledBox).size(), 1U);
+  EXPECT_EQ(b.surface.ofKind(K::FilledBox)[0].x1, 40 - 9);
+  EXPECT_EQ(b.surface.ofKind(K::FilledBox)[0].state.drawMode, DrawMode::MergeNotPen);
+}
+
+TEST(PartialRepaint, ErasesInTheBackgroundAndRedrawsTheBar) {
+  Banc b;
+  b.doc.addMesure();
+  note(b.doc, 2, 3, 48, 7, 48, 0, effet::kVibrato);
+  b.doc.setMesureTempo(2, 0, 100);
+  b.doc.setCurseurMesure(2);
+  b.doc.setCurseurX(48);
+  b.s.cfgBackColor = rgb(250, 250, 240);
+  b.r.effaceCurrentMesure();
+  const auto sept = b.surface.texts("7");
+  ASSERT_EQ(sept.size(), 1U);
+  EXPECT_EQ(sept[0].state.foreColor, b.s.cfgBackColor);
+  EXPECT_EQ(b.surface.texts("T=100")[0].state.foreColor, b.s.cfgBackColor);
+  for (const Primitive& p : b.surface.ofKind(K::Segment))
+    EXPECT_EQ(p.state.foreColor, b.s.cfgBackColor);
+  const auto blanc = b.surface.ofKind(K::Rectangle);
+  ASSERT_EQ(blanc.size(), 1U);  // the staff under a white box, whatever the background
+  EXPECT_EQ(blanc[0].state.fillColor, kBlanc);
+  EXPECT_EQ(blanc[0].x1, 255);
+  EXPECT_EQ(blanc[0].y1, 290 - 84);
+  EXPECT_EQ(blanc[0].x2, 255 + 160 + 10 + 1);
+  EXPECT_EQ(blanc[0].y2, 290 - 84 + 160 + 1);
+
+  b.surface.clearRecord();
+  b.r.drawCurrentMesure();
+  // The strings only around the cursor's column, the staff lines over the bar.
+  const auto lignes = b.surface.ofKind(K::DeviceLine);
+  int cordes = 0;
+  int portée = 0;
+  for (const Primitive& p : lignes) {
+    if (p.y1 != p.y2) continue;
+    if (p.x1 == 255 + 50 && p.x2 - p.x1 == 22) ++cordes;
+    if (p.x1 == 255 && p.x2 - p.x1 == 160 + 1 + 10) ++portée;
+  }
+  EXPECT_EQ(cordes, 6);
+  EXPECT_EQ(portée, 5);
+  EXPECT_EQ(b.surface.texts("7")[0].state.foreColor, b.s.cfgEventColor);
+  EXPECT_EQ(b.surface.texts("T=100")[0].state.foreColor, kRouge);
+  EXPECT_FALSE(b.blits(portee::kTêtePleine).empty());
+}
+
+}  // namespace
+}  // namespace vt

@@ -1,0 +1,188 @@
+// Every effect code draws its shape; the ones that link to the next note on
+// the string draw nothing without one.
+#include <gtest/gtest.h>
+
+#include "banc.h"
+#include "showcase.h"
+
+namespace vt {
+namespace {
+
+using test::Banc;
+using test::note;
+using K = Primitive::Kind;
+
+struct Effects : ::testing::Test {
+  Banc b;
+  // The effect of note n of string c, drawn alone.
+  const std::vector<Primitive>& dessine(int c, int n, int m = 1) {
+    b.surface.clearRecord();
+    b.r.drawEffet(1, m, c, n);
+    return b.surface.primitives();
+  }
+  static constexpr int T = 140;
+  static constexpr int IS = 13;
+};
+
+TEST_F(Effects, LinkingEffectsNeedANextNote) {
+  for (const byt e : {effet::kLiaison, effet::kHammerOn, effet::kPullOff, effet::kSlideUp,
+                      effet::kSlideDown}) {
+    Banc seul;
+    note(seul.doc, 1, 3, 0, 5, 48, 0, e);
+    seul.r.drawEffet(1, 1, 3, 1);
+    EXPECT_TRUE(seul.surface.primitives().empty()) << int(e);
+  }
+}
+
+TEST_F(Effects, TieArcsToTheNextNoteOnItsString) {
+  note(b.doc, 1, 3, 0, 5, 48, 0, effet::kLiaison);
+  note(b.doc, 1, 3, 48, 5, 48);
+  const auto& p = dessine(3, 1);
+  ASSERT_EQ(p.size(), 1U);
+  EXPECT_EQ(p[0].kind, K::Arc);
+  const int x = 55 + 20;  // the effect column: IM as last term
+  const int nx = 55 + 40 + 20;
+  EXPECT_EQ(p[0].x1, x);
+  EXPECT_EQ(p[0].y1, T + IS);
+  EXPECT_EQ(p[0].x2, nx);
+  EXPECT_EQ(p[0].y2, T + 2 * IS);
+  // From the right end round over the top to the left end, at mid height.
+  EXPECT_EQ(p[0].xs, nx);
+  EXPECT_EQ(p[0].xe, x);
+  EXPECT_EQ(p[0].ys, 160);  // (3 - 1.5) * 13 + 140 = 159.5, rounded to even
+  EXPECT_EQ(p[0].ye, 160);
+}
+
+TEST_F(Effects, TheNextNoteMayOpenTheNextBar) {
+  b.doc.addMesure();
+  note(b.doc, 1, 2, 144, 5, 48, 0, effet::kHammerOn);
+  note(b.doc, 2, 2, 0, 7, 48);
+  const auto& p = dessine(2, 1);
+  ASSERT_EQ(p.size(), 2U);
+  EXPECT_EQ(p[0].kind, K::Arc);
+  EXPECT_EQ(p[0].x2, 255 + 20);
+  EXPECT_EQ(p[1].text, "H");
+  EXPECT_EQ(test::centreX(p[1]), (55 + 120 + 20 + 255 + 20) / 2);
+  EXPECT_EQ(test::centreY(p[1]), (2 - 3) * IS + T);
+  EXPECT_TRUE(p[1].state.fontTransparent);
+}
+
+TEST_F(Effects, PullOffAndSlides) {
+  note(b.doc, 1, 4, 0, 7, 24, 0, effet::kPullOff);
+  note(b.doc, 1, 4, 24, 5, 24, 0, effet::kSlideUp);
+  note(b.doc, 1, 4, 48, 7, 24, 0, effet::kSlideDown);
+  note(b.doc, 1, 4, 72, 5, 24);
+  EXPECT_EQ(dessine(4, 1)[1].text, "P");
+  const auto montée = dessine(4, 2);
+  ASSERT_EQ(montée.size(), 1U);
+  EXPECT_EQ(montée[0].x1, 55 + 20 + 20 + 10);
+  EXPECT_EQ(montée[0].y1, (4 - 0.75) * IS + T);
+  EXPECT_EQ(montée[0].x2, 55 + 40 + 20 - 10);
+  EXPECT_EQ(montée[0].y2, (4 - 1.25) * IS + T);
+  const auto descente = dessine(4, 3);
+  ASSERT_EQ(descente.size(), 1U);
+  EXPECT_EQ(descente[0].y1, (4 - 1.25) * IS + T);
+  EXPECT_EQ(descente[0].y2, (4 - 0.75) * IS + T);
+}
+
+TEST_F(Effects, BendsAreArcsWithAHead) {
+  note(b.doc, 1, 2, 0, 7, 48, 0, effet::kBendUp);
+  note(b.doc, 1, 2, 48, 7, 48, 0, effet::kBendUpDown);
+  note(b.doc, 1, 2, 96, 7, 48, 0, effet::kBendReturn);
+  note(b.doc, 1, 2, 144, 7, 48, 0, effet::kBendDown);
+  const int w = 40;
+  int x = 75;
+  const auto bend = dessine(2, 1);
+  ASSERT_EQ(bend.size(), 3U);
+  EXPECT_EQ(bend[0].kind, K::Arc);
+  EXPECT_EQ(bend[0].x1, x - w);
+  EXPECT_EQ(bend[0].y1, T - IS);
+  EXPECT_EQ(bend[0].x2, x + w);
+  EXPECT_EQ(bend[0].y2, T - 3 * IS);
+  EXPECT_EQ(bend[0].xs, x);
+  EXPECT_EQ(bend[0].ys, T - IS);
+  EXPECT_EQ(bend[0].xe, x + w);
+  EXPECT_EQ(bend[0].ye, T - 2 * IS);
+  EXPECT_EQ(bend[1].x2 - bend[1].x1, -5);
+  EXPECT_EQ(bend[2].y2 - bend[2].y1, 5);
+
+  x = 115;
+  const auto allerRetour = dessine(2, 2);
+  ASSERT_EQ(allerRetour.size(), 4U);
+  EXPECT_EQ(allerRetour[0].x1, x - w / 2);
+  EXPECT_EQ(allerRetour[1].kind, K::Arc);
+  EXPECT_EQ(allerRetour[1].x1, x);
+  EXPECT_EQ(allerRetour[1].y1, T);
+  EXPECT_EQ(allerRetour[1].xe, x + w / 2);
+
+  x = 155;
+  const auto relâche = dessine(2, 3);
+  ASSERT_EQ(relâche.size(), 3U);
+  EXPECT_EQ(relâche[0].xs, x + w);
+  EXPECT_EQ(relâche[0].ys, T - IS);
+  EXPECT_EQ(relâche[0].xe, x);
+  EXPECT_EQ(relâche[0].ye, T - 2 * IS);
+
+  x = 195;
+  const auto préBend = dessine(2, 4);
+  ASSERT_EQ(préBend.size(), 4U);
+  EXPECT_EQ(préBend[0].kind, K::Segment);
+  EXPECT_EQ(préBend[0].x1, x);
+  EXPECT_EQ(préBend[0].y1, T - 2 * IS);
+  EXPECT_EQ(préBend[0].y2, T - IS);
+  EXPECT_EQ(préBend[1].kind, K::Arc);
+}
+
+TEST_F(Effects, VibratoTremoloAndTrill) {
+  note(b.doc, 1, 1, 0, 5, 48, 0, effet::kVibrato);
+  note(b.doc, 1, 1, 48, 5, 48, 0, effet::kTremolo);
+  note(b.doc, 1, 1, 96, 5, 48, 0, effet::kTrill);
+  // A zigzag over the note's 40 pixels: four teeth of two strokes.
+  const auto vibrato = dessine(1, 1);
+  ASSERT_EQ(vibrato.size(), 8U);
+  EXPECT_EQ(vibrato[0].x1, 75);
+  EXPECT_EQ(vibrato[0].y1, T - IS);
+  EXPECT_EQ(vibrato[0].y2, T - 2 * IS);
+  EXPECT_EQ(vibrato[7].x2, 75 + 40);
+
+  const auto trémolo = dessine(1, 2);
+  ASSERT_EQ(trémolo.size(), 3U);
+  for (const Primitive& p : trémolo) {
+    EXPECT_EQ(p.state.drawWidth, 2);
+    EXPECT_EQ(p.x1, 115 - 5);
+    EXPECT_EQ(p.x2, 115 + 5);
+    EXPECT_EQ(p.y2 - p.y1, -6);
+  }
+  EXPECT_EQ(trémolo[0].y1, T - 2 * IS);
+  EXPECT_EQ(trémolo[2].y1, T - IS);
+  EXPECT_EQ(b.surface.state().drawWidth, 1);
+
+  const auto trille = dessine(1, 3);
+  ASSERT_EQ(trille.size(), 1U);
+  EXPECT_EQ(trille[0].text, "tr");
+  EXPECT_TRUE(trille[0].state.font.italique);
+  EXPECT_EQ(trille[0].x1, 155);
+  EXPECT_EQ(trille[0].y1, T - 2 * IS);
+  EXPECT_FALSE(b.surface.Font().italique);
+}
+
+TEST_F(Effects, AnEffectOnABlankNoteStandsAlone) {
+  b.doc.setNoteWhole(1, 1, 2, 48, kCaseVide, 48);
+  b.doc.setNoteEffet(1, 1, 2, 1, effet::kVibrato);
+  b.r.drawInLine();
+  EXPECT_TRUE(b.surface.texts("255").empty());
+  const auto zigzag = b.surface.select([](const Primitive& p) {
+    return p.kind == K::Segment && p.y1 == T - IS && p.y2 == T - 2 * IS;
+  });
+  EXPECT_EQ(zigzag.size(), 4U);
+}
+
+TEST_F(Effects, UnknownCodesDrawNothingAndTheFontBoxComesBack) {
+  note(b.doc, 1, 1, 0, 5, 48, 0, 26);
+  b.surface.setFontTransparent(false);
+  EXPECT_TRUE(dessine(1, 1).empty());
+  EXPECT_EQ(b.surface.FontTransparent(), b.s.cfgFontTransparent);
+}
+
+}  // namespace
+}  // namespace vt

@@ -1,0 +1,214 @@
+// The QPainter backend: raster modes, blits, arcs, and a whole strip drawn
+// offscreen. Pixels are checked where the geometry fixes them, never whole
+// images that a font change would break.
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <cstdlib>
+
+#include "render/staff_source.h"
+#include "render/strip_renderer.h"
+#include "render_qt/painter_surface.h"
+#include "render_qt/resources.h"
+#include "render_qt/strip_image.h"
+#include "showcase.h"
+
+namespace vt {
+namespace {
+
+void guiApp() {
+  static int argc = 1;
+  static char nom[] = "vt_render_qt_tests";
+  static char* argv[] = {nom, nullptr};
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  static QGuiApplication* app =
+      QCoreApplication::instance() == nullptr ? new QGuiApplication(argc, argv) : nullptr;
+  (void)app;
+  installeMusicalFont(QCoreApplication::applicationDirPath().toStdString() + "/");
+}
+
+struct QtSurface : ::testing::Test {
+  void SetUp() override { guiApp(); }
+};
+
+bool blanche(const QImage& image) {
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (image.pixel(x, y) != qRgb(255, 255, 255)) return false;
+  return true;
+}
+
+TEST_F(QtSurface, CursorShownThenHiddenLeavesWhiteUnchanged) {
+  CVantoroTablature doc;
+  TabSettings s;
+  PainterSurface surface(400, 300);
+  tGuitare g;
+  CStripRenderer r(doc, s, surface, g, &sourcePortée());
+  surface.Cls();
+  ASSERT_TRUE(blanche(surface.image()));
+  r.curAffiche();
+  const int x = 75;
+  EXPECT_EQ(surface.image().pixel(x, 100), qRgb(127, 255, 255));  // the line
+  EXPECT_EQ(surface.image().pixel(x - 5, 140), qRgb(127, 255, 255));  // the box
+  EXPECT_EQ(surface.image().pixel(x - 15, 140), qRgb(255, 255, 255));
+  r.curEfface();
+  EXPECT_TRUE(blanche(surface.image()));
+  // Over black ink the pair leaves the ink black.
+  surface.setForeColor(kNoir);
+  surface.Line(0, 140, 399, 140);
+  r.curAffiche();
+  r.curEfface();
+  EXPECT_EQ(surface.image().pixel(x, 140), qRgb(128, 0, 0));  // tinted by the colour's zero bits
+  r.curAffiche();
+  EXPECT_EQ(surface.image().pixel(x, 140), qRgb(0, 0, 0));
+  EXPECT_EQ(surface.image().pixel(x + 40, 140), qRgb(0, 0, 0));
+}
+
+TEST_F(QtSurface, SelectionShownThenHiddenLeavesWhiteUnchanged) {
+  CVantoroTablature doc;
+  doc.intSelStartMesure = 1;
+  doc.intSelStopMesure = 1;
+  doc.intSelStopX = 96;
+  doc.bytSelStartCorde = 2;
+  doc.bytSelStopCorde = 5;
+  TabSettings s;
+  PainterSurface surface(400, 300);
+  tGuitare g;
+  CStripRenderer r(doc, s, surface, g, nullptr);
+  surface.Cls();
+  r.selAffiche();
+  EXPECT_EQ(surface.image().pixel(100, 170), qRgb(127, 255, 255));
+  r.selEfface();
+  EXPECT_TRUE(blanche(surface.image()));
+}
+
+TEST_F(QtSurface, SourceAndBlitLeavesTheGroundWhereTheSourceIsWhite) {
+  const QImageSource& source = sourcePortée();
+  EXPECT_EQ(source.width(), portee::kLargeurSource);
+  EXPECT_EQ(source.height(), portee::kHauteurSource);
+  PainterSurface surface(60, 60);
+  surface.setBackColor(rgb(200, 40, 40));
+  surface.Cls();
+  const portee::Cellule& c = portee::kTêtePleine;
+  surface.BitBlt(10, 10, c.w, c.h, source, c.x, c.y, RasterOp::SrcAnd);
+  // The head's centre is ink; the cell's white corner keeps the red ground.
+  EXPECT_EQ(surface.image().pixel(10 + 4, 10 + 4), qRgb(0, 0, 0));
+  EXPECT_EQ(surface.image().pixel(10, 10), qRgb(200, 40, 40));
+  EXPECT_EQ(surface.image().pixel(30, 30), qRgb(200, 40, 40));
+  // SRCCOPY brings the white too; SRCINVERT of the same cell undoes it.
+  surface.BitBlt(30, 10, c.w, c.h, source, c.x, c.y, RasterOp::SrcCopy);
+  EXPECT_EQ(surface.image().pixel(30, 10), qRgb(255, 255, 255));
+  surface.BitBlt(30, 10, c.w, c.h, source, c.x, c.y, RasterOp::SrcInvert);
+  EXPECT_EQ(surface.image().pixel(30, 10), qRgb(0, 0, 0));
+}
+
+TEST_F(QtSurface, ArcRunsCounterClockwiseFromRayToRay) {
+  PainterSurface surface(100, 100);
+  surface.Cls();
+  // The bend's quarter: from the bottom of the ellipse to its right end.
+  surface.Arc(10, 90, 90, 10, 50, 90, 90, 50);
+  const QImage& im = surface.image();
+  int basDroite = 0;
+  int ailleurs = 0;
+  for (int y = 0; y < 100; ++y)
+    for (int x = 0; x < 100; ++x) {
+      if (im.pixel(x, y) == qRgb(255, 255, 255)) continue;
+      if (x >= 48 && y >= 48)
+        ++basDroite;
+      else
+        ++ailleurs;
+    }
+  EXPECT_GT(basDroite, 40);
+  EXPECT_EQ(ailleurs, 0);
+}
+
+TEST_F(QtSurface, TextIsMeasuredAndPrintedOnItsBox) {
+  PainterSurface surface(200, 50);
+  surface.Cls();
+  surface.setFont(FontSpec{"Arial", 8, true, false});
+  const int w = surface.TextWidth("12");
+  EXPECT_GT(w, 5);
+  EXPECT_LT(w, 30);
+  EXPECT_GT(surface.TextHeight("12"), 8);
+  surface.setBackColor(rgb(0, 200, 0));
+  surface.setFontTransparent(false);
+  surface.setCurrentX(10);
+  surface.setCurrentY(10);
+  surface.Print("12");
+  EXPECT_EQ(surface.CurrentX(), 10 + w);
+  EXPECT_EQ(surface.image().pixel(10, 10), qRgb(0, 200, 0));  // the box's corner
+  EXPECT_TRUE(installeMusicalFont(QCoreApplication::applicationDirPath().toStdString() + "/"));
+}
+
+TEST_F(QtSurface, AWholeStripHasItsSizeInkAndBarLinesWhereTheMetricsSay) {
+  const CVantoroTablature doc = test::showcaseDocument();
+  StripImageOptions o;
+  o.largeur = 1920;
+  o.hauteur = 420;
+  ASSERT_EQ(vérifieOptions(doc, o), "");
+  const QImage image = renderStripImage(doc, TabSettings{}, o);
+  if (const char* chemin = std::getenv("VT_SHOWCASE_PNG")) {
+    image.save(chemin);
+    TabSettings dessus;
+    dessus.TAB_VIEW_MARGIN_TOP_TAB = 150;
+    dessus.TAB_VIEW_MARGIN_TOP_PORTEE = 0;
+    o.viewMode = 3;
+    o.premièreMesure = 4;
+    o.curseur = StripImageOptions::Curseur{6, 36, 2};
+    renderStripImage(doc, dessus, o).save(QString::fromUtf8(chemin) + ".above.png");
+  }
+  EXPECT_EQ(image.width(), 1920);
+  EXPECT_EQ(image.height(), 420);
+  EXPECT_FALSE(blanche(image));
+  // Bar lines run from the ruler to the staff's bottom line; between two of
+  // them, halfway down the strings' gap, nothing.
+  CVantoroTablature copie = doc;
+  TabSettings s;
+  const StripMetrics m(copie, s);
+  for (int k = 1; k <= 9; ++k) {
+    const int x = m.barreGaucheX(k);
+    for (const int y : {50, 146, 250, 321}) EXPECT_EQ(image.pixel(x, y), qRgb(0, 0, 0)) << k << "," << y;
+  }
+  EXPECT_EQ(image.pixel(m.barreGaucheX(8) + 50, 146), qRgb(255, 255, 255));
+  // The ruler's face colour, the staff and the strings.
+  EXPECT_EQ(image.pixel(1900, 5), qRgb(240, 240, 240));
+  EXPECT_EQ(image.pixel(1900, 140), qRgb(0, 0, 0));
+  EXPECT_EQ(image.pixel(1900, 290), qRgb(0, 0, 0));
+  EXPECT_EQ(image.pixel(1900, 294), qRgb(255, 255, 255));
+}
+
+TEST_F(QtSurface, PngIsWrittenWholeOrNotAtAll) {
+  QImage image(20, 10, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  const std::string dossier = ::testing::TempDir();
+  const std::string chemin = dossier + "/vt_strip.png";
+  ASSERT_TRUE(enregistrePng(image, chemin));
+  EXPECT_EQ(QImage(QString::fromStdString(chemin)).pixel(3, 3), qRgb(255, 0, 0));
+  EXPECT_FALSE(enregistrePng(image, dossier + "/no/such/folder/x.png"));
+}
+
+TEST_F(QtSurface, StripOptionsAreChecked) {
+  const CVantoroTablature doc = test::showcaseDocument();
+  StripImageOptions o;
+  o.piste = 2;
+  EXPECT_NE(vérifieOptions(doc, o), "");
+  o.piste = 1;
+  o.premièreMesure = 10;
+  EXPECT_NE(vérifieOptions(doc, o), "");
+  o.premièreMesure = 1;
+  o.viewMode = 5;
+  EXPECT_NE(vérifieOptions(doc, o), "");
+  o.viewMode = 1;
+  o.curseur = StripImageOptions::Curseur{6, 144, 1};  // 6/8 is 144 ticks
+  EXPECT_NE(vérifieOptions(doc, o), "");
+  o.curseur->x = 143;
+  o.curseur->corde = 7;
+  EXPECT_NE(vérifieOptions(doc, o), "");
+  o.curseur->corde = 6;
+  EXPECT_EQ(vérifieOptions(doc, o), "");
+  o.largeur = 0;
+  EXPECT_NE(vérifieOptions(doc, o), "");
+}
+
+}  // namespace
+}  // namespace vt

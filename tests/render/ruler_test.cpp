@@ -1,0 +1,91 @@
+// The ruler, the loop markers and the chord diagrams above the strip.
+#include <gtest/gtest.h>
+
+#include "banc.h"
+
+namespace vt {
+namespace {
+
+using test::Banc;
+using K = Primitive::Kind;
+
+TEST(Ruler, NumbersBarsAndMarksQuarterNotesLonger) {
+  Banc b;
+  b.doc.addMesure();
+  b.doc.setMesureSignature(2, 6, 8);
+  b.r.drawInLine();
+  const auto deux = b.surface.texts("2");
+  ASSERT_EQ(deux.size(), 1U);
+  EXPECT_EQ(deux[0].x1, 235 + 2);
+  EXPECT_EQ(deux[0].y1, 10);
+  EXPECT_EQ(deux[0].state.font.nom, "Small Fonts");
+  // 4/4 at 24 ticks a column: 8 ticks, long on ticks 0, 48, 96 and 144.
+  const auto marques = [&](double yDébut) {
+    return b.surface.select([yDébut](const Primitive& p) {
+      return p.kind == K::Segment && p.x1 == p.x2 && p.y1 == yDébut && p.x1 > 35 && p.x1 < 235;
+    });
+  };
+  ASSERT_EQ(marques(10).size(), 4U);
+  EXPECT_EQ(marques(10)[1].x1, 35 + 3 * 20 + 20);
+  EXPECT_EQ(marques(10)[1].y2, 30);
+  EXPECT_EQ(marques(20).size(), 4U);
+  // The face of the ruler and its edges.
+  const auto face = b.surface.ofKind(K::Rectangle);
+  ASSERT_EQ(face.size(), 1U);
+  EXPECT_EQ(face[0].state.fillColor, b.s.couleurBoutonFace);
+  EXPECT_EQ(face[0].x2, 1200 + 1);
+  EXPECT_EQ(face[0].y2, 31);
+}
+
+TEST(Ruler, LoopMarkersArePennantsPointingInwards) {
+  Banc b;
+  b.doc.addMesure();
+  b.doc.setMarqueurStart(1, 48);
+  b.doc.setMarqueurStop(2, 96);
+  b.r.drawInLine();
+  const auto rangées = b.surface.select([](const Primitive& p) {
+    return p.kind == K::Segment && p.y1 == p.y2 && p.y1 >= 2 && p.y1 <= 16 &&
+           p.state.foreColor == kNoir && p.x1 != 0;
+  });
+  ASSERT_EQ(rangées.size(), 30U);
+  const int départ = 55 + 40 + 20;
+  EXPECT_EQ(rangées[0].x1, départ);
+  EXPECT_EQ(rangées[0].x2, départ + 15);
+  EXPECT_EQ(rangées[14].x2, départ + 1);  // one pixel narrower each row
+  EXPECT_EQ(rangées[14].y1, 16);
+  const int arrivée = 255 + 80 + 20;
+  EXPECT_EQ(rangées[15].x1, arrivée);
+  EXPECT_EQ(rangées[15].x2, arrivée - 15);
+}
+
+TEST(ChordDiagram, GridDotsOpenAndMutedStringsAndTheName) {
+  Banc b;
+  OneBased<byt> ré(6);
+  const byt frettes[] = {2, 3, 2, 0, kCaseVide, kCaseVide};  // D: e 2, B 3, G 2, D open
+  for (int c = 1; c <= 6; ++c) ré[c] = frettes[c - 1];
+  b.doc.setMesureAccord(1, 1, b.doc.addandplaceMesureAccord(1, 1, 48), "D", ré);
+  b.r.drawInLine();
+  // "D" also names string 4; the chord's name stands over the tablature.
+  const auto auDessus = b.surface.select(
+      [](const Primitive& p) { return p.kind == K::Text && p.text == "D" && p.y1 < 100; });
+  ASSERT_EQ(auDessus.size(), 1U);
+  EXPECT_EQ(test::centreX(auDessus[0]), 55 + 40 + 20);
+  EXPECT_EQ(test::centreY(auDessus[0]), 140 - 78);
+  const auto doigts = b.surface.select([](const Primitive& p) {
+    return p.kind == K::Circle && p.state.fillStyle == FillStyle::Solid && p.y1 < 100;
+  });
+  EXPECT_EQ(doigts.size(), 3U);
+  const auto vides = b.surface.select([](const Primitive& p) {
+    return p.kind == K::Circle && p.state.fillStyle == FillStyle::Transparent && p.y1 < 100;
+  });
+  EXPECT_EQ(vides.size(), 1U);
+  // Two muted strings, each an x of two strokes above the nut.
+  const int haut = 140 - 78 - 24;
+  const auto croix = b.surface.select([haut](const Primitive& p) {
+    return p.kind == K::Segment && p.y1 < haut - 2 && p.y2 < haut - 2 && p.y1 > 30;
+  });
+  EXPECT_EQ(croix.size(), 4U);
+}
+
+}  // namespace
+}  // namespace vt
