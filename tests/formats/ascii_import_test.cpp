@@ -123,6 +123,7 @@ TEST(AsciiImportBlocks, SevenStringsSixReadTextBetweenBlocksSkippedLineEnds) {
   doc.setMesureLoopDroiteType(2, barre::kRepetition);
   doc.setMesureLoopDroiteData(2, 1);
   for (int c = 1; c <= 7; ++c) poser(doc, 1, 1, c, 0, c, 48);
+  poser(doc, 1, 1, 1, 24, 3, 24, effet::kBendUp);  // "B" just before the dashes of string 1
   poser(doc, 1, 2, 1, 48, 10, 48, effet::kHammerOn);  // upper case: not read back
   poser(doc, 1, 2, 2, 48, 3, 48, effet::kSlideUp);
   const std::string texte = io_enregistrer_txt(doc, 1, 20) + "Outro -- fade\r\n";
@@ -131,7 +132,10 @@ TEST(AsciiImportBlocks, SevenStringsSixReadTextBetweenBlocksSkippedLineEnds) {
   ASSERT_TRUE(importer(texte, retour).ok());
   // Two blocks (one bar each at this width); the seventh string is text.
   std::vector<std::string> attendu;
-  for (int c = 1; c <= 6; ++c) attendu.push_back("1:" + std::to_string(c) + ":24:" + std::to_string(c));
+  for (int c = 1; c <= 6; ++c) {
+    attendu.push_back("1:" + std::to_string(c) + ":24:" + std::to_string(c));
+    if (c == 1) attendu.push_back("1:1:96:3");
+  }
   attendu.insert(attendu.end(), {"2:1:72:10", "2:2:72:3"});
   EXPECT_EQ(notes(retour), attendu);
   EXPECT_EQ(retour.getNoteEffet(1, 2, 1, 1), 0);

@@ -16,10 +16,12 @@ constexpr std::size_t kLabelMax = 3;
 bool chiffre(char c) { return c >= '0' && c <= '9'; }
 bool point(char c) { return c == 'o' || c == '*' || c == ':'; }
 // What a column of tablature may hold: dashes, bar lines, repeat dots, frets
-// and the effect signs written after them.
+// and the effect signs written after them, ours (upper case, "%", "tr", "^")
+// among them although only the lower-case letters are read back.
 bool deTablature(char c) {
-  return c == '-' || c == '|' || point(c) || chiffre(c) || c == 'h' || c == 'p' || c == 'b' ||
-         c == 'r' || c == '/' || c == '\\' || c == '~' || c == '^' || c == 'x';
+  if (c == '-' || c == '|' || point(c) || chiffre(c)) return true;
+  static constexpr std::string_view kSignes = "hpbr/\\~^x%tHPBRUD";
+  return kSignes.find(c) != std::string_view::npos;
 }
 
 std::vector<std::string_view> lignesDe(std::string_view texte) {
