@@ -8,7 +8,7 @@
 #include <string>
 
 #include "document/tablature.h"
-#include "formats/cp1252.h"
+#include "document/cp1252.h"
 
 namespace vt::cli {
 

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <string>
 
-#include "formats/cp1252.h"
+#include "document/cp1252.h"
 #include "formats/string_table.h"
 
 namespace vt {

@@ -13,6 +13,17 @@ inline constexpr int kLangAnglais = 10000;
 // The text of setLang + id, in UTF-8; "[id]" when the table has no such entry.
 std::string loadString(int id, int setLang);
 
+// A string id kept as a value. Tables of ids in the code are written with it,
+// {"nouveau", StringId{1201}}, so that the test of the string table finds every
+// id the code uses (it also finds literal ids in loadString(...) calls).
+struct StringId {
+  int id = 0;
+};
+
+inline std::string loadString(StringId s, int setLang) {
+  return loadString(s.id, setLang);
+}
+
 // True when the table has the entry setLang + id.
 bool hasString(int id, int setLang);
 

@@ -1,5 +1,9 @@
 #include "render_qt/strip_image.h"
 
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QSaveFile>
 
@@ -72,6 +76,17 @@ char* argvHorsÉcran[] = {nomHorsÉcran, nullptr};
 ApplicationHorsÉcran::ApplicationHorsÉcran() {
   if (QCoreApplication::instance() == nullptr) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    // A batch run has no session: give Qt the private runtime folder it would
+    // pick anyway, so that it does not warn about it on every run.
+    if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR")) {
+      const QString dossier = QDir::tempPath() + QStringLiteral("/runtime-") +
+                              QString::number(static_cast<qulonglong>(::getuid()));
+      if (QDir().mkpath(dossier)) {
+        QFile::setPermissions(dossier, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                           QFileDevice::ExeOwner);
+        qputenv("XDG_RUNTIME_DIR", dossier.toLocal8Bit());
+      }
+    }
     m_app = std::make_unique<QGuiApplication>(argcHorsÉcran, argvHorsÉcran);
   }
   m_strAppPath = QCoreApplication::applicationDirPath().toStdString() + "/";

@@ -1,0 +1,139 @@
+#include "data_files.h"
+
+#include <fstream>
+#include <sstream>
+
+namespace vt::test {
+
+std::filesystem::path sourceDir() {
+  return VT_SOURCE_DIR;
+}
+
+std::filesystem::path dataDir() {
+  return sourceDir() / "data";
+}
+
+std::string readFile(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream out;
+  out << in.rdbuf();
+  return out.str();
+}
+
+std::vector<std::string> readLines(const std::filesystem::path& path) {
+  std::vector<std::string> lines;
+  std::istringstream in(readFile(path));
+  std::string line;
+  while (std::getline(in, line)) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+std::vector<std::string> split(const std::string& line, char separator) {
+  std::vector<std::string> fields;
+  std::string::size_type start = 0;
+  while (true) {
+    const auto end = line.find(separator, start);
+    fields.push_back(line.substr(start, end - start));
+    if (end == std::string::npos) break;
+    start = end + 1;
+  }
+  return fields;
+}
+
+std::vector<std::vector<std::string>> readTable(const std::filesystem::path& path) {
+  std::vector<std::vector<std::string>> rows;
+  for (const auto& line : readLines(path)) {
+    if (line.empty() || line[0] == '#') continue;
+    rows.push_back(split(line, '\t'));
+  }
+  return rows;
+}
+
+bool isValidUtf8(const std::string& s) {
+  std::size_t i = 0;
+  while (i < s.size()) {
+    const auto c = static_cast<unsigned char>(s[i]);
+    int follow = 0;
+    std::uint32_t code = 0;
+    if (c < 0x80) {
+      ++i;
+      continue;
+    } else if ((c & 0xE0) == 0xC0) {
+      follow = 1;
+      code = c & 0x1F;
+    } else if ((c & 0xF0) == 0xE0) {
+      follow = 2;
+      code = c & 0x0F;
+    } else if ((c & 0xF8) == 0xF0) {
+      follow = 3;
+      code = c & 0x07;
+    } else {
+      return false;
+    }
+    if (i + static_cast<std::size_t>(follow) >= s.size()) return false;
+    for (int k = 1; k <= follow; ++k) {
+      const auto d = static_cast<unsigned char>(s[i + static_cast<std::size_t>(k)]);
+      if ((d & 0xC0) != 0x80) return false;
+      code = (code << 6) | (d & 0x3F);
+    }
+    // Overlong forms and surrogates are not UTF-8.
+    if ((follow == 1 && code < 0x80) || (follow == 2 && code < 0x800) ||
+        (follow == 3 && code < 0x10000) || (code >= 0xD800 && code <= 0xDFFF) || code > 0x10FFFF)
+      return false;
+    i += static_cast<std::size_t>(follow) + 1;
+  }
+  return true;
+}
+
+namespace {
+
+std::uint32_t le32(const std::string& b, std::size_t at) {
+  return static_cast<std::uint32_t>(static_cast<unsigned char>(b[at])) |
+         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 1])) << 8 |
+         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 2])) << 16 |
+         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 3])) << 24;
+}
+
+std::uint32_t be32(const std::string& b, std::size_t at) {
+  return static_cast<std::uint32_t>(static_cast<unsigned char>(b[at])) << 24 |
+         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 1])) << 16 |
+         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 2])) << 8 |
+         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 3]));
+}
+
+int be16(const std::string& b, std::size_t at) {
+  return static_cast<unsigned char>(b[at]) << 8 | static_cast<unsigned char>(b[at + 1]);
+}
+
+}  // namespace
+
+std::optional<PictureInfo> readPictureInfo(const std::filesystem::path& path) {
+  const std::string b = readFile(path);
+  if (b.size() >= 30 && b[0] == 'B' && b[1] == 'M') {
+    PictureInfo info{"bmp", static_cast<int>(le32(b, 18)), static_cast<int>(le32(b, 22)), 0};
+    info.height = info.height < 0 ? -info.height : info.height;
+    info.bitsPerPixel = static_cast<unsigned char>(b[28]) | static_cast<unsigned char>(b[29]) << 8;
+    if (le32(b, 2) != b.size()) return std::nullopt;  // the header's file size must be the real one
+    return info;
+  }
+  if (b.size() >= 24 && b.compare(0, 8, "\x89PNG\r\n\x1a\n") == 0 && b.compare(12, 4, "IHDR") == 0)
+    return PictureInfo{"png", static_cast<int>(be32(b, 16)), static_cast<int>(be32(b, 20)), 0};
+  if (b.size() >= 4 && static_cast<unsigned char>(b[0]) == 0xFF &&
+      static_cast<unsigned char>(b[1]) == 0xD8) {
+    // Walk the segments up to the frame header (SOF0 to SOF3).
+    std::size_t at = 2;
+    while (at + 9 < b.size()) {
+      if (static_cast<unsigned char>(b[at]) != 0xFF) return std::nullopt;
+      const auto marker = static_cast<unsigned char>(b[at + 1]);
+      if (marker >= 0xC0 && marker <= 0xC3)
+        return PictureInfo{"jpg", be16(b, at + 7), be16(b, at + 5), 0};
+      at += 2 + static_cast<std::size_t>(be16(b, at + 2));
+    }
+  }
+  return std::nullopt;
+}
+
+}  // namespace vt::test

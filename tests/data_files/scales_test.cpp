@@ -1,0 +1,185 @@
+// scales.dat: 92-byte records made from data/scales.src.tsv, read back here the
+// way the scale window and the harmoniser read them.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <set>
+
+#include "data_files.h"
+#include "formats/string_table.h"
+
+namespace vt::test {
+namespace {
+
+constexpr std::size_t kRecord = 92;
+
+struct Scale {
+  std::array<int, 12> demitons{};
+  std::string nom, nomEN;  // Windows-1252 bytes, blanks trimmed
+};
+
+std::string trimmed(const std::string& s) {
+  const auto end = s.find_last_not_of(' ');
+  return end == std::string::npos ? std::string() : s.substr(0, end + 1);
+}
+
+std::vector<Scale> readScales() {
+  const std::string bytes = readFile(dataDir() / "scales.dat");
+  std::vector<Scale> scales;
+  for (std::size_t at = 0; at + kRecord <= bytes.size(); at += kRecord) {
+    Scale s;
+    for (std::size_t k = 0; k < 12; ++k)
+      s.demitons[k] = static_cast<unsigned char>(bytes[at + k]);
+    s.nom = trimmed(bytes.substr(at + 12, 40));
+    s.nomEN = trimmed(bytes.substr(at + 52, 40));
+    scales.push_back(s);
+  }
+  return scales;
+}
+
+const Scale* find(const std::vector<Scale>& scales, const std::string& nomEN) {
+  for (const auto& s : scales)
+    if (s.nomEN == nomEN) return &s;
+  return nullptr;
+}
+
+std::array<int, 12> pattern(std::initializer_list<int> values) {
+  std::array<int, 12> a{};
+  std::size_t k = 0;
+  for (int v : values)
+    a[k++] = v;
+  return a;
+}
+
+constexpr int X = 255;
+
+bool startsWith(const std::string& s, const std::string& prefix) {
+  return s.compare(0, prefix.size(), prefix) == 0;
+}
+
+TEST(ScalesFile, WholeRecordsOneForEachLineOfTheSource) {
+  const std::string bytes = readFile(dataDir() / "scales.dat");
+  ASSERT_FALSE(bytes.empty());
+  EXPECT_EQ(bytes.size() % kRecord, 0u);
+  std::size_t lines = 0;
+  for (const auto& row : readTable(dataDir() / "scales.src.tsv"))
+    lines += row.size() == 4 ? 1 : 0;
+  EXPECT_EQ(bytes.size() / kRecord, lines);
+  EXPECT_LE(bytes.size() / kRecord, 255u) << "the scale window counts the records in one byte";
+}
+
+TEST(ScalesFile, EveryRecordIsWellFormed) {
+  for (const auto& s : readScales()) {
+    SCOPED_TRACE(s.nomEN);
+    EXPECT_FALSE(s.nom.empty());
+    EXPECT_FALSE(s.nomEN.empty());
+    // Names are Windows-1252: no control characters, no byte that code page leaves undefined.
+    for (const auto& name : {s.nom, s.nomEN})
+      for (char ch : name) {
+        const auto c = static_cast<unsigned char>(ch);
+        EXPECT_GE(c, 0x20);
+        EXPECT_TRUE(c != 0x7F && c != 0x81 && c != 0x8D && c != 0x8F && c != 0x90 && c != 0x9D);
+      }
+    // One root, each distance at most once and below an octave.
+    std::set<int> seen;
+    for (int d : s.demitons) {
+      if (d == X) continue;
+      EXPECT_LT(d, 12);
+      EXPECT_TRUE(seen.insert(d).second) << "distance " << d << " twice";
+    }
+    EXPECT_EQ(seen.count(0), 1u);
+    const bool mode = startsWith(s.nom, "Mode");
+    if (!mode) {
+      EXPECT_EQ(s.demitons[0], 0) << "a scale or chord starts on its root";
+    }
+    EXPECT_EQ(startsWith(s.nom, "Accord"), startsWith(s.nomEN, "Chord"));
+    // The distance of a note is its semitone less the root's, around the octave.
+    int root = 0;
+    for (int k = 0; k < 12; ++k)
+      if (s.demitons[static_cast<std::size_t>(k)] == 0) root = k;
+    for (int k = 0; k < 12; ++k) {
+      const int d = s.demitons[static_cast<std::size_t>(k)];
+      if (d != X) {
+        EXPECT_EQ(d, (k - root + 12) % 12);
+      }
+    }
+  }
+}
+
+TEST(ScalesFile, KnownRecords) {
+  const auto scales = readScales();
+  ASSERT_FALSE(scales.empty());
+  EXPECT_EQ(scales[0].nom, "Gamme majeure");
+  EXPECT_EQ(scales[0].demitons, pattern({0, X, 2, X, 4, 5, X, 7, X, 9, X, 11}));
+
+  const auto* melodic = find(scales, "Melodic minor scale");
+  ASSERT_NE(melodic, nullptr);
+  EXPECT_EQ(melodic->nom, "Gamme mineure m\xE9lodique") << "names are Windows-1252, not UTF-8";
+  EXPECT_EQ(melodic->demitons, pattern({0, X, 2, 3, X, 5, X, 7, X, 9, X, 11}));
+
+  // A mode keeps its parent's layout: Dorian has its root on the parent's D.
+  const auto* dorian = find(scales, "Dorian mode (II)");
+  ASSERT_NE(dorian, nullptr);
+  EXPECT_EQ(dorian->nom, "Mode dorien (II)");
+  EXPECT_EQ(dorian->demitons, pattern({10, X, 0, X, 2, 3, X, 5, X, 7, X, 9}));
+
+  const auto* blues = find(scales, "Blues scale");
+  ASSERT_NE(blues, nullptr);
+  EXPECT_EQ(blues->demitons, pattern({0, X, X, 3, X, 5, 6, 7, X, X, 10, X}));
+
+  const auto* major = find(scales, "Chord major");
+  ASSERT_NE(major, nullptr);
+  EXPECT_EQ(major->nom, "Accord majeur");
+  EXPECT_EQ(major->demitons, pattern({0, X, X, X, 4, X, X, 7, X, X, X, X}));
+}
+
+TEST(ScalesFile, HoldsTheScalesModesAndChordsTheToolsNeed) {
+  const auto scales = readScales();
+  for (const char* name : {"Natural minor scale",
+                           "Harmonic minor scale",
+                           "Major pentatonic",
+                           "Minor pentatonic",
+                           "Whole-tone scale",
+                           "Diminished (half-whole)",
+                           "Diminished (whole-half)",
+                           "Chromatic scale",
+                           "Chord minor",
+                           "Chord 7",
+                           "Chord maj7",
+                           "Chord m7",
+                           "Chord dim",
+                           "Chord aug",
+                           "Chord sus2",
+                           "Chord sus4",
+                           "Chord 6",
+                           "Chord m6",
+                           "Chord 9",
+                           "Chord add9",
+                           "Chord m7b5 (half-diminished)",
+                           "Chord dim7"})
+    EXPECT_NE(find(scales, name), nullptr) << name;
+
+  // The seven modes of the major scale: each is the major scale's notes.
+  const auto majorNotes = scales[0].demitons;
+  const std::set<std::string> degrees = {"(I)", "(II)", "(III)", "(IV)", "(V)", "(VI)", "(VII)"};
+  int modes = 0;
+  for (const auto& s : scales) {
+    const auto open = s.nomEN.rfind('(');
+    if (!startsWith(s.nom, "Mode") || open == std::string::npos ||
+        degrees.count(s.nomEN.substr(open)) == 0)
+      continue;
+    ++modes;
+    for (std::size_t k = 0; k < 12; ++k)
+      EXPECT_EQ(s.demitons[k] == X, majorNotes[k] == X) << s.nomEN;
+  }
+  EXPECT_EQ(modes, 7);
+
+  // The one-note record carries the name the scale window compares with string 2802.
+  const auto* single = find(scales, loadString(2802, kLangAnglais));
+  ASSERT_NE(single, nullptr);
+  EXPECT_EQ(single->nom, loadString(2802, kLangFrançais));
+  EXPECT_EQ(single->demitons, pattern({0, X, X, X, X, X, X, X, X, X, X, X}));
+}
+
+}  // namespace
+}  // namespace vt::test
