@@ -13,7 +13,7 @@ namespace {
 TEST(InterchangeStrings, EveryIdInBothLanguages) {
   const int ids[] = {kEtapeRechercheBlocs, kEtapeConversionAscii, kEtapeNotes, kEtapeTablature,
                      kEtapeArrangement, kEtapeLecturePistes, kMsgAsciiCorrompue, 1301, 1316,
-                     kMsgMidiSansNom, kMsgMidiInvalide, kMsgMidiCommandeInconnue,
+                     kMsgMidiCanal, kMsgMidiSansNom, kMsgMidiInvalide, kMsgMidiCommandeInconnue,
                      kMsgMidiPisteSansNote, kMsgMidiAucuneCible, kMsgMidiErreur,
                      kMsgMidiAucunePiste, kMsgMidiFormat0};
   for (int id : ids) {

@@ -200,7 +200,7 @@ TEST(MidiReaderSources, TracksByNameAndIndexChannelsForFormatZero) {
   ASSERT_TRUE(lireMidi(smf(0, 96, {octets({0x00, 0x90, 60, 100, 0x00, 0x95, 40, 1, 0x00, 45, 1})}), f).ok());
   const auto c = sourcesMidi(f, kLangFrançais);
   ASSERT_EQ(c.size(), 16u);
-  EXPECT_EQ(c[0].libellé, "1");
+  EXPECT_EQ(c[0].libellé, "Canal 1");
   EXPECT_EQ(c[0].notes, 1);
   EXPECT_EQ(c[5].numéro, 6);
   EXPECT_EQ(c[5].notes, 2);

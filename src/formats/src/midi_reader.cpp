@@ -241,7 +241,7 @@ std::vector<MidiSource> sourcesMidi(const MidiFichier& f, int setLang) {
     for (int c = 1; c <= 16; ++c) {
       MidiSource s;
       s.numéro = c;
-      s.libellé = std::to_string(c);
+      s.libellé = loadString(kMsgMidiCanal, setLang) + std::to_string(c);
       s.nom = lue.aNom ? lue.nom : sansNom;
       s.événements = lue.événements;
       s.notes = lue.notesParCanal[static_cast<std::size_t>(c - 1)];

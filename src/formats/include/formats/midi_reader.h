@@ -18,6 +18,7 @@
 namespace vt {
 
 // Messages of the MIDI import.
+inline constexpr int kMsgMidiCanal = 1015;           // "Channel ", before a channel's number
 inline constexpr int kMsgMidiSansNom = 2500;         // the name of a track that has none
 inline constexpr int kMsgMidiInvalide = 2501;        // "This MIDI file is not valid!"
 inline constexpr int kMsgMidiCommandeInconnue = 2502;  // "Unknown command: " and the byte
@@ -108,7 +109,7 @@ InterchangeResult lirePisteMidi(const MidiFichier& f, int index, PisteMidiLue& o
 // One entry of the import dialog's lists.
 struct MidiSource {
   int numéro = 0;       // the chunk counted from 0 (format 1), or the channel 1..16 (format 0)
-  std::string libellé;  // as listed: "name: index", or the channel number
+  std::string libellé;  // as listed: "name: index", or "Channel " and the number
   std::string nom;      // the track's name, or string 2500
   int événements = 0;
   int notes = 0;        // note starts
