@@ -127,13 +127,15 @@ InterchangeResult convertirMidi(const MidiFichier& f, const MidiImportOptions& o
       doc.changePisteNbrCordes(k);
     }
     if (!parCanal && chunkDe(s) != 0 && lue.aNom) doc.setPisteNom(k, lue.nom.substr(0, kMaxTexte));
-    const int programme = lue.programmes[static_cast<std::size_t>(parCanal ? s - 1 : 0)];
+    // The track's first program change (of its channel in a format 0 file)
+    // gives the patch.
     if (parCanal) {
+      const int programme = lue.programmes[static_cast<std::size_t>(s - 1)];
       if (programme >= 0) doc.setMIDIPatch(k, static_cast<byt>(programme));
     } else {
-      for (int p : lue.programmes)
-        if (p >= 0) {
-          doc.setMIDIPatch(k, static_cast<byt>(p));
+      for (int programme : lue.programmes)
+        if (programme >= 0) {
+          doc.setMIDIPatch(k, static_cast<byt>(programme));
           break;
         }
     }

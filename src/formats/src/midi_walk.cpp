@@ -109,10 +109,13 @@ bool MidiWalk::fini() const {
   return false;
 }
 
-const CordeEtat& MidiWalk::corde(int p, int c) const {
+CordeEtat MidiWalk::corde(int p, int c) const {
   if (p < 1 || static_cast<std::size_t>(p) >= m_etat.size() || c < 1 || c > kMaxCordes)
     return kCordeVide;
-  return m_etat[static_cast<std::size_t>(p)].cordes[static_cast<std::size_t>(c)];
+  const PisteEtat& t = m_etat[static_cast<std::size_t>(p)];
+  CordeEtat s = t.cordes[static_cast<std::size_t>(c)];
+  if (s.restant > 0) s.restant -= t.écoulé;
+  return s;
 }
 
 void MidiWalk::entrerMesure() {
@@ -127,6 +130,7 @@ void MidiWalk::entrerMesure() {
     t.curseur.fill(1);
     t.accords = &m_in->accords(p, m);
     t.accord = 0;
+    t.calme = 0;
   }
 }
 
@@ -241,6 +245,16 @@ void MidiWalk::preparerGlisse(const tNote& note, CordeEtat& s, int p, int m, int
 
 void MidiWalk::stepPiste(int p, WalkSink& sink) {
   PisteEtat& t = m_etat[static_cast<std::size_t>(p)];
+  if (t.calme > 0) {
+    --t.calme;
+    ++t.écoulé;
+    return;
+  }
+  if (t.écoulé > 0) {
+    for (CordeEtat& s : t.cordes)
+      if (s.restant > 0) s.restant -= t.écoulé;
+    t.écoulé = 0;
+  }
   const WalkPiste& wp = m_in->piste(p);
   const int cordes = t.nbrCordes;
   const int m = m_bars.mesure();
@@ -266,6 +280,7 @@ void MidiWalk::stepPiste(int p, WalkSink& sink) {
   if (calme) {
     for (int c = 1; c <= cordes; ++c)
       if (t.cordes[static_cast<std::size_t>(c)].restant > 0) --t.cordes[static_cast<std::size_t>(c)].restant;
+    t.calme = calmeÀVenir(t, x);
     return;
   }
   const int largeur = m_largeur;
@@ -356,6 +371,26 @@ void MidiWalk::stepPiste(int p, WalkSink& sink) {
     if (estGlisse(n->bytEffet)) preparerGlisse(*n, s, p, m, c, index, largeur);
     if (s.restant > 0) --s.restant;
   }
+  t.calme = calmeÀVenir(t, x);
+}
+
+// How many ticks after x will be quiet on the track: no note or chord starts,
+// no note reaches its end, nothing bends, and the bar goes on.
+int MidiWalk::calmeÀVenir(const PisteEtat& t, int x) const {
+  int n = m_largeur - x;
+  for (int c = 1; c <= t.nbrCordes; ++c) {
+    const CordeEtat& s = t.cordes[static_cast<std::size_t>(c)];
+    if (s.bendRestant > 0) return 0;
+    if (s.restant >= 0) n = std::min(n, s.restant);
+    const OneBased<tNote>& l = *t.listes[static_cast<std::size_t>(c)];
+    int j = t.curseur[static_cast<std::size_t>(c)];
+    while (j <= l.last() && l[j].intX <= x) ++j;
+    if (j <= l.last()) n = std::min(n, l[j].intX - x - 1);
+  }
+  std::size_t a = t.accord;
+  while (a < t.accords->size() && (*t.accords)[a] <= x) ++a;
+  if (a < t.accords->size()) n = std::min(n, (*t.accords)[a] - x - 1);
+  return std::max(n, 0);
 }
 
 void MidiWalk::silence(WalkSink& sink) {

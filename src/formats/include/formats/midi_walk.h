@@ -153,7 +153,7 @@ class MidiWalk {
   int sauts() const { return m_bars.sauts(); }
   bool sautEnCours() const { return m_bars.sautEnCours(); }
   // State of string c (1..7) of track p; a blank state outside.
-  const CordeEtat& corde(int p, int c) const;
+  CordeEtat corde(int p, int c) const;
 
  private:
   struct PisteEtat {
@@ -164,12 +164,17 @@ class MidiWalk {
     const std::vector<u16>* accords = nullptr;
     std::size_t accord = 0;
     int nbrCordes = 0;
+    // Quiet ticks ahead (nothing starts, ends or bends) and quiet ticks gone
+    // by whose count-down the strings have not had yet.
+    int calme = 0;
+    int écoulé = 0;
     bool bendActif = false;
     bool vibratoActif = false;
   };
 
   void entrerMesure();
   void stepPiste(int p, WalkSink& sink);
+  int calmeÀVenir(const PisteEtat& t, int x) const;
   int suivanteLiée(int p, int m, int c, int n) const;
   void preparerGlisse(const tNote& note, CordeEtat& s, int p, int m, int c, int n, int largeur);
   void émettre(WalkSink& sink, WalkEventType type, int p, int c, std::array<byt, 3> octets,
