@@ -67,16 +67,25 @@ const std::vector<byt>& fichierMidi() {
   return octets;
 }
 
-std::string fichierTemporaire() {
-  static const std::string chemin = [] {
-    const auto p = std::filesystem::temp_directory_path() /
-                   ("vt_bench_" + std::to_string(::getpid()) + ".mid");
-    std::ofstream f(p, std::ios::binary);
+// The file that midicsv reads, removed when the program ends.
+struct FichierTemporaire {
+  std::filesystem::path chemin;
+  FichierTemporaire()
+      : chemin(std::filesystem::temp_directory_path() /
+               ("vt_bench_" + std::to_string(::getpid()) + ".mid")) {
+    std::ofstream f(chemin, std::ios::binary);
     f.write(reinterpret_cast<const char*>(fichierMidi().data()),
             static_cast<std::streamsize>(fichierMidi().size()));
-    return p.string();
-  }();
-  return chemin;
+  }
+  ~FichierTemporaire() {
+    std::error_code ec;
+    std::filesystem::remove(chemin, ec);
+  }
+};
+
+std::string fichierTemporaire() {
+  static const FichierTemporaire f;
+  return f.chemin.string();
 }
 
 // midicsv reading the same file, best of five runs, in seconds.
