@@ -1,4 +1,5 @@
-// convert IN OUT: reads by the input's extension, writes by the output's.
+// convert IN OUT: reads by the input's extension (.vtb, .mid/.midi, .txt/.tab), writes by
+// the output's, with the options of the MIDI and ASCII formats.
 #include <memory>
 
 #include "command.h"
@@ -13,12 +14,33 @@ const CommandRegistration kConvert("convert", [](CLI::App& app, Context& ctx) {
   auto sortie = std::make_shared<std::string>();
   sub->add_option("IN", *entrée, "the file to read")->required();
   sub->add_option("OUT", *sortie, "the file to write; its extension gives the format")->required();
-  sub->callback([&ctx, entrée, sortie] {
+
+  auto o = std::make_shared<OptionsFormats>();
+  sub->add_flag("--rmtf", o->rmtf, "MIDI export: add the tablature meta-events (RMTF)");
+  sub->add_option("--midi-tracks", o->pistesMidi,
+                  "MIDI import: the source of each target track, as the import dialog numbers "
+                  "them: track chunks from 0 (format 1) or channels 1 to 16 (format 0)")
+      ->delimiter(',')
+      ->check(CLI::Range(0, 65535));
+  sub->add_option("--transpose", o->transposition, "MIDI import: semitones added to every note")
+      ->check(CLI::Range(-127, 127));
+  sub->add_option_function<std::string>(
+         "--tempos", [o](const std::string& v) { o->tempos = v == "on"; },
+         "MIDI import: take the tempo changes (on by default)")
+      ->check(CLI::IsMember({"on", "off"}));
+  sub->add_option("--track", o->piste, "ASCII export: the track written (1 by default)")
+      ->check(CLI::Range(1, 255));
+  sub->add_option("--rhythm", o->rythme, "ASCII import: ticks of one text column (24 by default)")
+      ->check(CLI::IsMember({192, 96, 48, 24, 12, 6, 3}));
+  sub->add_option("--width", o->largeur, "ASCII export: the widest block in columns (66 by default)")
+      ->check(CLI::Range(1, 100000));
+
+  sub->callback([&ctx, entrée, sortie, o] {
     // Nothing is written unless the input was read in full.
     if (!sortieConnue(ctx, *sortie)) return;
-    auto lu = lireDocument(ctx, *entrée);
+    auto lu = lireDocument(ctx, *entrée, *o);
     if (!lu) return;
-    écrireDocument(ctx, lu->doc, *sortie);
+    écrireDocument(ctx, lu->doc, *sortie, *o);
   });
 });
 

@@ -14,6 +14,7 @@
 #include "formats/catalogue.h"
 #include "formats/string_table.h"
 #include "formats/vtb.h"
+#include "interchange_files.h"
 
 namespace vt::cli {
 
@@ -45,14 +46,27 @@ inline tGuitare guitareCourante(const Context& ctx) {
 
 struct DocumentLu {
   CVantoroTablature doc;
-  std::string format;  // "vtb"
-  int version = 0;
+  std::string format;  // "vtb", "midi" or "ascii"
+  int version = 0;     // of a ".vtb" file; the format (0, 1) of a MIDI file
 };
 
 // Reads a document; on refusal prints every message of the reader in order,
 // sets exit code 1 and gives nothing. Files of an unknown extension are tried
 // as ".vtb", whose reader recognises its own files.
-inline std::optional<DocumentLu> lireDocument(Context& ctx, const std::filesystem::path& fichier) {
+inline std::optional<DocumentLu> lireDocument(Context& ctx, const std::filesystem::path& fichier,
+                                              const OptionsFormats& options = {}) {
+  const std::string ext = extension(fichier);
+  if (estMidi(ext)) {
+    int format = 0;
+    auto doc = lireMidiCli(ctx, fichier, options, guitareCourante(ctx), format);
+    if (!doc) return std::nullopt;
+    return DocumentLu{std::move(*doc), "midi", format};
+  }
+  if (estTexte(ext)) {
+    auto doc = lireTexteCli(ctx, fichier, options, guitareCourante(ctx));
+    if (!doc) return std::nullopt;
+    return DocumentLu{std::move(*doc), "ascii", 0};
+  }
   VtbContexte vc;
   vc.catalogue = &catalogue();
   vc.guitare = guitareCourante(ctx);
@@ -68,7 +82,8 @@ inline std::optional<DocumentLu> lireDocument(Context& ctx, const std::filesyste
 
 // True when the extension is one the writer knows; else a usage error.
 inline bool sortieConnue(Context& ctx, const std::filesystem::path& fichier) {
-  if (extension(fichier) == ".vtb") return true;
+  const std::string ext = extension(fichier);
+  if (ext == ".vtb" || estMidi(ext) || estTexte(ext)) return true;
   usage(ctx, kTypeDeFichierInconnu, fichier.string());
   return false;
 }
@@ -76,8 +91,12 @@ inline bool sortieConnue(Context& ctx, const std::filesystem::path& fichier) {
 // Writes a document in the format of the file's extension; false after a
 // message (exit code 1 when the write failed, 2 for an unknown extension).
 inline bool écrireDocument(Context& ctx, CVantoroTablature& doc,
-                           const std::filesystem::path& fichier) {
+                           const std::filesystem::path& fichier,
+                           const OptionsFormats& options = {}) {
   if (!sortieConnue(ctx, fichier)) return false;
+  const std::string ext = extension(fichier);
+  if (estMidi(ext)) return écrireMidiCli(ctx, doc, fichier, options);
+  if (estTexte(ext)) return écrireTexteCli(ctx, doc, fichier, options);
   const VtbSauvegarde s = io_enregistrer_vtb(doc, fichier);
   if (!s.ok()) refuse(ctx, s.message, s.détail);
   return s.ok();
