@@ -47,6 +47,7 @@ TEST_F(SettingsStore, AnEmptyStoreGivesEveryDefaultAndAsksForTheLanguage) {
   EXPECT_EQ(s.setMétronomeMIDINote1, 33);
   EXPECT_EQ(s.setLoadHelpAccessWndAtStartup, kVrai);
   EXPECT_EQ(s.setTabFolderOpen, "/opt/vantoro/");
+  EXPECT_EQ(s.setSoundFont, "");  // the system's SoundFont
   EXPECT_EQ(s.strSkinPath, "default");
   EXPECT_EQ(s.cfgPrintNumpage, "- %c -");
   EXPECT_EQ(s.cfgCurseurColor, 16777087);
@@ -74,6 +75,7 @@ TEST_F(SettingsStore, WhatIsSavedComesBack) {
   s.setLang = 0;
   s.setMIDIvolume = 90;
   s.setMIDIdevice = -1;
+  s.setSoundFont = "/home/me/sons/Piano à queue, v2.sf2";
   s.setLeftHanded = kVrai;
   s.setStartWith[5] = kVrai;
   s.setTabLastOpenFile[2] = "/home/me/tabs/Étude, n°2.vtb";
@@ -94,6 +96,7 @@ TEST_F(SettingsStore, WhatIsSavedComesBack) {
   EXPECT_EQ(r.setLang, 0);
   EXPECT_EQ(r.setMIDIvolume, 90);
   EXPECT_EQ(r.setMIDIdevice, -1);
+  EXPECT_EQ(r.setSoundFont, "/home/me/sons/Piano à queue, v2.sf2");
   EXPECT_EQ(r.setLeftHanded, kVrai);
   EXPECT_EQ(r.setStartWith[5], kVrai);
   EXPECT_EQ(r.setTabLastOpenFile[2], "/home/me/tabs/Étude, n°2.vtb");

@@ -159,6 +159,7 @@ void Settings::load_ini(QSettings& store, const WorkArea& zone, const QString& s
   l.booleen(kOptions, k("setMIDIEffet1Ton"), setMIDIEffet1Ton, kFaux);
   l.octet(kOptions, k("setMIDIINBasicChannel"), setMIDIINBasicChannel, 1);
   l.entier(kOptions, k("setMIDIInDevice"), setMIDIInDevice, 0);
+  l.chaine(kOptions, k("setSoundFont"), setSoundFont, QString());
   for (int i = 1; i <= 4; ++i)
     l.chaine(kTab, k("setTabLastOpenFile", i), setTabLastOpenFile[static_cast<std::size_t>(i)],
              QString());
@@ -268,6 +269,7 @@ void Settings::save_ini(QSettings& store, i16 etatFenetre, const QString& strApp
   e.booleen(kOptions, k("setMIDIEffet1Ton"), setMIDIEffet1Ton);
   e.nombre(kOptions, k("setMIDIINBasicChannel"), setMIDIINBasicChannel);
   e.nombre(kOptions, k("setMIDIInDevice"), setMIDIInDevice);
+  e.texte(kOptions, k("setSoundFont"), setSoundFont);
   e.nombre(kOptions, k("setManche"), setManche);
   e.texte(kOptions, k("strSkinPath"), strSkinPath);
   e.nombre(kOptions, k("Show Tips at Startup"), setTipsStartup);

@@ -1,27 +1,133 @@
-// The MIDI ports of the session. The sound layer is not part of this build
-// yet: until it is, the ports stay closed and the notes go nowhere.
+// The MIDI ports of the session: MVantoro on the settings of the moment (the
+// options dialog may change them between two calls), with the received notes
+// brought over to the user-interface thread.
+#include <QFile>
+#include <QMetaObject>
+#include <QObject>
+
+#include "son_systeme.h"
+
 #include "shell/settings.h"
 #include "shell/son.h"
+#include "shell/textes.h"
+#include "sound/mvantoro.h"
+#include "sound/peripheriques.h"
 
 namespace vt {
 
 namespace {
 
-class SonSansPort : public SonLive {
+QStringList liste(const std::vector<std::string>& noms) {
+  QStringList l;
+  for (const std::string& n : noms)
+    l << QString::fromStdString(n);
+  return l;
+}
+
+class SonSysteme : public SonLive {
  public:
-  void midiOpenOut() override {}
-  void midiOpenIn() override {}
-  void midiCloseOut() override {}
-  void midiCloseIn() override {}
-  void midiNoteOnGlobal(int) override {}
-  void midiNoteOffGlobal(int) override {}
-  void midiController(int, int, int) override {}
+  explicit SonSysteme(const Settings& settings) : m_settings(settings) { brancheEntrée(); }
+  SonSysteme(const Settings& settings, MVantoro::FabriqueSortie sortie,
+             MVantoro::FabriqueEntrée entrée)
+      : m_settings(settings), m_midi(std::move(sortie), std::move(entrée)) {
+    brancheEntrée();
+  }
+
+  void midiOpenOut() override {
+    synchronise();
+    m_midi.midiOpenOut();
+  }
+  void midiOpenIn() override {
+    synchronise();
+    m_midi.midiOpenIn();
+  }
+  void midiCloseOut() override { m_midi.midiCloseOut(); }
+  void midiCloseIn() override { m_midi.midiCloseIn(); }
+
+  void midiNoteOnGlobal(int note) override {
+    synchronise();
+    m_midi.midiNoteOnGlobal(note);
+  }
+  void midiNoteOffGlobal(int note) override {
+    synchronise();
+    m_midi.midiNoteOffGlobal(note);
+  }
+  void midiController(int controller, int value, int canal) override {
+    m_midi.midiController(controller, value, canal);
+  }
+  void midiProgram(int canal, int patch) override { m_midi.midiProgram(canal, patch); }
+  void midiProgramGlobal(int patch) override {
+    synchronise();
+    m_midi.midiProgramGlobal(patch);
+  }
+  void midiNoteOn(int note, int canal, int vélocité) override {
+    m_midi.midiNoteOn(note, canal, vélocité);
+  }
+  void midiNoteOff(int note, int canal) override { m_midi.midiNoteOff(note, canal); }
+  void midiWheel(int canal, int octetHaut) override { m_midi.midiWheel(canal, octetHaut); }
+
+  std::int32_t midiOutHandle() const override { return m_midi.midiOutHandle(); }
+  QStringList sortiesMidi() const override { return liste(nomsSortiesMidi(m_settings.setLang)); }
+  QStringList entreesMidi() const override { return liste(nomsEntréesMidi()); }
+  int dernierResultat() const override { return m_midi.dernierRésultat(); }
+
+  QStringList prendMessages() override {
+    QStringList textes;
+    for (const MessageSon& m : m_midi.prendMessages()) {
+      QString t = qLoadString(m.id, m_settings.setLang);
+      if (!m.détail.empty()) t += QLatin1Char('\n') + QString::fromStdString(m.détail);
+      textes << t;
+    }
+    return textes;
+  }
+
+  void setReceveurNotes(ReceveurNotes receveur) override { m_receveur = std::move(receveur); }
+
+ private:
+  void brancheEntrée() {
+    // The input's thread only queues; the window takes the notes when this
+    // call comes round on its own thread.
+    m_midi.setNotificateur([this] {
+      QMetaObject::invokeMethod(
+          &m_contexte, [this] { distribue(); }, Qt::QueuedConnection);
+    });
+  }
+
+  void synchronise() {
+    RéglagesMidi r;
+    r.setMIDIdevice = m_settings.setMIDIdevice;
+    r.setMIDIInDevice = m_settings.setMIDIInDevice;
+    r.setMIDIchannel = m_settings.setMIDIchannel;
+    r.setMIDIinstru = m_settings.setMIDIinstru;
+    r.setMIDIvolume = m_settings.setMIDIvolume;
+    r.setMIDIINBasicChannel = m_settings.setMIDIINBasicChannel;
+    r.setSoundFont = QFile::encodeName(m_settings.setSoundFont).toStdString();
+    m_midi.setRéglages(r);
+  }
+
+  void distribue() {
+    for (const NoteReçue& n : m_midi.prendNotesReçues()) {
+      if (m_receveur) m_receveur(n.corde, n.note, n.enfoncée);
+    }
+  }
+
+  const Settings& m_settings;
+  ReceveurNotes m_receveur;
+  // Before m_midi: the input is closed (and its thread stopped) before the
+  // object its calls are queued for goes.
+  QObject m_contexte;
+  MVantoro m_midi;
 };
 
 }  // namespace
 
-std::unique_ptr<SonLive> sonSysteme(const Settings&) {
-  return std::make_unique<SonSansPort>();
+std::unique_ptr<SonLive> sonSysteme(const Settings& settings) {
+  return std::make_unique<SonSysteme>(settings);
+}
+
+std::unique_ptr<SonLive> sonSysteme(const Settings& settings, MVantoro::FabriqueSortie sortie,
+                                    MVantoro::FabriqueEntrée entrée) {
+  return std::make_unique<SonSysteme>(settings, std::move(sortie), std::move(entrée));
 }
 
 }  // namespace vt

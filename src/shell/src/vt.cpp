@@ -126,7 +126,7 @@ VT::VT(QWidget* parent) : QMainWindow(parent), m_fenetres(*this) {
   créeBarreOutils();
   créeBarreEtat();
   m_fenetres.enregistrer(fen::FAide, [](VT& vt) { return new FAide(vt); });
-  m_son = sonSysteme(m_settings);
+  setSon(sonSysteme(m_settings));
 }
 
 VT::~VT() {
@@ -143,10 +143,14 @@ void VT::setInteractions(const Interactions& i) {
   if (i.exec) m_interactions.exec = i.exec;
   if (i.critique) m_interactions.critique = i.critique;
   if (i.information) m_interactions.information = i.information;
+  if (i.avertissement) m_interactions.avertissement = i.avertissement;
 }
 
 void VT::setSon(std::unique_ptr<SonLive> son) {
-  if (son) m_son = std::move(son);
+  if (!son) return;
+  m_son = std::move(son);
+  m_son->setReceveurNotes(
+      [this](int corde, int note, bool enfoncee) { noteMidiEntrante(corde, note, enfoncee); });
 }
 
 QPrinter& VT::printer() {

@@ -25,6 +25,7 @@
 #include "shell/required_files.h"
 #include "shell/settings_store.h"
 #include "shell/vt.h"
+#include "sound/message_son.h"
 
 namespace vt {
 
@@ -73,6 +74,16 @@ bool VT::MDIForm_Load(const Démarrage& d) {
     m_interactions.information = [this](const QString& texte) {
       QMessageBox::information(this, QStringLiteral("Vantoro"), texte);
     };
+  if (!m_interactions.avertissement)
+    m_interactions.avertissement = [this](const QString& texte) {
+      // Offscreen nobody would read it.
+      if (QGuiApplication::platformName() == QLatin1String("offscreen")) return;
+      auto* boîte = new QMessageBox(QMessageBox::Warning, loadString(son::kTitreMessages), texte,
+                                    QMessageBox::Ok, this);
+      boîte->setAttribute(Qt::WA_DeleteOnClose);
+      boîte->setWindowModality(Qt::NonModal);
+      boîte->show();
+    };
 
   showHourglass(true);
   m_strAppPath = d.strAppPath.isEmpty() ? QCoreApplication::applicationDirPath() : d.strAppPath;
@@ -97,6 +108,11 @@ bool VT::MDIForm_Load(const Démarrage& d) {
   étape(QStringLiteral("show"));
   applyViewSettings();
   showHourglass(false);
+  // Once, over the window: the user learns why nothing may be heard.
+  if (const QStringList avis = m_son->prendMessages(); !avis.isEmpty()) {
+    étape(QStringLiteral("avertissement"));
+    m_interactions.avertissement(avis.join(QStringLiteral("\n\n")));
+  }
 
   ligneDeCommande(d.ligneDeCommande);
 

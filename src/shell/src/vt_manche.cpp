@@ -87,6 +87,24 @@ void VT::joueNote(int note) {
   m_son->midiNoteOnGlobal(note);
 }
 
+void VT::noteMidiEntrante(int corde, int note, bool enfoncee) {
+  emit noteMidiRecue(corde, note, enfoncee);
+  if (auto* tab = m_fenetres.interface<FenetreTablature>(fen::FTab)) {
+    if (enfoncee) {
+      tab->TabMIDINoteOn(note);
+    } else {
+      tab->TabMIDINoteOff(note);
+    }
+    return;
+  }
+  if (!enfoncee) {
+    m_son->midiNoteOffGlobal(note);
+    return;
+  }
+  m_son->midiNoteOnGlobal(note);
+  if (auto* h = m_fenetres.interface<FenetreVT>(fen::FHarmony)) h->receiveNote(note);
+}
+
 void VT::picManche_MouseDown(int c, int s, Qt::MouseButton bouton) {
   if (s < 1 || s > m_guitare.nbrCordes) return;
   const int note = m_guitare.corde[static_cast<std::size_t>(s)] + c;

@@ -83,6 +83,7 @@ class Settings {
   vbool setMIDIEffet1Ton = kFaux;
   byt setMIDIINBasicChannel = 0;
   i16 setMIDIInDevice = 0;
+  QString setSoundFont;  // the built-in synthesizer's SoundFont; empty: the system's
   byt setManche = 0;
   QString strSkinPath;
   byt setTipsStartup = 0;  // key "Show Tips at Startup"

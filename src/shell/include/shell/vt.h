@@ -50,6 +50,9 @@ class VT : public QMainWindow {
     std::function<void(QDialog&)> exec;  // shows a modal window
     std::function<void(const QString& texte, const QString& titre)> critique;
     std::function<void(const QString& texte)> information;
+    // What the sound has to say at start (no SoundFont, no audio device); by
+    // default a window that does not wait for an answer, and none offscreen.
+    std::function<void(const QString& texte)> avertissement;
   };
 
   struct Démarrage {
@@ -71,6 +74,9 @@ class VT : public QMainWindow {
   void setObservateur(std::function<void(const QString&)> o) { m_observateur = std::move(o); }
   // The MIDI ports; by default those of the system.
   void setSon(std::unique_ptr<SonLive> son);
+  // A note of the MIDI input: to the editor when it is loaded, else sounded
+  // on the settings' channel and handed to the harmonizer.
+  void noteMidiEntrante(int corde, int note, bool enfoncee);
 
   // ---- What the windows share -------------------------------------------------
   Settings& settings() { return m_settings; }
@@ -168,6 +174,11 @@ class VT : public QMainWindow {
   // The note the pointer was last over, and the last one sounded.
   int noteSouris() const { return m_noteSouris; }
   int derniereNote() const { return m_dernièreNote; }
+
+ signals:
+  // Every note of the MIDI input, on this thread: the string its channel
+  // stands for, the note, pressed or released (the editor's recording).
+  void noteMidiRecue(int corde, int note, bool enfoncee);
 
  protected:
   void closeEvent(QCloseEvent* e) override;

@@ -1,0 +1,256 @@
+// The main window and its sound: what the sound has to say is shown once at
+// start, notes from the MIDI input reach the editor or the fretboard's
+// listeners, and a click on the fretboard sounds through the built-in
+// synthesizer itself.
+#include <QApplication>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <thread>
+
+#include "banc.h"
+#include "shell/manche.h"
+#include "son_systeme.h"
+#include "sound/midi_handles.h"
+#include "sound/sortie_journal.h"
+#include "sound/synthe_integre.h"
+
+namespace vt::essai {
+namespace {
+
+// The recording stand-in, with something to say at start and an input whose
+// notes the test plays.
+class SonBavard : public SonEnregistreur {
+ public:
+  SonBavard(Journal& j, QStringList messages)
+      : SonEnregistreur(j), m_messages(std::move(messages)) {}
+  QStringList prendMessages() override {
+    QStringList m;
+    m.swap(m_messages);
+    return m;
+  }
+  void setReceveurNotes(ReceveurNotes r) override { receveur = std::move(r); }
+  ReceveurNotes receveur;
+
+ private:
+  QStringList m_messages;
+};
+
+class Son : public Banc {
+ protected:
+  void SetUp() override {
+    Banc::SetUp();
+    silencieux();
+  }
+  SonBavard& bavard(QStringList messages = {}) {
+    crée();
+    auto s = std::make_unique<SonBavard>(sons, std::move(messages));
+    SonBavard& r = *s;
+    vt->setSon(std::move(s));
+    VT::Interactions i;
+    i.avertissement = [this](const QString& t) { avertissements << t; };
+    vt->setInteractions(i);
+    return r;
+  }
+  QStringList avertissements;
+};
+
+TEST_F(Son, WhatTheSoundHasToSayIsShownOnceOverTheWindow) {
+  bavard({"No SoundFont", "No audio"});
+  ASSERT_TRUE(démarre());
+  EXPECT_EQ(avertissements, QStringList{"No SoundFont\n\nNo audio"});
+  const auto montre = std::find(étapes.begin(), étapes.end(), "show");
+  const auto averti = std::find(étapes.begin(), étapes.end(), "avertissement");
+  ASSERT_NE(averti, étapes.end());
+  EXPECT_LT(montre, averti);
+}
+
+TEST_F(Son, NothingToSayShowsNothing) {
+  bavard();
+  ASSERT_TRUE(démarre());
+  EXPECT_TRUE(avertissements.isEmpty());
+  EXPECT_FALSE(contient(étapes, "avertissement"));
+}
+
+TEST_F(Son, InputNotesGoToTheEditorWhenItIsLoaded) {
+  SonBavard& s = bavard();
+  enregistre({fen::FTab});
+  ASSERT_TRUE(démarre());
+  ASSERT_TRUE(s.receveur);
+  QSignalSpy reçues(vt.get(), &VT::noteMidiRecue);
+  vt->montreFenetre(fen::FTab);
+  journal.clear();
+  sons.clear();
+  s.receveur(3, 55, true);
+  s.receveur(3, 55, false);
+  EXPECT_EQ(journal, (Journal{"FTab on 55", "FTab off 55"}));
+  EXPECT_TRUE(sons.empty()) << "the editor sounds its notes itself";
+  ASSERT_EQ(reçues.size(), 2);
+  EXPECT_EQ(reçues[0], (QList<QVariant>{3, 55, true}));
+  EXPECT_EQ(reçues[1], (QList<QVariant>{3, 55, false}));
+}
+
+TEST_F(Son, WithoutTheEditorInputNotesSoundAndTheHarmonizerHearsThem) {
+  SonBavard& s = bavard();
+  enregistre({fen::FHarmony});
+  ASSERT_TRUE(démarre());
+  vt->montreFenetre(fen::FHarmony);
+  journal.clear();
+  sons.clear();
+  s.receveur(1, 64, true);
+  s.receveur(1, 64, false);
+  EXPECT_EQ(sons, (Journal{"on 64", "off 64"}));
+  EXPECT_EQ(journal, (Journal{"FHarmony receiveNote 64"}));
+}
+
+// An input whose messages the test sends from its own thread.
+class EntréeEssai : public MidiIn {
+ public:
+  void démarre(Rappel r) override { m_rappel = std::move(r); }
+  void arrête() override { m_rappel = nullptr; }
+  std::string nom() const override { return "test"; }
+  void envoie(std::uint32_t m) {
+    if (m_rappel) m_rappel(m);
+  }
+
+ private:
+  Rappel m_rappel;
+};
+
+// The session's ports with the logging output and that input: the path from
+// the settings to the bytes, and from the input's thread to the window.
+class SonJournal : public Son {
+ protected:
+  void prépare() {
+    crée();
+    vt->setSon(sonSysteme(
+        vt->settings(),
+        [this](int device, const std::string& soundFont) {
+          ouvertures.push_back({device, soundFont});
+          journalMidi = std::make_shared<SortieJournal>();
+          return OuvertureSortie{journalMidi, messages};
+        },
+        [this](int) {
+          auto e = std::make_unique<EntréeEssai>();
+          entrée = e.get();
+          return OuvertureEntrée{std::move(e), {}};
+        }));
+    VT::Interactions i;
+    i.avertissement = [this](const QString& t) { avertissements << t; };
+    vt->setInteractions(i);
+  }
+  std::vector<std::string> octets() const {
+    std::vector<std::string> l;
+    for (const MessageDate& m : journalMidi->messages()) {
+      const std::string ligne = ligneJournal(m);
+      l.push_back(ligne.substr(ligne.find(' ') + 1));
+    }
+    return l;
+  }
+  void clic(int c, int s) {
+    const QPoint p(32 * c + 19, 24 * s - 16);
+    for (auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+      QMouseEvent e(type, QPointF(p), vt->manche().mapToGlobal(QPointF(p)), Qt::LeftButton,
+                    type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                    Qt::NoModifier);
+      QApplication::sendEvent(&vt->manche(), &e);
+    }
+  }
+
+  std::vector<std::pair<int, std::string>> ouvertures;
+  std::vector<MessageSon> messages;
+  std::shared_ptr<SortieJournal> journalMidi;
+  EntréeEssai* entrée = nullptr;
+};
+
+TEST_F(SonJournal, TheSettingsOfTheMomentReachTheBytes) {
+  règle("Options/setMIDIdevice", "2");
+  règle("Options/setMIDIchannel", "4");
+  règle("Options/setMIDIinstru", "30");
+  règle("Options/setMIDIvolume", "77");
+  règle("Options/setSoundFont", "/home/me/piano.sf2");
+  prépare();
+  ASSERT_TRUE(démarre());
+  vt->resize(1000, 700);
+  QCoreApplication::processEvents();
+  ASSERT_EQ(ouvertures.size(), 1u);
+  EXPECT_EQ(ouvertures[0], (std::pair<int, std::string>{2, "/home/me/piano.sf2"}));
+  EXPECT_EQ(journalMidi->resets(), 1);
+  EXPECT_EQ(midiHandleSortie(vt->son().midiOutHandle()), journalMidi);
+  EXPECT_EQ(vt->panneau("midi")->toolTip(), vt->loadString(4000 + 30));
+
+  clic(3, 1);                         // G4 on the fourth channel at volume 77, then all notes off
+  vt->settings().setMIDIchannel = 5;  // as the options dialog would
+  clic(5, 6);                         // A2
+  EXPECT_EQ(octets(), (std::vector<std::string>{"C3 1E", "93 43 4D", "B3 7B 00", "94 43 00",
+                                                "94 2D 4D", "B4 7B 00"}));
+}
+
+TEST_F(SonJournal, MessagesAreShownInTheWindowsLanguageWithTheirDetail) {
+  messages = {{son::kAucuneSortieAudio.id, "pulseaudio: connection refused"}};
+  prépare();
+  ASSERT_TRUE(démarre());
+  EXPECT_EQ(avertissements, QStringList{vt->loadString(3104) + "\npulseaudio: connection refused"});
+}
+
+TEST_F(SonJournal, InputNotesCrossToTheWindowsThreadAsQueuedCalls) {
+  prépare();
+  ASSERT_TRUE(démarre());
+  ASSERT_NE(entrée, nullptr);
+  QSignalSpy reçues(vt.get(), &VT::noteMidiRecue);
+  journalMidi->efface();
+  std::thread fil([this] {
+    entrée->envoie(midiPack(0x92, 52, 100));  // the third string with basic channel 1
+    entrée->envoie(midiPack(0x82, 52, 0));
+  });
+  fil.join();
+  EXPECT_EQ(reçues.size(), 0) << "nothing runs on the input's thread but the queueing";
+  QCoreApplication::processEvents();
+  ASSERT_EQ(reçues.size(), 2);
+  EXPECT_EQ(reçues[0], (QList<QVariant>{3, 52, true}));
+  EXPECT_EQ(reçues[1], (QList<QVariant>{3, 52, false}));
+  // No editor: the note sounds on the settings' channel.
+  EXPECT_EQ(octets(), (std::vector<std::string>{"90 34 7F", "90 34 00"}));
+}
+
+// The system's own ports, as the program opens them: the output is the
+// built-in synthesizer, and a press on the fretboard starts a voice in it.
+TEST_F(Son, AClickOnTheFretboardSoundsThroughTheBuiltInSynthesizer) {
+  crée();
+  vt->setSon(sonSysteme(vt->settings()));
+  ASSERT_TRUE(démarre());
+  vt->resize(1000, 700);
+  QCoreApplication::processEvents();
+
+  const std::int32_t handle = vt->son().midiOutHandle();
+  ASSERT_NE(handle, 0);
+  const auto sortie = midiHandleSortie(handle);
+  auto* synthé = dynamic_cast<SynthéIntégré*>(sortie.get());
+  ASSERT_NE(synthé, nullptr) << "output 0 is the built-in synthesizer";
+  ASSERT_FALSE(synthé->soundFont().empty()) << "scripts/setup installs a General MIDI SoundFont";
+  EXPECT_EQ(synthé->voixActives(), 0);
+
+  // The high E string, third fret: G4.
+  const QPoint p(32 * 3 + 19, 24 * 1 - 16);
+  QMouseEvent appui(QEvent::MouseButtonPress, QPointF(p), vt->manche().mapToGlobal(QPointF(p)),
+                    Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&vt->manche(), &appui);
+  EXPECT_GT(synthé->voixActives(), 0);
+  if (synthé->piloteAudio().empty()) {
+    // No audio device here: listen to it by hand.
+    std::vector<std::int16_t> pcm(2 * 4410);
+    ASSERT_TRUE(synthé->rends(pcm.data(), 4410));
+    int crête = 0;
+    for (std::int16_t v : pcm)
+      crête = std::max(crête, std::abs(int(v)));
+    EXPECT_GT(crête, 300);
+  }
+  vt->close();
+  EXPECT_EQ(vt->son().midiOutHandle(), 0);
+  EXPECT_EQ(midiHandleSortie(handle), nullptr);
+}
+
+}  // namespace
+}  // namespace vt::essai
