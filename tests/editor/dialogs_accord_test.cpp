@@ -1,0 +1,179 @@
+// FTabAccord: the diagram fingered by clicks, the track's diagrams to reuse,
+// written at the cursor on OK or removed from it.
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
+
+#include "dialogs/diagramme_accord.h"
+#include "dialogs/ftab_accord.h"
+#include "dialogs/pic_accord.h"
+#include "dialogs_support.h"
+
+namespace vt::essai {
+namespace {
+
+OneBased<byt> frettes(std::initializer_list<int> cases) {
+  OneBased<byt> f;
+  for (int c : cases)
+    f.push_back(static_cast<byt>(c));
+  return f;
+}
+
+// A track with C twice and G once, strings 1 to 6 as the document counts them.
+CVantoroTablature pieceAvecAccords() {
+  CVantoroTablature doc = document(1, 3);
+  const auto place = [&doc](int m, int x, const char* nom, OneBased<byt> f) {
+    doc.setMesureAccord(1, m, doc.addandplaceMesureAccord(1, m, x), nom, f);
+  };
+  place(1, 0, "C", frettes({0, 1, 0, 2, 3, 255}));
+  place(2, 0, "C", frettes({0, 1, 0, 2, 3, 255}));
+  place(2, 96, "G", frettes({3, 0, 0, 0, 2, 3}));
+  place(3, 0, "Bm7", frettes({7, 7, 7, 9, 9, 7}));
+  return doc;
+}
+
+void clique(FTabAccord& d, int corde, int rang) {
+  QTest::mouseClick(d.picAccord(), Qt::LeftButton, {}, d.picAccord()->point(corde, rang));
+}
+
+TEST(Accord, TheListHoldsEachDiagramOfTheTrackOnce) {
+  CVantoroTablature doc = pieceAvecAccords();
+  FTabAccord d(kAnglais, doc, 1, 1, 48);
+  ASSERT_EQ(d.liste().size(), 3u);
+  EXPECT_EQ(d.liste()[0].nom, "C");
+  EXPECT_EQ(d.liste()[1].nom, "G");
+  EXPECT_EQ(enfant<QListWidget>(&d, "lstChord")->count(), 3);
+  // No chord at the cursor: an empty diagram, nothing to delete.
+  EXPECT_EQ(d.diagramme(), Diagramme::vide(6));
+  EXPECT_FALSE(enfant<QPushButton>(&d, "btnDelete")->isEnabled());
+  // Choosing an entry loads it, shown from its first fret.
+  enfant<QListWidget>(&d, "lstChord")->setCurrentRow(2);
+  EXPECT_EQ(d.diagramme().nom, "Bm7");
+  EXPECT_EQ(enfant<QSpinBox>(&d, "udPos")->value(), 7);
+  EXPECT_EQ(enfant<QLineEdit>(&d, "txtNom")->text(), "Bm7");
+  ok(d);
+  EXPECT_TRUE(d.modifie());
+  const int n = doc.searchMesureAccord(1, 1, 48);
+  ASSERT_EQ(n, 2);
+  EXPECT_EQ(doc.getMesureAccordNom(1, 1, n), "Bm7");
+  EXPECT_EQ(doc.getMesureAccordCorde(1, 1, n, 4), 9);
+}
+
+TEST(Accord, ClicksFingerTheDiagramAndOkWritesItAtTheCursor) {
+  CVantoroTablature doc = document(1, 2);
+  FTabAccord d(kAnglais, doc, 1, 2, 96);
+  d.resize(d.sizeHint());
+  d.show();
+  clique(d, 6, 0);  // not played -> open
+  clique(d, 5, 0);
+  clique(d, 5, 0);  // open -> not played
+  clique(d, 5, 3);  // third fret
+  clique(d, 4, 2);
+  clique(d, 4, 2);  // the same fret again lifts the finger
+  clique(d, 3, 0);
+  clique(d, 2, 1);
+  // From the fifth fret on, a click on the first row is fret 5.
+  enfant<QSpinBox>(&d, "udPos")->setValue(5);
+  clique(d, 1, 1);
+  const Diagramme& g = d.diagramme();
+  EXPECT_EQ(g.cases[6], 0);
+  EXPECT_EQ(g.cases[5], 3);
+  EXPECT_EQ(g.cases[4], 0);
+  EXPECT_EQ(g.cases[3], 0);
+  EXPECT_EQ(g.cases[2], 1);
+  EXPECT_EQ(g.cases[1], 5);
+  QTest::keyClicks(enfant<QLineEdit>(&d, "txtNom"), QString::fromUtf8("C6/9 \u00B0"));
+  // The new diagram can join the list.
+  enfant<QPushButton>(&d, "btnAdd")->click();
+  enfant<QPushButton>(&d, "btnAdd")->click();
+  EXPECT_EQ(d.liste().size(), 1u);
+  ok(d);
+  EXPECT_TRUE(d.modifie());
+  EXPECT_EQ(doc.modifi, kVrai);
+  const int n = doc.searchMesureAccord(1, 2, 96);
+  ASSERT_NE(n, 0);
+  EXPECT_EQ(doc.getMesureAccordNom(1, 2, n), "C6/9 \xB0");
+  const int attendues[] = {0, 5, 1, 0, 0, 3, 0};
+  for (int c = 1; c <= 6; ++c)
+    EXPECT_EQ(doc.getMesureAccordCorde(1, 2, n, c), attendues[c]) << c;
+}
+
+TEST(Accord, DeleteRemovesTheChordCancelKeepsItUndoBringsItBack) {
+  CVantoroTablature doc = pieceAvecAccords();
+  doc.setCurseurPiste(1);
+  const CVantoroTablature avant = doc;
+  {
+    FTabAccord d(kAnglais, doc, 1, 2, 96);
+    EXPECT_EQ(d.diagramme().nom, "G");
+    EXPECT_EQ(enfant<QSpinBox>(&d, "udPos")->value(), 1);
+    enfant<QLineEdit>(&d, "txtNom")->setText("changed");
+    // Taking an entry off the list touches no bar.
+    enfant<QListWidget>(&d, "lstChord")->setCurrentRow(0);
+    enfant<QPushButton>(&d, "btnSupprimer")->click();
+    EXPECT_EQ(d.liste().size(), 2u);
+    annuler(d);
+    EXPECT_FALSE(d.modifie());
+  }
+  EXPECT_TRUE(doc == avant);
+  {
+    FTabAccord d(kAnglais, doc, 1, 2, 96);
+    ok(d);  // unchanged: nothing written
+    EXPECT_FALSE(d.modifie());
+    EXPECT_TRUE(doc == avant);
+  }
+  FTabAccord d(kAnglais, doc, 1, 2, 96);
+  enfant<QPushButton>(&d, "btnDelete")->click();
+  EXPECT_TRUE(d.modifie());
+  EXPECT_EQ(d.result(), QDialog::Accepted);
+  EXPECT_EQ(doc.getMesureAccordLast(1, 2), 1);
+  EXPECT_EQ(doc.searchMesureAccord(1, 2, 96), 0);
+  doc.makeUndo();
+  EXPECT_TRUE(memeContenu(doc, avant));
+}
+
+TEST(Accord, ANameWindows1252LacksIsRefused) {
+  CVantoroTablature doc = document(1, 1);
+  FTabAccord d(kAnglais, doc, 1, 1, 0);
+  enfant<QLineEdit>(&d, "txtNom")->setText(QString::fromUtf8("C\u266D7"));
+  ok(d);
+  EXPECT_NE(d.result(), QDialog::Accepted);
+  EXPECT_TRUE(enfant<QLabel>(&d, "lblErreur")->text().contains(QString::fromUtf8("\u266D")));
+  EXPECT_EQ(doc.getMesureAccordLast(1, 1), 0);
+}
+
+TEST(DiagrammeAccord, EveryStringAndRowIsFoundWhereItIsDrawn) {
+  for (int n : {4, 6, 7}) {
+    const GeometrieDiagramme geo(QRectF(10, 20, 200, 240), n);
+    for (int c = 1; c <= n; ++c)
+      for (int r = 0; r <= kRangsDiagramme; ++r) {
+        int corde = 0, rang = -1;
+        ASSERT_TRUE(geo.touche(QPointF(geo.xCorde(c), geo.yRang(r)), corde, rang)) << n << c << r;
+        EXPECT_EQ(corde, c);
+        EXPECT_EQ(rang, r);
+      }
+    // The lowest string stands on the left.
+    EXPECT_LT(geo.xCorde(n), geo.xCorde(1));
+    int corde = 0, rang = 0;
+    EXPECT_FALSE(geo.touche(QPointF(geo.xCorde(1), 19), corde, rang));
+    EXPECT_FALSE(geo.touche(QPointF(geo.xCorde(1), geo.yRang(kRangsDiagramme) + geo.hauteurRang()),
+                            corde, rang));
+    EXPECT_FALSE(geo.touche(QPointF(geo.xCorde(1) + geo.ecartCordes(), geo.yRang(1)), corde, rang));
+  }
+}
+
+TEST(DiagrammeAccord, TheFirstFretShownFitsTheFingering) {
+  Diagramme d = Diagramme::vide(6);
+  EXPECT_EQ(d.premiereCaseJouee(), 0);
+  EXPECT_EQ(d.premiereCaseAffichee(), 1);
+  d.cases = {0, 3, 0, 0, 0, 2, 3, 0};
+  EXPECT_EQ(d.premiereCaseJouee(), 2);
+  EXPECT_EQ(d.premiereCaseAffichee(), 1);  // within five frets: the nut shows
+  d.cases = {0, 7, 7, 7, 9, 9, 255, 0};
+  EXPECT_EQ(d.premiereCaseAffichee(), 7);
+}
+
+}  // namespace
+}  // namespace vt::essai

@@ -1,0 +1,222 @@
+// The bar header dialogs: time signature (and what a narrower bar cuts), key
+// signature, bar lines.
+#include <QComboBox>
+#include <QLabel>
+#include <QRadioButton>
+#include <QSpinBox>
+
+#include "dialogs/ftab_get_key_signature.h"
+#include "dialogs/ftab_get_time_signature.h"
+#include "dialogs/ftab_mesure.h"
+#include "dialogs/noms_tonalites.h"
+#include "dialogs_support.h"
+
+namespace vt::essai {
+namespace {
+
+void signature(QDialog& d, int haut, int bas) {
+  enfant<QSpinBox>(&d, "udHaut")->setValue(haut);
+  auto* b = enfant<QComboBox>(&d, "cmbBas");
+  b->setCurrentIndex(b->findData(bas));
+}
+
+// Bar 2 of a 4/4 piece with content at and past tick 144 on both tracks.
+CVantoroTablature pieceACouper() {
+  CVantoroTablature doc = document(2, 3);
+  doc.setNoteWhole(1, 2, 1, 0, 3, 48);
+  doc.setNoteWhole(1, 2, 2, 96, 5, 96);
+  doc.setNoteWhole(1, 2, 3, 144, 7, 24);
+  doc.setNoteWhole(1, 2, 3, 168, 8, 24);
+  doc.setNoteWhole(2, 2, 6, 150, 1, 12);
+  doc.setMesureAccord(2, 2, doc.addandplaceMesureAccord(2, 2, 150), "E", OneBased<byt>(6, 0));
+  doc.setMesureTexte(2, 2, 160, "fill", kVrai);
+  doc.setMesureTexte(1, 2, 0, "verse", kFaux);
+  doc.setMesureTempo(2, 150, 100);
+  doc.setMesureTempo(2, 48, 90);
+  doc.setNoteWhole(1, 3, 1, 168, 9, 24);  // another bar: untouched
+  return doc;
+}
+
+TEST(TimeSignature, ANarrowerBarShowsWhatItCutsAndCutsItOnEveryTrack) {
+  CVantoroTablature doc = pieceACouper();
+  FTabGetTimeSignature d(kAnglais, doc, 2);
+  EXPECT_EQ(enfant<QSpinBox>(&d, "udHaut")->value(), 4);
+  EXPECT_EQ(enfant<QComboBox>(&d, "cmbBas")->currentData().toInt(), 4);
+  auto* coupe = enfant<QLabel>(&d, "lblCoupe");
+  EXPECT_TRUE(coupe->isHidden());
+  enfant<QRadioButton>(&d, "optSeule")->setChecked(true);
+  signature(d, 3, 4);
+  EXPECT_FALSE(coupe->isHidden());
+  EXPECT_EQ(coupe->text(),
+            QString::fromUtf8("Beyond the new end of the measure, this will be removed from "
+                              "every track — notes: 3, chords: 1, texts: 1, tempo changes: 1."));
+  // A wider bar cuts nothing.
+  signature(d, 5, 4);
+  EXPECT_TRUE(coupe->isHidden());
+  signature(d, 6, 8);
+  EXPECT_FALSE(coupe->isHidden());
+  ok(d);
+  EXPECT_TRUE(d.modifie());
+  EXPECT_EQ(doc.modifi, kVrai);
+
+  EXPECT_EQ(doc.getMesureSignatureUp(2), 6);
+  EXPECT_EQ(doc.getMesureSignatureDn(2), 8);
+  EXPECT_EQ(doc.getMesureLargeur(2), 144);
+  EXPECT_EQ(doc.getMesureSignatureUp(3), 4);
+  EXPECT_EQ(doc.getNoteLast(1, 2, 3), 0);
+  EXPECT_EQ(doc.getNoteLast(2, 2, 6), 0);
+  EXPECT_EQ(doc.getMesureAccordLast(2, 2), 0);
+  EXPECT_EQ(doc.getMesureTexteUpLast(2, 2), 0);
+  EXPECT_EQ(doc.getMesureTempoLast(2), 1);
+  EXPECT_EQ(doc.getMesureTempoX(2, 1), 48);
+  // What lies before the new end stays, even a note that now runs past it.
+  EXPECT_EQ(doc.getNoteCase(1, 2, 1, 1), 3);
+  EXPECT_EQ(doc.getNoteDurée(1, 2, 2, 1), 96);
+  EXPECT_EQ(doc.getMesureTexteDnContenu(1, 2, 1), "verse");
+  EXPECT_EQ(doc.getNoteLast(1, 3, 1), 1);
+}
+
+TEST(TimeSignature, FromAMeasureOnItHoldsUpToTheNextChange) {
+  CVantoroTablature doc = document(1, 6);
+  doc.setMesureSignature(4, 6, 8);
+  FTabGetTimeSignature d(kAnglais, doc, 1);
+  enfant<QSpinBox>(&d, "udMesure")->setValue(2);
+  EXPECT_TRUE(enfant<QRadioButton>(&d, "optSuite")->isChecked());
+  signature(d, 7, 8);
+  ok(d);
+  const int hauts[] = {0, 4, 7, 7, 6, 4, 4};
+  const int bas[] = {0, 4, 8, 8, 8, 4, 4};
+  for (int m = 1; m <= 6; ++m) {
+    EXPECT_EQ(doc.getMesureSignatureUp(m), hauts[m]) << m;
+    EXPECT_EQ(doc.getMesureSignatureDn(m), bas[m]) << m;
+  }
+  // Choosing another bar primes the fields with its signature.
+  FTabGetTimeSignature e(kAnglais, doc, 1);
+  enfant<QSpinBox>(&e, "udMesure")->setValue(4);
+  EXPECT_EQ(enfant<QSpinBox>(&e, "udHaut")->value(), 6);
+  EXPECT_EQ(enfant<QComboBox>(&e, "cmbBas")->currentData().toInt(), 8);
+}
+
+TEST(TimeSignature, CancelCutsNothingAndUndoBringsBackTheCursorsTrack) {
+  CVantoroTablature doc = pieceACouper();
+  const CVantoroTablature avant = doc;
+  {
+    FTabGetTimeSignature d(kAnglais, doc, 2);
+    signature(d, 2, 4);
+    annuler(d);
+    EXPECT_FALSE(d.modifie());
+  }
+  EXPECT_TRUE(doc == avant);
+
+  doc.setCurseurPiste(1);
+  doc.setCurseurMesure(2);
+  doc.setCurseurX(168);
+  FTabGetTimeSignature d(kAnglais, doc, 2);
+  enfant<QRadioButton>(&d, "optSeule")->setChecked(true);
+  signature(d, 2, 4);
+  ok(d);
+  EXPECT_EQ(doc.getNoteLast(1, 2, 2), 0);
+  EXPECT_EQ(doc.CurseurX(), 0);  // the cursor stays inside its bar
+  ASSERT_EQ(doc.getUndoDepth(), 1);
+  doc.makeUndo();
+  // The track's notes come back; the signature is the bar's, outside the snapshot.
+  EXPECT_TRUE(doc.piste(1) == avant.piste(1));
+  EXPECT_EQ(doc.getMesureSignatureUp(2), 2);
+}
+
+TEST(KeySignature, NamesEveryKeyAndWritesTheStoredByte) {
+  for (int a = -7; a <= 7; ++a)
+    for (bool majeur : {true, false})
+      for (const Textes& t : {kAnglais, kFrancais})
+        EXPECT_FALSE(nomTonalite(t, a, majeur).startsWith('[')) << a << majeur;
+  EXPECT_EQ(nomTonalite(kAnglais, -3, false), "C minor");
+  EXPECT_EQ(nomTonalite(kFrancais, 6, true), QString::fromUtf8("Fa dièse majeur"));
+  EXPECT_EQ(nomAlterations(kAnglais, -3), "3 flats");
+  EXPECT_EQ(nomAlterations(kFrancais, 1), QString::fromUtf8("1 dièse"));
+
+  CVantoroTablature doc = document(1, 4);
+  doc.setMesureTonalitéDétails(3, 1, kVrai);
+  FTabGetKeySignature d(kAnglais, doc, 1);
+  auto* liste = enfant<QComboBox>(&d, "cmbAlterations");
+  EXPECT_EQ(liste->currentText(), "C major (no sharps or flats)");
+  enfant<QRadioButton>(&d, "optMineur")->setChecked(true);
+  liste->setCurrentIndex(liste->findData(-3));
+  EXPECT_EQ(liste->currentText(), "C minor (3 flats)");
+  EXPECT_EQ(d.tonalite(), 69);
+  ok(d);
+  EXPECT_EQ(doc.getMesureTonalité(1), 69);
+  EXPECT_EQ(doc.getMesureTonalité(2), 69);
+  EXPECT_EQ(doc.getMesureTonalitéAltérations(2), -3);
+  EXPECT_EQ(doc.getMesureTonalitéMode(2), kFaux);
+  EXPECT_EQ(doc.getMesureTonalité(3), 9);  // the next change stays
+  EXPECT_EQ(doc.getMesureTonalité(4), 8);
+
+  // A stored minor key opens as it is; one bar alone; Cancel changes nothing.
+  FTabGetKeySignature e(kFrancais, doc, 2);
+  EXPECT_TRUE(enfant<QRadioButton>(&e, "optMineur")->isChecked());
+  EXPECT_EQ(enfant<QComboBox>(&e, "cmbAlterations")->currentText(),
+            QString::fromUtf8("Do mineur (3 bémols)"));
+  const CVantoroTablature avant = doc;
+  enfant<QRadioButton>(&e, "optMajeur")->setChecked(true);
+  annuler(e);
+  EXPECT_TRUE(doc == avant);
+  FTabGetKeySignature f(kAnglais, doc, 2);
+  enfant<QRadioButton>(&f, "optSeule")->setChecked(true);
+  enfant<QRadioButton>(&f, "optMajeur")->setChecked(true);
+  ok(f);
+  EXPECT_EQ(doc.getMesureTonalité(1), 69);
+  EXPECT_EQ(doc.getMesureTonalité(2), 5);
+  EXPECT_EQ(doc.getMesureTonalité(3), 9);
+}
+
+TEST(BarLines, RepeatsTakeTheirCountAndOtherLinesWriteNone) {
+  CVantoroTablature doc = document(1, 3);
+  doc.setMesureLoopGaucheData(2, 7);  // never interpreted: kept
+  {
+    FTabMesure d(kAnglais, doc, 2);
+    auto* passages = enfant<QSpinBox>(&d, "udPassages");
+    EXPECT_FALSE(passages->isEnabled());
+    enfant<QComboBox>(&d, "cmbGauche")->setCurrentIndex(barre::kRepetition);
+    enfant<QComboBox>(&d, "cmbDroite")->setCurrentIndex(barre::kRepetition);
+    EXPECT_TRUE(passages->isEnabled());
+    EXPECT_EQ(passages->value(), 2);
+    passages->setValue(3);
+    ok(d);
+    EXPECT_TRUE(d.modifie());
+  }
+  EXPECT_EQ(doc.getMesureLoopGaucheType(2), barre::kRepetition);
+  EXPECT_EQ(doc.getMesureLoopDroiteType(2), barre::kRepetition);
+  EXPECT_EQ(doc.getMesureLoopDroiteData(2), 3);
+  EXPECT_EQ(doc.getMesureLoopGaucheData(2), 7);
+  EXPECT_EQ(doc.modifi, kVrai);
+  {
+    FTabMesure d(kAnglais, doc, 2);
+    EXPECT_EQ(enfant<QSpinBox>(&d, "udPassages")->value(), 3);
+    enfant<QComboBox>(&d, "cmbDroite")->setCurrentIndex(barre::kFinale);
+    ok(d);
+  }
+  EXPECT_EQ(doc.getMesureLoopDroiteType(2), barre::kFinale);
+  EXPECT_EQ(doc.getMesureLoopDroiteData(2), 0);
+  EXPECT_EQ(doc.getMesureLoopGaucheType(2), barre::kRepetition);
+}
+
+TEST(BarLines, CancelOrNothingChangedWritesNothingNotEvenOddStoredValues) {
+  CVantoroTablature doc = document(1, 2);
+  doc.setMesureLoopGaucheType(1, 3);  // a type the left line does not use
+  doc.setMesureLoopDroiteType(1, barre::kRepetition);
+  doc.setMesureLoopDroiteData(1, 0);
+  const CVantoroTablature avant = doc;
+  {
+    FTabMesure d(kAnglais, doc, 1);
+    enfant<QComboBox>(&d, "cmbDroite")->setCurrentIndex(barre::kDouble);
+    annuler(d);
+  }
+  EXPECT_TRUE(doc == avant);
+  FTabMesure d(kAnglais, doc, 1);
+  ok(d);
+  EXPECT_FALSE(d.modifie());
+  EXPECT_TRUE(doc == avant);
+}
+
+}  // namespace
+}  // namespace vt::essai
