@@ -3,6 +3,7 @@
 // with vt.fenetres().enregistrer(fen::FAccords, factory).
 #include <QApplication>
 
+#include "editor/ftab.h"
 #include "shell/vt.h"
 
 int main(int argc, char* argv[]) {
@@ -12,6 +13,7 @@ int main(int argc, char* argv[]) {
   QApplication::setDesktopFileName(QStringLiteral("vantoro"));
 
   vt::VT vt;
+  vt.fenetres().enregistrer(vt::fen::FTab, [](vt::VT& v) { return new vt::FTab(v); });
   vt::VT::Démarrage démarrage;
   // The command line as typed: the whole of it names one file.
   démarrage.ligneDeCommande = QApplication::arguments().mid(1).join(QLatin1Char(' '));

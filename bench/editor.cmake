@@ -1,0 +1,8 @@
+# The editor: a key press on a long tablature, from the key to the bar on screen.
+if(TARGET vt_editor)
+  find_package(Qt6 REQUIRED COMPONENTS Widgets)
+  vt_add_bench(NAME bench_editor DEPS vt_editor Qt6::Widgets
+    SOURCES ${CMAKE_CURRENT_LIST_DIR}/bench_editor.cpp)
+  # The program's data folder, beside the programs.
+  target_compile_definitions(bench_editor PRIVATE VT_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
+endif()

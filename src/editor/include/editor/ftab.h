@@ -1,0 +1,275 @@
+// FTab, the tablature editor: a child window of the main window that shows one
+// track of the one document as a strip of bars and lets the user write it
+// with the keyboard and the mouse.
+//
+// Its parts live in separate files: the window and its layout (ftab.cpp), the
+// strip widget (ftab_strip.cpp), the keyboard (ftab_keys.cpp, ftab_entry.cpp),
+// the cursor (ftab_cursor.cpp), the mouse (ftab_mouse.cpp), the menus
+// (ftab_menus.cpp, ftab_commands.cpp), the document's dialogs
+// (ftab_dialogs.cpp), the live notes (ftab_sound.cpp), the files and the
+// instrument (ftab_file.cpp). Playback will come in its own file, ftab_play.cpp:
+// `m_joue` is the flag every command already tests.
+#pragma once
+
+#include <QImage>
+#include <QKeySequence>
+#include <QRect>
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "document/types.h"
+#include "editor/ftab_toolstate.h"
+#include "render/tab_settings.h"
+#include "shell/fenetres.h"
+
+class QAction;
+class QMenu;
+class QMenuBar;
+class QScrollBar;
+
+namespace vt {
+
+class VT;
+class CVantoroTablature;
+class CStripRenderer;
+class PainterSurface;
+class PicTab;
+
+// The document's dialogs, which the editor opens from its keys and menus. They
+// are written apart from the window; `FTab::setOuvreDialogue` connects them. Each
+// reads the document and the cursor, and writes back on OK.
+enum class DialogueTab {
+  Proprietes,       // Alt+Enter, Edit menu 13: the piece and its tracks
+  ProprietesPiste,  // Tracks menu: the same, on the tracks page, for the current track
+  Transpose,        // Edit menu 15
+  Signature,        // S, Edit menu 16: the time signature from the cursor's bar
+  Tonalite,         // Q, Edit menu 17: the key signature from the cursor's bar
+  BarresMesure,     // Edit menu 18: the bar lines of the cursor's bar
+  Tempo,            // Edit menu 19: a tempo change at the cursor
+  Texte,            // Tools menu 4: a text at the cursor
+  Accord,           // A, Tools menu 5: a chord diagram at the cursor's track, bar and tick
+};
+
+class FTab : public QWidget, public FenetreVT, public FenetreTablature {
+  Q_OBJECT
+
+ public:
+  explicit FTab(VT& vt, QWidget* parent = nullptr);
+  ~FTab() override;
+
+  // ---- What the main window asks --------------------------------------------
+  void load_lang() override;
+  void changeLanguage() override;
+  bool isPlaying() const override { return m_joue; }
+  int CurseurCorde() const override;
+  // The cursor keys of the fretboard, as if typed.
+  void picTab_KeyDown(int key) override;
+  void picTab_KeyUp() override;
+  void key_generic_note(int fret) override;
+  void TabMIDINoteOn(int note) override;
+  void TabMIDINoteOff(int note) override;
+  void refreshPicture() override;
+  void mancheUpdate() override;
+  void ouvreLigneDeCommande(const QString& fichier) override;
+  void ouvreFichierDéposé(const QString& fichier) override;
+
+  // ---- Keyboard entry ----------------------------------------------------------
+  // A key of the strip: Qt's key code and modifiers (the keypad is the
+  // KeypadModifier). An auto-repeated press does not enter or sound a note again.
+  void picTab_KeyDown(int key, Qt::KeyboardModifiers mods, bool répétition = false);
+  void picTab_KeyUp(int key, Qt::KeyboardModifiers mods);
+  // Sets an effect on the note at the cursor, or on a blank note made there.
+  void key_generic_effect(byt bytEffet);
+
+  // ---- Commands of the menus (indices as the menus number them) -----------------
+  void MenuTabFile(int index);
+  void mnuTabEdit(int index);
+  void mnuTabDisplay(int index);
+  void mnuTabEffet(int index);
+  void mnuTabPlay(int index);
+  void mnuTabTool(int index);
+  void mnuTabToolRythme(int index);
+  void mnuTabToolAttaque(int index);
+  void mnuTabToolVolume(int index);
+  void mnutabPistes(int index);
+  void mnuTabPopUp(int index);
+
+  // ---- The window ------------------------------------------------------------
+  // The editor's own start of a fresh document.
+  void DebugInitialisation();
+  // Removes the selection.
+  void selClear();
+  // The current instrument follows the cursor's track when the catalogue knows it.
+  void updateGlobalGuitar();
+  // The menus' marks follow the note under the cursor.
+  void tbUpdate();
+  // The track entries of the Tracks menu, the current one checked.
+  void tbPistesUpdate();
+  void disableUndoRedoButtons();
+  void updateLastOpenFile();
+
+  // ---- State, for the other parts of the editor and for tests --------------------
+  EtatOutils& outils() { return m_outils; }
+  const EtatOutils& outils() const { return m_outils; }
+  const TabSettings& réglagesVue() const { return m_tab; }
+  const QImage& image() const;
+  QWidget* picTab() const;
+  QScrollBar* hScroll() const { return m_hScroll; }
+  // A menu entry by its name, "mnuTabEdit_0", "mnuTabDisplay_2", ... (nullptr if none).
+  QAction* entrée(const QString& nom) const;
+
+  // Shows a message of the system (an error of a file); a message box by default.
+  std::function<void(const QString& texte)> message;
+  // The document's dialogs: `ouvre` shows one modally and answers true when
+  // the user accepted; the entries and keys of the dialogs not in
+  // `disponibles` stay disabled. The editor connects its own at load
+  // (ftab_dialogs.cpp); tests put theirs.
+  void setOuvreDialogue(std::function<bool(DialogueTab)> ouvre,
+                        std::vector<DialogueTab> disponibles);
+  bool dialogueDisponible(DialogueTab d) const;
+
+ protected:
+  void closeEvent(QCloseEvent* e) override;
+
+ private:
+  friend class PicTab;
+
+  CVantoroTablature& doc() { return m_doc; }
+  const CVantoroTablature& doc() const { return m_doc; }
+  int piste() const;
+  int nbCordes() const;
+
+  // ---- Strip (ftab.cpp) ----
+  void Form_Resize(int largeur, int hauteur);
+  void hScroll_Change(int valeur);
+  void limitesDéfilement();
+  // Copies the "Tab" settings the strip reads, keeping the view scale.
+  void appliqueRéglages();
+  // The full paint of the strip.
+  void drawInLine();
+  // Shows on screen what changed in the picture since the last call: the bars
+  // marked by salitMesureCurseur, or all of it.
+  void montreImage();
+  void salitMesureCurseur();
+  void libelléFenêtre();
+
+  // ---- Cursor (ftab_cursor.cpp) ----
+  // Every change of the picture under the cursor and the selection hides them
+  // first and shows them again after: they are painted by raster modes. Hiding
+  // them tints the ink they lay over, so the cursor's bar is drawn again
+  // (`restaure`) unless the caller redraws it or the strip anyway.
+  void cacheCurseur(bool restaure = true);
+  // Ends a command: the view follows the cursor (unless `suivre` is false), the
+  // strip is painted whole when `plein` or when it scrolled, otherwise the
+  // cursor and the selection are shown again; then the status bar, the
+  // fretboard and the menus follow.
+  void termine(bool plein, bool suivre = true);
+  // After every move: the status bar, the fretboard, the menus' marks.
+  void curseurDéplacé();
+  // Sets the first bar shown so that the cursor's bar is on screen; true when it changed.
+  bool suisCurseur();
+  void setPremièreMesure(int mesure);
+  // The moves change the document's cursor only; true when a bar was added.
+  void curseurGauche();
+  bool curseurDroite();
+  void curseurCorde(int delta);
+  void mesureVoisine(int delta);
+  bool mesureSuivanteOuNouvelle();
+  void changeVue(int mode, bool triolet);
+  void allerMesure(int mesure, int x);
+
+  // ---- Keys (ftab_keys.cpp) ----
+  bool toucheMaj(int key);
+  bool toucheCtrl(int key, Qt::KeyboardModifiers mods);
+  void toucheSimple(int key, Qt::KeyboardModifiers mods, bool répétition);
+
+  // ---- Edits (ftab_entry.cpp) ----
+  void saisitCase(int fret, bool chiffre);
+  // The cursor after a note typed in insert mode; true when a bar was added.
+  bool avanceAprèsNote(int durée);
+  void changeCase(int delta);
+  void déplaceVersCorde(int delta);
+  void toucheRetour();
+  void toucheInser();
+  void toucheSuppr();
+  // Before a one-note edit: hides the cursor and wipes the cursor's bar when it
+  // can be drawn again alone; true when the strip must be painted whole instead.
+  bool avantEdition();
+  // After it: draws the bar again, unless the strip is to be painted whole,
+  // which it must be too when the edit made an effect reach the next bar.
+  // Answers whether the strip is to be painted whole.
+  bool apresEdition(bool plein);
+  // The cursor's bar can be wiped and drawn alone: no effect of its notes
+  // reaches into the next bar, and none of the bar before reaches into it.
+  bool mesureSeule() const;
+  // The note at the cursor takes the length, the attack or the nuance of the
+  // entry state, its other values kept.
+  void noteAuCurseurSuitOutils(bool durée, bool attaque, bool volume);
+  void marqueModifié();
+
+  // ---- Live notes (ftab_sound.cpp) ----
+  void MIDISetCanalPptes(int p);
+  int canalPiste(int p) const;
+  int noteMIDI(int p, int corde, int fret) const;
+  void sonneColonne();
+  void sonneNote(int note);
+  void arrêteNotes();
+
+  // ---- Mouse (ftab_mouse.cpp) ----
+  void picTab_MouseDown(double x, double y, Qt::MouseButton bouton);
+  void picTab_MouseMove(double x, double y, Qt::MouseButtons boutons);
+  void picTab_MouseUp(double x, double y, Qt::MouseButton bouton);
+  void placeCurseurSouris(double x, double y);
+
+  // ---- Menus (ftab_menus.cpp) ----
+  void créeMenus();
+  QMenu* menu(QMenu* parent, const QString& nom, int titre);
+  // An entry named `nom` whose caption is string `texte`, followed by the key
+  // that does the same on the strip when there is one.
+  QAction* ajoute(QMenu* menu, const QString& nom, int texte, std::function<void()> commande,
+                  const QKeySequence& touche = {}, bool cochable = false);
+  void libellésMenus();
+  void disponibilités();
+  void marquesOutils();
+  void marquesVue();
+
+  // ---- Dialogs, files and the instrument (ftab_commands.cpp, ftab_file.cpp) ----
+  void dialogue(DialogueTab d);
+  void connecteDialogues();
+  void ouvreFichier(const QString& fichier);
+
+  VT& m_vt;
+  CVantoroTablature& m_doc;  // the one document, refilled by new and open, never replaced
+  TabSettings m_tab;
+  std::unique_ptr<PainterSurface> m_surface;
+  std::unique_ptr<CStripRenderer> m_renderer;
+  PicTab* m_picTab = nullptr;
+  QScrollBar* m_hScroll = nullptr;
+  QMenuBar* m_barreMenus = nullptr;
+  QMenu* m_mnuTabPopUp = nullptr;
+  std::map<QString, QMenu*> m_menus;      // the menus by name ("mnuTabFile", ...)
+  std::map<QString, QAction*> m_entrées;  // their entries by name and index
+  struct Libellé {
+    QAction* action;
+    int texte;
+    QKeySequence touche;
+  };
+  std::vector<Libellé> m_libellés;
+  std::function<bool(DialogueTab)> m_ouvreDialogue;
+  std::vector<DialogueTab> m_dialogues;  // the dialogs that exist
+  EtatOutils m_outils;
+  bool m_joue = false;              // playback runs
+  bool m_glisse = false;            // the left button is held over the strip
+  bool m_défilementBloqué = false;  // the scroll bar is being set by the program
+  QString m_fichier;                // the file of the document, empty when new
+  QRect m_sale;                     // what changed in the picture, not yet on screen
+  bool m_toutSale = true;           // the whole picture changed
+  // Notes sounding while their key is held: (channel, note).
+  std::vector<std::pair<int, int>> m_notesTenues;
+};
+
+}  // namespace vt

@@ -1,0 +1,277 @@
+// The commands behind the menus, each a dispatcher on the menu's index, and the
+// document's dialogs seen from the editor.
+#include <QAction>
+#include <algorithm>
+#include <array>
+
+#include "editor/ftab.h"
+#include "render/strip_renderer.h"
+#include "shell/vt.h"
+
+namespace vt {
+
+namespace {
+// The effects of the Effects menu, in its order; the last entry clears.
+constexpr std::array<byt, 13> kEffetsMenu{
+    effet::kHammerOn, effet::kPullOff,    effet::kSlideUp,    effet::kSlideDown, effet::kVibrato,
+    effet::kBendUp,   effet::kBendUpDown, effet::kBendReturn, effet::kBendDown,  effet::kTremolo,
+    effet::kTrill,    effet::kLiaison,    effet::kAucun};
+
+// The view mode whose grid matches a rhythm: quarter columns for the long notes.
+int vuePourRythme(int rythme) {
+  return rythme <= 2 ? 1 : rythme - 1;
+}
+}  // namespace
+
+void FTab::MenuTabFile(int index) {
+  // New, open, save, import, export, printing and the page setup arrive with
+  // the file commands; the main window's own commands are here already.
+  switch (index) {
+    case 13:
+      m_vt.MenuGlobalFile(2);
+      break;
+    case 16:
+      m_vt.MenuGlobalFile(4);
+      break;
+    case 17:
+      m_vt.MenuGlobalFile(5);
+      break;
+    default:
+      break;
+  }
+}
+
+void FTab::mnuTabEdit(int index) {
+  CVantoroTablature& d = doc();
+  switch (index) {
+    case 0:
+    case 1: {
+      if ((index == 0 ? d.getUndoDepth() : d.getRedoDepth()) == 0) return;
+      cacheCurseur(false);
+      const bool autrePiste = index == 0 ? d.makeUndo() : d.makeRedo();
+      d.setCurseurCorde(static_cast<byt>(std::clamp<int>(d.CurseurCorde(), 1, nbCordes())));
+      marqueModifié();
+      if (autrePiste) {
+        tbPistesUpdate();
+        updateGlobalGuitar();
+      }
+      termine(true);
+      return;
+    }
+    case 13:
+      dialogue(DialogueTab::Proprietes);
+      return;
+    case 15:
+      dialogue(DialogueTab::Transpose);
+      return;
+    case 16:
+      dialogue(DialogueTab::Signature);
+      return;
+    case 17:
+      dialogue(DialogueTab::Tonalite);
+      return;
+    case 18:
+      dialogue(DialogueTab::BarresMesure);
+      return;
+    case 19:
+      dialogue(DialogueTab::Tempo);
+      return;
+    default:
+      // The clipboards of notes and bars arrive with the edit commands.
+      return;
+  }
+}
+
+void FTab::mnuTabDisplay(int index) {
+  Settings& s = m_vt.settings();
+  switch (index) {
+    case 0:
+    case 1:
+    case 2:
+    case 3:
+      changeVue(index + 1, m_tab.viewModeTriolet);
+      return;
+    case 4:
+      changeVue(m_tab.viewMode, !m_tab.viewModeTriolet);
+      return;
+    case 6:
+      s.cfgAffichePortée = toVbool(s.cfgAffichePortée == 0);
+      marquesVue();
+      cacheCurseur(false);
+      termine(true);
+      return;
+    case 7:
+      s.cfgTabSynchronise = toVbool(s.cfgTabSynchronise == 0);
+      marquesVue();
+      return;
+    case 10:
+      refreshPicture();
+      return;
+    default:
+      return;
+  }
+}
+
+void FTab::mnuTabEffet(int index) {
+  if (index < 0 || index >= static_cast<int>(kEffetsMenu.size())) return;
+  key_generic_effect(kEffetsMenu[static_cast<std::size_t>(index)]);
+  marquesOutils();
+}
+
+void FTab::mnuTabPlay(int index) {
+  if (m_joue) return;
+  const CVantoroTablature& d = doc();
+  switch (index) {
+    case 1:
+      allerMesure(1, 0);
+      return;
+    case 2:
+      allerMesure(d.getMesureLast(), 0);
+      return;
+    case 7:
+      allerMesure(d.getMarkerStartMesure(), d.getMarkerStartX());
+      return;
+    case 8:
+      allerMesure(d.getMarkerStopMesure(), d.getMarkerStopX());
+      return;
+    default:
+      // Playing, the markers' run, the count-in, the loop and the recording
+      // arrive with playback.
+      return;
+  }
+}
+
+void FTab::mnuTabTool(int index) {
+  if (index == 4) dialogue(DialogueTab::Texte);
+  if (index == 5) dialogue(DialogueTab::Accord);
+}
+
+void FTab::mnuTabToolRythme(int index) {
+  if (index >= 0 && index < static_cast<int>(kDuréesRythme.size())) {
+    m_outils.rythme = index;
+  } else if (index == 7) {
+    m_outils.pointée = !m_outils.pointée;
+  } else if (index == 8) {
+    m_outils.triolet = !m_outils.triolet;
+  } else {
+    return;
+  }
+  // The grid follows the chosen rhythm. Moving the view shows the note under
+  // the cursor as it is; the choice just made is what the note takes next.
+  if (m_vt.settings().cfgTabSynchronise != 0 && index != 7) {
+    const int mode = vuePourRythme(m_outils.rythme);
+    if (mode != m_tab.viewMode || m_outils.triolet != m_tab.viewModeTriolet) {
+      const EtatOutils choisi = m_outils;
+      changeVue(mode, m_outils.triolet);
+      m_outils = choisi;
+    }
+  }
+  marquesOutils();
+  noteAuCurseurSuitOutils(true, false, false);
+}
+
+void FTab::mnuTabToolAttaque(int index) {
+  if (index < 0 || index >= kNbAttaques) return;
+  m_outils.attaque = attaqueDuMenu(index);
+  marquesOutils();
+  noteAuCurseurSuitOutils(false, true, false);
+}
+
+void FTab::mnuTabToolVolume(int index) {
+  if (index < 0 || index >= kNbNuances) return;
+  m_outils.nuance = index + 1;
+  marquesOutils();
+  noteAuCurseurSuitOutils(false, false, true);
+}
+
+void FTab::mnutabPistes(int index) {
+  if (index == 3) {
+    dialogue(DialogueTab::ProprietesPiste);
+    return;
+  }
+  // Adding and deleting tracks arrive with the track commands.
+  const int p = index - 4;
+  if (p < 1 || p > doc().getPisteLast() || m_joue) return;
+  cacheCurseur(false);
+  doc().setCurseurPiste(static_cast<byt>(p));
+  doc().setCurseurCorde(static_cast<byt>(std::clamp<int>(doc().CurseurCorde(), 1, nbCordes())));
+  tbPistesUpdate();
+  if (doc().getStaffType(p) != kStaffBatterie) updateGlobalGuitar();
+  termine(true);
+}
+
+void FTab::mnuTabPopUp(int index) {
+  switch (index) {
+    case 0:
+      déplaceVersCorde(-1);
+      return;
+    case 1:
+      déplaceVersCorde(1);
+      return;
+    case 3:
+    case 4: {
+      CVantoroTablature& d = doc();
+      cacheCurseur(false);
+      if (index == 3) {
+        d.setMarqueurStart(d.CurseurMesure(), d.CurseurX());
+      } else {
+        d.setMarqueurStop(d.CurseurMesure(), d.CurseurX());
+      }
+      marqueModifié();
+      termine(true);
+      return;
+    }
+    default:
+      return;
+  }
+}
+
+void FTab::setOuvreDialogue(std::function<bool(DialogueTab)> ouvre,
+                            std::vector<DialogueTab> disponibles) {
+  m_ouvreDialogue = std::move(ouvre);
+  m_dialogues = m_ouvreDialogue ? std::move(disponibles) : std::vector<DialogueTab>{};
+  disponibilités();
+}
+
+bool FTab::dialogueDisponible(DialogueTab d) const {
+  return std::find(m_dialogues.begin(), m_dialogues.end(), d) != m_dialogues.end();
+}
+
+void FTab::dialogue(DialogueTab quoi) {
+  if (!dialogueDisponible(quoi) || m_joue) return;
+  arrêteNotes();
+  CVantoroTablature& d = doc();
+  const CVantoroTablature avant = d;
+  if (!m_ouvreDialogue(quoi) || d == avant) return;
+
+  // A dialog that changed the cursor's track without keeping a snapshot gets
+  // one now, taken from the copy made before it opened.
+  const int p = avant.CurseurPiste();
+  if (d.undoStack() == avant.undoStack() && d.getPisteLast() == avant.getPisteLast() &&
+      d.hasPiste(p) && !(d.piste(p) == avant.piste(p))) {
+    tPiste après = std::move(d.piste(p));
+    d.piste(p) = avant.piste(p);
+    const byt curseur = d.CurseurPiste();
+    d.setCurseurPiste(static_cast<byt>(p));
+    d.storeUndo(true);
+    d.setCurseurPiste(curseur);
+    d.piste(p) = std::move(après);
+  }
+  marqueModifié();
+
+  // The cursor stays inside what the dialog left.
+  if (!d.hasPiste(d.CurseurPiste())) d.setCurseurPiste(1);
+  if (!d.hasMesure(d.CurseurMesure()))
+    d.setCurseurMesure(static_cast<i16>(std::max(1, d.getMesureLast())));
+  if (d.CurseurX() >= d.getMesureLargeur(d.CurseurMesure())) d.setCurseurX(0);
+  d.setCurseurCorde(static_cast<byt>(std::clamp<int>(d.CurseurCorde(), 1, nbCordes())));
+  if (d.m_lngScrollValue > d.getMesureLast()) d.m_lngScrollValue = d.getMesureLast();
+  if (quoi == DialogueTab::Proprietes || quoi == DialogueTab::ProprietesPiste) {
+    tbPistesUpdate();
+    if (d.getStaffType(d.CurseurPiste()) != kStaffBatterie) updateGlobalGuitar();
+  }
+  // The whole strip is drawn again, without hiding a cursor the dialog may have moved.
+  termine(true);
+}
+
+}  // namespace vt

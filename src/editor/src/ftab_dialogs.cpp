@@ -1,0 +1,52 @@
+// The document's dialogs as the editor opens them: each on the cursor's track,
+// bar and tick, in the language of the main window.
+#include <QFile>
+#include <filesystem>
+
+#include "dialogs/dialogs.h"
+#include "editor/ftab.h"
+#include "formats/catalogue.h"
+#include "shell/vt.h"
+
+namespace vt {
+
+void FTab::connecteDialogues() {
+  const auto ouvre = [this](DialogueTab quoi) -> bool {
+    const Textes t{m_vt.setLang()};
+    CVantoroTablature& d = doc();
+    const int p = d.CurseurPiste();
+    const int m = d.CurseurMesure();
+    const int x = d.CurseurX();
+    switch (quoi) {
+      case DialogueTab::Proprietes:
+      case DialogueTab::ProprietesPiste: {
+        const std::filesystem::path fichier(
+            QFile::encodeName(m_vt.strAppPath() + QLatin1String(kFichierCatalogue)).toStdString());
+        const CatalogueGuitares catalogue = CatalogueGuitares::load(fichier);
+        const auto onglet = quoi == DialogueTab::Proprietes ? FTabProprietes::Onglet::Morceau
+                                                            : FTabProprietes::Onglet::Pistes;
+        return FTabProprietes::editer(this, t, catalogue, m_vt.guitare(), d, onglet, p);
+      }
+      case DialogueTab::Signature:
+        return FTabGetTimeSignature::editer(this, t, d, m);
+      case DialogueTab::Tonalite:
+        return FTabGetKeySignature::editer(this, t, d, m);
+      case DialogueTab::BarresMesure:
+        return FTabMesure::editer(this, t, d, m);
+      case DialogueTab::Tempo:
+        return FTabTempo::editer(this, t, d, m, x);
+      case DialogueTab::Texte:
+        return FTabTextes::editer(this, t, d, p, m, x);
+      case DialogueTab::Accord:
+        return FTabAccord::getAccord(this, t, d, p, m, x);
+      case DialogueTab::Transpose:
+        return false;  // the transposition dialog is not written yet
+    }
+    return false;
+  };
+  setOuvreDialogue(ouvre, {DialogueTab::Proprietes, DialogueTab::ProprietesPiste,
+                           DialogueTab::Signature, DialogueTab::Tonalite, DialogueTab::BarresMesure,
+                           DialogueTab::Tempo, DialogueTab::Texte, DialogueTab::Accord});
+}
+
+}  // namespace vt

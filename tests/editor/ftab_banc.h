@@ -1,0 +1,99 @@
+// A bench for the editor: the main window booted offscreen as in the shell's
+// tests, with the real FTab registered, a strip of known size, and the live
+// notes written down.
+#pragma once
+
+#include <QCoreApplication>
+#include <QMdiSubWindow>
+#include <QTest>
+
+#include "../shell/banc.h"
+#include "editor/ftab.h"
+
+namespace vt::essai {
+
+// The shell's recorder, with the editor's own notes on a track's channel.
+class SonEditeur : public SonEnregistreur {
+ public:
+  explicit SonEditeur(Journal& j) : SonEnregistreur(j), m_journal(j) {}
+  void midiProgram(int canal, int patch) override {
+    m_journal.push_back(QStringLiteral("program %1 %2").arg(canal).arg(patch));
+  }
+  void midiNoteOn(int note, int canal, int v) override {
+    m_journal.push_back(QStringLiteral("noteOn %1 %2 %3").arg(note).arg(canal).arg(v));
+  }
+  void midiNoteOff(int note, int canal) override {
+    m_journal.push_back(QStringLiteral("noteOff %1 %2").arg(note).arg(canal));
+  }
+  void midiWheel(int canal, int haut) override {
+    m_journal.push_back(QStringLiteral("wheel %1 %2").arg(canal).arg(haut));
+  }
+
+ private:
+  Journal& m_journal;
+};
+
+class Editeur : public Banc {
+ protected:
+  void SetUp() override {
+    Banc::SetUp();
+    silencieux();
+  }
+
+  // The main window with the editor open on a fresh document, its strip
+  // about 1100 x 520 pixels.
+  FTab& ouvre() {
+    crée();
+    vt->setSon(std::make_unique<SonEditeur>(sons));
+    vt->fenetres().enregistrer(fen::FTab, [](VT& v) { return new FTab(v); });
+    EXPECT_TRUE(démarre());
+    vt->resize(1300, 900);
+    ftab = dynamic_cast<FTab*>(vt->montreFenetre(fen::FTab));
+    EXPECT_NE(ftab, nullptr);
+    if (auto* cadre = qobject_cast<QMdiSubWindow*>(ftab->parentWidget())) cadre->resize(1120, 640);
+    QCoreApplication::processEvents();
+    // The document's dialogs are modal: a test puts its own when it wants them.
+    dialoguesDuProgramme = ftab->entrée("mnuTabEdit_13")->isEnabled();
+    ftab->setOuvreDialogue({}, {});
+    sons.clear();
+    return *ftab;
+  }
+
+  CVantoroTablature& doc() { return vt->document(); }
+
+  void touche(int key, Qt::KeyboardModifiers mods = Qt::NoModifier) {
+    QTest::keyClick(ftab->picTab(), static_cast<Qt::Key>(key), mods);
+  }
+  // Types each character: digits, letters (as their keys), nothing else.
+  void tape(const QString& texte) {
+    for (const QChar ch : texte)
+      touche(Qt::Key_0 + (ch.unicode() - '0'));
+  }
+  void curseur(int mesure, int x, int corde) {
+    doc().setCurseurMesure(static_cast<i16>(mesure));
+    doc().setCurseurX(static_cast<i16>(x));
+    doc().setCurseurCorde(static_cast<byt>(corde));
+    ftab->refreshPicture();
+  }
+  // The fret at a place of track 1, -1 when no note stands there.
+  int fret(int mesure, int corde, int x) {
+    const int n = doc().searchNote(1, mesure, corde, x);
+    return n == 0 ? -1 : doc().getNoteCase(1, mesure, corde, n);
+  }
+  const tNote* note(int mesure, int corde, int x) {
+    return doc().getNote(1, mesure, corde, doc().searchNote(1, mesure, corde, x));
+  }
+  // A note placed directly in the document, as a file would bring it.
+  void pose(int mesure, int corde, int x, int f, int durée = 24) {
+    const int n = doc().setNoteWhole(1, mesure, corde, x, f, durée);
+    doc().setNoteVolume(1, mesure, corde, n, 127);
+  }
+  void insertion(bool oui) {
+    if (vt->booInsert() != oui) vt->toggleInsert();
+  }
+
+  FTab* ftab = nullptr;
+  bool dialoguesDuProgramme = false;
+};
+
+}  // namespace vt::essai

@@ -1,0 +1,295 @@
+// Keyboard entry, checked on the document: frets of one and two digits, the
+// entry state a note takes, insert and overwrite, effects, moving a note to
+// another string, opening and closing time, and undo from the keys.
+#include <QLabel>
+#include <QScrollBar>
+
+#include "ftab_banc.h"
+
+namespace vt::essai {
+namespace {
+
+using Entree = Editeur;
+
+TEST_F(Entree, TwoDigitsAtOnePlaceMakeOneFretOnlyAfterAOneOrATwo) {
+  ouvre();
+  tape("12");
+  EXPECT_EQ(fret(1, 1, 0), 12);
+  tape("3");  // 12 is not extended
+  EXPECT_EQ(fret(1, 1, 0), 3);
+  tape("4");  // nor is 3
+  EXPECT_EQ(fret(1, 1, 0), 4);
+  tape("29");
+  EXPECT_EQ(fret(1, 1, 0), 29);
+  tape("23");
+  EXPECT_EQ(fret(1, 1, 0), 23);
+  tape("0");
+  EXPECT_EQ(fret(1, 1, 0), 0);
+  tape("5");  // a 0 is not extended on a guitar staff
+  EXPECT_EQ(fret(1, 1, 0), 5);
+  EXPECT_EQ(doc().getNoteLast(1, 1, 1), 1);
+}
+
+TEST_F(Entree, OnADrumStaffEveryFretBelowTenTakesASecondDigit) {
+  ouvre();
+  doc().setStaffType(1, kStaffBatterie);
+  tape("36");
+  EXPECT_EQ(fret(1, 1, 0), 36);
+  tape("4");
+  EXPECT_EQ(fret(1, 1, 0), 4);
+  tape("2");
+  EXPECT_EQ(fret(1, 1, 0), 42);
+}
+
+TEST_F(Entree, TheKeypadRaisesToTwentyNineAndLowersToZero) {
+  ouvre();
+  tape("28");
+  touche(Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_EQ(fret(1, 1, 0), 29);
+  const int profondeur = doc().getUndoDepth();
+  touche(Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_EQ(fret(1, 1, 0), 29);
+  EXPECT_EQ(doc().getUndoDepth(), profondeur) << "nothing changed, nothing to undo";
+  tape("1");
+  touche(Qt::Key_Minus, Qt::KeypadModifier);
+  EXPECT_EQ(fret(1, 1, 0), 0);
+  touche(Qt::Key_Minus, Qt::KeypadModifier);
+  EXPECT_EQ(fret(1, 1, 0), 0);
+  // On an empty place the keys do nothing.
+  curseur(1, 24, 1);
+  touche(Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_EQ(fret(1, 1, 24), -1);
+}
+
+TEST_F(Entree, ANoteTakesTheChosenRhythmAttackAndNuance) {
+  ouvre();
+  touche(Qt::Key_3, Qt::ControlModifier);  // quarter
+  touche(Qt::Key_H, Qt::ShiftModifier);    // natural harmonic
+  ftab->mnuTabToolVolume(3);               // mp
+  tape("7");
+  const tNote* n = note(1, 1, 0);
+  ASSERT_NE(n, nullptr);
+  EXPECT_EQ(n->bytDurée, 48);
+  EXPECT_EQ(n->bytAttaque, attaque::kHarmoniqueNaturelle);
+  EXPECT_EQ(n->bytVolume, nuance::kMP);
+
+  curseur(1, 96, 2);
+  touche(Qt::Key_Period, Qt::ControlModifier | Qt::KeypadModifier);  // dotted
+  tape("5");
+  EXPECT_EQ(note(1, 2, 96)->bytDurée, 72);
+  touche(Qt::Key_Period, Qt::ControlModifier | Qt::KeypadModifier);
+  touche(Qt::Key_9, Qt::ControlModifier | Qt::KeypadModifier);  // triplet
+  curseur(1, 0, 3);
+  tape("5");
+  EXPECT_EQ(note(1, 3, 0)->bytDurée, 32);
+  touche(Qt::Key_X, Qt::ShiftModifier);  // the attack of the note under the cursor follows
+  EXPECT_EQ(note(1, 3, 0)->bytAttaque, attaque::kDeadNote);
+}
+
+TEST_F(Entree, ARhythmChosenOnANoteChangesItsLengthAndKeepsItsValues) {
+  ouvre();
+  tape("5");
+  touche(Qt::Key_H);  // hammer-on
+  touche(Qt::Key_A, Qt::ShiftModifier);
+  touche(Qt::Key_2, Qt::ControlModifier);  // half
+  const tNote* n = note(1, 1, 0);
+  EXPECT_EQ(n->bytDurée, 96);
+  EXPECT_EQ(n->bytEffet, effet::kHammerOn);
+  EXPECT_EQ(n->bytAttaque, attaque::kHarmoniqueArtificielle);
+  EXPECT_EQ(n->bytCase, 5);
+}
+
+TEST_F(Entree, OverwriteModeReplacesInPlaceAndKeepsTheCursor) {
+  ouvre();
+  pose(1, 1, 24, 9);
+  tape("5");
+  EXPECT_EQ(fret(1, 1, 0), 5);
+  EXPECT_EQ(fret(1, 1, 24), 9);
+  EXPECT_EQ(doc().CurseurX(), 0);
+  EXPECT_EQ(vt->panneau("insert")->text(), "EDIT");
+}
+
+TEST_F(Entree, InsertModeOpensRoomAndMovesOn) {
+  ouvre();
+  pose(1, 1, 0, 9);
+  touche(Qt::Key_Insert, Qt::ControlModifier);
+  ASSERT_TRUE(vt->booInsert());
+  EXPECT_EQ(vt->panneau("insert")->text(), "INS");
+
+  tape("5");  // an eighth, no longer than a column: the cursor moves one column
+  EXPECT_EQ(fret(1, 1, 0), 5);
+  EXPECT_EQ(fret(1, 1, 24), 9);
+  EXPECT_EQ(doc().CurseurX(), 24);
+  tape("1");  // no two-digit entry while inserting
+  EXPECT_EQ(fret(1, 1, 24), 1);
+  EXPECT_EQ(fret(1, 1, 48), 9);
+
+  touche(Qt::Key_3, Qt::ControlModifier);  // a quarter moves on by its length
+  tape("7");
+  EXPECT_EQ(doc().CurseurX(), 96);
+  EXPECT_EQ(fret(1, 1, 48), 7);
+  EXPECT_EQ(fret(1, 1, 96), 9);
+
+  // The last quarter of the bar: the cursor goes to a new bar at the end.
+  curseur(1, 144, 2);
+  tape("2");
+  EXPECT_EQ(doc().getMesureLast(), 2);
+  EXPECT_EQ(doc().CurseurMesure(), 2);
+  EXPECT_EQ(doc().CurseurX(), 0);
+  EXPECT_EQ(ftab->hScroll()->maximum(), 2);
+  touche(Qt::Key_Insert, Qt::ControlModifier);
+  EXPECT_FALSE(vt->booInsert());
+  EXPECT_EQ(vt->panneau("insert")->text(), "EDIT");
+}
+
+TEST_F(Entree, AnEffectOnAnEmptyPlaceStandsOnABlankNote) {
+  ouvre();
+  touche(Qt::Key_4, Qt::ControlModifier);
+  touche(Qt::Key_H);
+  const tNote* n = note(1, 1, 0);
+  ASSERT_NE(n, nullptr);
+  EXPECT_EQ(n->bytCase, kCaseVide);
+  EXPECT_EQ(n->bytEffet, effet::kHammerOn);
+  EXPECT_EQ(n->bytDurée, 24);
+  // The same key again changes nothing: it sets, it does not toggle.
+  const int profondeur = doc().getUndoDepth();
+  touche(Qt::Key_H);
+  EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kHammerOn);
+  EXPECT_EQ(doc().getUndoDepth(), profondeur);
+}
+
+TEST_F(Entree, EveryEffectKeyAndItsMenuEntrySetTheSameCode) {
+  ouvre();
+  const std::vector<std::pair<int, byt>> touches = {
+      {Qt::Key_L, 27}, {Qt::Key_K, 24}, {Qt::Key_T, 25}, {Qt::Key_U, 1},
+      {Qt::Key_D, 2},  {Qt::Key_H, 3},  {Qt::Key_P, 4},  {Qt::Key_B, 20},
+      {Qt::Key_W, 21}, {Qt::Key_C, 22}, {Qt::Key_N, 23}, {Qt::Key_V, 9}};
+  tape("5");
+  for (const auto& [key, code] : touches) {
+    touche(key);
+    EXPECT_EQ(note(1, 1, 0)->bytEffet, code) << key;
+  }
+  // The Effects menu runs the same routine: its first entry is the hammer-on.
+  ftab->mnuTabEffet(0);
+  EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kHammerOn);
+  ftab->mnuTabEffet(12);  // no effect
+  EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kAucun);
+  EXPECT_EQ(note(1, 1, 0)->bytCase, 5);
+}
+
+TEST_F(Entree, PageUpAndDownMoveANoteToTheNextStringAtTheSamePitch) {
+  ouvre();
+  curseur(1, 0, 2);  // the B string, 59
+  tape("5");
+  touche(Qt::Key_L);
+  touche(Qt::Key_PageUp);
+  EXPECT_EQ(fret(1, 2, 0), -1);
+  EXPECT_EQ(fret(1, 1, 0), 0);  // 59 + 5 = 64, the open E
+  EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kLiaison);
+  EXPECT_EQ(note(1, 1, 0)->bytVolume, 127);
+  EXPECT_EQ(doc().CurseurCorde(), 1) << "the cursor goes with the note";
+  touche(Qt::Key_PageUp);  // no string above the first
+  EXPECT_EQ(fret(1, 1, 0), 0);
+  touche(Qt::Key_PageDown);
+  EXPECT_EQ(fret(1, 2, 0), 5);
+  // The open B cannot go up: it would need a fret below 0.
+  tape("0");
+  touche(Qt::Key_PageUp);
+  EXPECT_EQ(fret(1, 2, 0), 0);
+  EXPECT_EQ(fret(1, 1, 0), -1);
+  // A note on the other string blocks the move.
+  pose(1, 3, 0, 2);
+  touche(Qt::Key_PageDown);
+  EXPECT_EQ(fret(1, 2, 0), 0);
+  EXPECT_EQ(fret(1, 3, 0), 2);
+  // The pop-up's entries do the same.
+  curseur(1, 0, 3);
+  ftab->mnuTabPopUp(1);
+  EXPECT_EQ(fret(1, 4, 0), 7);  // 55 + 2 = 50 + 7
+}
+
+TEST_F(Entree, BackspaceClosesTheColumnBeforeTheCursor) {
+  ouvre();
+  pose(1, 1, 0, 1);
+  pose(1, 1, 24, 2);
+  pose(1, 1, 48, 3);
+  pose(1, 2, 48, 4);
+  doc().addMesure();
+  pose(2, 1, 0, 5);
+  curseur(1, 48, 1);
+  touche(Qt::Key_Backspace);
+  EXPECT_EQ(fret(1, 1, 0), 1);
+  EXPECT_EQ(fret(1, 1, 24), 3);
+  EXPECT_EQ(fret(1, 2, 24), 4);
+  EXPECT_EQ(fret(1, 1, 48), -1);
+  EXPECT_EQ(fret(1, 1, 168), 5) << "the next bar closes up too";
+  EXPECT_EQ(doc().CurseurX(), 24);
+  EXPECT_TRUE(doc().modifi);
+
+  // At the start of a bar the last column of the bar before goes.
+  curseur(2, 0, 1);
+  touche(Qt::Key_Backspace);
+  EXPECT_EQ(fret(1, 1, 168), -1);
+  EXPECT_EQ(doc().CurseurMesure(), 1);
+  EXPECT_EQ(doc().CurseurX(), 168);
+
+  // Nothing stands before the first column of the piece.
+  curseur(1, 0, 1);
+  const int profondeur = doc().getUndoDepth();
+  touche(Qt::Key_Backspace);
+  EXPECT_EQ(fret(1, 1, 0), 1);
+  EXPECT_EQ(doc().getUndoDepth(), profondeur);
+}
+
+TEST_F(Entree, InsertOpensOneColumnAndDeleteRemovesOneNote) {
+  ouvre();
+  pose(1, 1, 0, 1);
+  pose(1, 2, 0, 2);
+  touche(Qt::Key_Insert);
+  EXPECT_EQ(fret(1, 1, 0), -1);
+  EXPECT_EQ(fret(1, 1, 24), 1);
+  EXPECT_EQ(fret(1, 2, 24), 2);
+  curseur(1, 24, 2);
+  touche(Qt::Key_Delete);
+  EXPECT_EQ(fret(1, 2, 24), -1);
+  EXPECT_EQ(fret(1, 1, 24), 1);
+  const int profondeur = doc().getUndoDepth();
+  touche(Qt::Key_Delete);  // nothing there: nothing to undo
+  EXPECT_EQ(doc().getUndoDepth(), profondeur);
+}
+
+TEST_F(Entree, UndoAndRedoFromTheKeys) {
+  ouvre();
+  EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
+  tape("5");
+  EXPECT_TRUE(ftab->entrée("mnuTabEdit_0")->isEnabled());
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(fret(1, 1, 0), -1);
+  EXPECT_TRUE(ftab->entrée("mnuTabEdit_1")->isEnabled());
+  touche(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(fret(1, 1, 0), 5);
+  EXPECT_EQ(doc().getUndoDepth(), 1);
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  tape("7");  // an edit after an undo ends the redo
+  EXPECT_EQ(doc().getRedoDepth(), 0);
+  EXPECT_FALSE(ftab->entrée("mnuTabEdit_1")->isEnabled());
+  touche(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(fret(1, 1, 0), 7);
+}
+
+TEST_F(Entree, AHeldKeyDoesNotTypeTwice) {
+  ouvre();
+  ftab->picTab_KeyDown(Qt::Key_1, Qt::NoModifier, false);
+  ftab->picTab_KeyDown(Qt::Key_1, Qt::NoModifier, true);
+  ftab->picTab_KeyUp(Qt::Key_1, Qt::NoModifier);
+  EXPECT_EQ(fret(1, 1, 0), 1);
+}
+
+TEST_F(Entree, DigitsThatNeedShiftOnTheKeyboardAreStillDigits) {
+  ouvre();
+  touche(Qt::Key_7, Qt::ShiftModifier);
+  EXPECT_EQ(fret(1, 1, 0), 7);
+}
+
+}  // namespace
+}  // namespace vt::essai

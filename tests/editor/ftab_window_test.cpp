@@ -1,0 +1,221 @@
+// The editor as a window of the main window: how it opens, its menus and their
+// captions, the entry mode, the fretboard, the live notes, the instrument of
+// the current track, the document's dialogs and a file from the command line.
+#include <QAction>
+#include <QLabel>
+#include <QMenu>
+#include <QTemporaryDir>
+
+#include "formats/vtb.h"
+#include "ftab_banc.h"
+#include "shell/manche.h"
+
+namespace vt::essai {
+namespace {
+
+using Fenetre = Editeur;
+
+TEST_F(Fenetre, TheWindowMenuOpensTheEditorOnAFreshDocument) {
+  crée();
+  vt->fenetres().enregistrer(fen::FTab, [](VT& v) { return new FTab(v); });
+  ASSERT_TRUE(démarre());
+  EXPECT_TRUE(vt->mnuFen(5)->isEnabled());
+  vt->document().addMesure();
+  vt->mnuFen(5)->trigger();
+  ASSERT_TRUE(vt->isFormLoaded(fen::FTab));
+  auto* f = vt->fenetres().interface<FTab>(fen::FTab);
+  ASSERT_NE(f, nullptr);
+  EXPECT_EQ(vt->document().getMesureLast(), 1) << "opening the editor starts a new tablature";
+  EXPECT_EQ(f->windowTitle(), "Tablature");
+  EXPECT_EQ(f->image().format(), QImage::Format_RGB32);
+  EXPECT_EQ(f->réglagesVue().TAB_VIEW_SCALE, 24);
+}
+
+TEST_F(Fenetre, MenusCarryTheStringTableAndLaterCommandsAreDisabled) {
+  ouvre();
+  EXPECT_TRUE(ftab->entrée("mnuTabEdit_0")->text().startsWith("&Undo\t"));
+  EXPECT_EQ(ftab->entrée("mnuTabFile_0")->text(), "&New tablature");
+  EXPECT_EQ(ftab->entrée("mnuTabPopUp_0")->text().section('\t', 0, 0), "&Upper string");
+  EXPECT_EQ(ftab->entrée("mnuTabToolAttaque_6")->text().section('\t', 0, 0), "&Natural harmonic");
+  for (const char* nom : {"mnuTabFile_0", "mnuTabFile_1", "mnuTabFile_2", "mnuTabEdit_3",
+                          "mnuTabEdit_9", "mnuTabPlay_0", "mnutabPistes_1"})
+    EXPECT_FALSE(ftab->entrée(nom)->isEnabled()) << nom;
+  for (const char* nom : {"mnuTabFile_17", "mnuTabPlay_1", "mnuTabDisplay_0", "mnuTabEffet_0"})
+    EXPECT_TRUE(ftab->entrée(nom)->isEnabled()) << nom;
+  // Without the document's dialogs their entries and keys do nothing.
+  EXPECT_FALSE(ftab->entrée("mnuTabEdit_13")->isEnabled());
+  touche(Qt::Key_Return, Qt::AltModifier);
+  touche(Qt::Key_S);
+  EXPECT_FALSE(doc().modifi);
+
+  vt->mnuFileLang_Click(0);
+  EXPECT_EQ(ftab->entrée("mnuTabFile_0")->text(), "&Nouvelle tablature");
+  EXPECT_TRUE(ftab->entrée("mnuTabFileLang_0")->isChecked());
+  EXPECT_FALSE(ftab->entrée("mnuTabFileLang_1")->isChecked());
+}
+
+TEST_F(Fenetre, EscapeIsTheProgramsExit) {
+  ouvre();
+  ASSERT_TRUE(vt->isVisible());
+  touche(Qt::Key_Escape);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_FALSE(vt->isVisible());
+  EXPECT_FALSE(vt->isFormLoaded(fen::FTab));
+  ftab = nullptr;
+}
+
+TEST_F(Fenetre, TheTracksMenuListsTheTracksAndSelectsOne) {
+  ouvre();
+  tGuitare dropD;
+  dropD.corde[6] = 38;
+  ASSERT_TRUE(doc().addPiste(1, dropD));
+  doc().setPisteNom(2, "Basse");
+  ftab->tbPistesUpdate();
+  QAction* deux = ftab->entrée("mnutabPistes_6");
+  ASSERT_NE(deux, nullptr);
+  EXPECT_EQ(deux->text(), "Track 2 : Basse");
+  EXPECT_TRUE(ftab->entrée("mnutabPistes_5")->isChecked());
+  deux->trigger();
+  EXPECT_EQ(doc().CurseurPiste(), 2);
+  EXPECT_TRUE(ftab->entrée("mnutabPistes_6")->isChecked());
+  // The current instrument follows the track: the catalogue's drop D is number 2.
+  EXPECT_EQ(vt->settings().setGuitare, 2);
+  EXPECT_EQ(vt->guitare().corde[6], 38);
+  ftab->entrée("mnutabPistes_5")->trigger();
+  EXPECT_EQ(vt->settings().setGuitare, 1);
+}
+
+TEST_F(Fenetre, UndoReturnsToTheTrackOfTheSnapshot) {
+  ouvre();
+  ASSERT_TRUE(doc().addPiste(1, vt->guitare()));
+  ftab->tbPistesUpdate();
+  tape("5");
+  ftab->mnutabPistes(6);
+  ASSERT_EQ(doc().CurseurPiste(), 2);
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(doc().CurseurPiste(), 1);
+  EXPECT_TRUE(ftab->entrée("mnutabPistes_5")->isChecked());
+  EXPECT_EQ(fret(1, 1, 0), -1);
+}
+
+TEST_F(Fenetre, TheFretboardShowsTheNotesOfTheCursorsColumn) {
+  ouvre();
+  vt->setMancheVisible(true);
+  QCoreApplication::processEvents();
+  touche(Qt::Key_Right);
+  const QImage vide = vt->manche().image().copy();
+  curseur(1, 0, 2);
+  tape("3");
+  EXPECT_EQ(vt->mancheContenu(), 4);
+  EXPECT_NE(vt->manche().image(), vide) << "a dot at the third fret of the B string";
+  touche(Qt::Key_Right);
+  EXPECT_EQ(vt->manche().image(), vide);
+  // A drum track shows nothing there.
+  touche(Qt::Key_Left);
+  const QImage point = vt->manche().image().copy();
+  doc().setStaffType(1, kStaffBatterie);
+  touche(Qt::Key_Right);
+  EXPECT_EQ(vt->manche().image(), point);
+}
+
+TEST_F(Fenetre, ATypedFretSoundsOnTheTracksChannelWhileItsKeyIsHeld) {
+  ouvre();
+  doc().setMIDIPan(1, 30);
+  ftab->mnuTabToolVolume(4);  // mf
+  ftab->picTab_KeyDown(Qt::Key_5, Qt::NoModifier);
+  const Journal attendu = {"program 1 27", "ctl 8 64 1", "ctl 10 30 1",
+                           "ctl 91 0 1",   "ctl 92 0 1", "ctl 93 0 1",
+                           "ctl 95 0 1",   "wheel 1 64", "noteOn 69 1 79"};
+  EXPECT_EQ(sons, attendu);
+  ftab->picTab_KeyUp(Qt::Key_5, Qt::NoModifier);
+  EXPECT_EQ(sons.back(), "noteOff 69 1");
+
+  // Enter sounds the column, each note at its own nuance.
+  pose(1, 6, 0, 3);
+  doc().setNoteVolume(1, 1, 6, 1, 47);
+  sons.clear();
+  ftab->picTab_KeyDown(Qt::Key_Return, Qt::NoModifier);
+  EXPECT_TRUE(contient(sons, "noteOn 69 1 79"));
+  EXPECT_TRUE(contient(sons, "noteOn 43 1 47"));
+  ftab->picTab_KeyUp(Qt::Key_Return, Qt::NoModifier);
+  EXPECT_TRUE(contient(sons, "noteOff 43 1"));
+  EXPECT_TRUE(contient(sons, "noteOff 69 1"));
+
+  // A drum track plays on channel 10, the fret being the drum.
+  doc().setStaffType(1, kStaffBatterie);
+  curseur(1, 24, 1);
+  sons.clear();
+  tape("36");
+  EXPECT_TRUE(contient(sons, "noteOn 36 10 79"));
+}
+
+TEST_F(Fenetre, TheDocumentsDialogsComeThroughOneHook) {
+  ouvre();
+  EXPECT_TRUE(dialoguesDuProgramme) << "the editor connects the program's dialogs at load";
+  std::vector<DialogueTab> ouverts;
+  ftab->setOuvreDialogue(
+      [&](DialogueTab d) {
+        ouverts.push_back(d);
+        if (d == DialogueTab::Signature) return doc().setMesureSignature(1, 3, 4);
+        if (d == DialogueTab::Accord) {
+          const int n = doc().addandplaceMesureAccord(1, 1, doc().CurseurX());
+          return doc().setMesureAccordNom(1, 1, n, "Am");
+        }
+        return false;  // cancelled
+      },
+      {DialogueTab::Proprietes, DialogueTab::Signature, DialogueTab::Accord,
+       DialogueTab::Tonalite});
+  EXPECT_TRUE(ftab->entrée("mnuTabEdit_13")->isEnabled());
+  EXPECT_FALSE(ftab->entrée("mnuTabEdit_15")->isEnabled()) << "a dialog that does not exist";
+  touche(Qt::Key_Return, Qt::AltModifier);
+  EXPECT_FALSE(doc().modifi) << "a cancelled dialog changes nothing";
+  touche(Qt::Key_S);
+  EXPECT_EQ(doc().getMesureSignatureUp(1), 3);
+  EXPECT_TRUE(doc().modifi);
+  touche(Qt::Key_A);
+  EXPECT_EQ(doc().getMesureAccordLast(1, 1), 1);
+  touche(Qt::Key_Q);
+  EXPECT_EQ(ouverts, (std::vector<DialogueTab>{DialogueTab::Proprietes, DialogueTab::Signature,
+                                               DialogueTab::Accord, DialogueTab::Tonalite}));
+  // The chord went into the track: one undo takes it away, the signature stays.
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(doc().getMesureAccordLast(1, 1), 0);
+  EXPECT_EQ(doc().getMesureSignatureUp(1), 3);
+}
+
+TEST_F(Fenetre, AFileFromTheCommandLineReplacesTheDocument) {
+  ouvre();
+  QTemporaryDir dossier;
+  CVantoroTablature source(vt->guitare());
+  source.addMesure();
+  source.setNoteWhole(1, 2, 3, 48, 7, 24);
+  source.titre = "Essai";
+  const QString nom = dossier.filePath("essai.vtb");
+  ASSERT_TRUE(io_enregistrer_vtb(source, QFile::encodeName(nom).toStdString()).ok());
+  tape("5");
+  ftab->ouvreLigneDeCommande(nom);
+  EXPECT_EQ(doc().getMesureLast(), 2);
+  EXPECT_EQ(fret(2, 3, 48), 7);
+  EXPECT_EQ(fret(1, 1, 0), -1);
+  EXPECT_EQ(doc().titre, "Essai");
+  EXPECT_FALSE(doc().modifi);
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + nom);
+  EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
+
+  // A file that is not a tablature: its message, and the document stays.
+  std::vector<QString> messages;
+  ftab->message = [&](const QString& t) { messages.push_back(t); };
+  const QString faux = dossier.filePath("faux.vtb");
+  QFile f(faux);
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write("not a tablature at all");
+  f.close();
+  ftab->ouvreFichierDéposé(faux);
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_EQ(messages.front(), "This is not a VTB file!");
+  EXPECT_EQ(fret(2, 3, 48), 7);
+  EXPECT_EQ(ftab->windowTitle(), "Tablature");
+}
+
+}  // namespace
+}  // namespace vt::essai
