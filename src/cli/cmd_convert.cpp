@@ -1,5 +1,5 @@
 // convert IN OUT: reads by the input's extension (.vtb, .mid/.midi, .txt/.tab), writes by
-// the output's, with the options of the MIDI and ASCII formats.
+// the output's (those, and .wav), with the options of the MIDI and ASCII formats.
 #include <memory>
 
 #include "command.h"

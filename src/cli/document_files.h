@@ -1,5 +1,6 @@
 // Reading and writing documents by file extension, shared by the subcommands.
-// Each format joins the two tables below when its reader or writer exists.
+// Each format joins the two tables below when its reader or writer exists
+// (".wav" has a writer only).
 #pragma once
 
 #include <algorithm>
@@ -10,6 +11,7 @@
 #include <string>
 
 #include "app_path.h"
+#include "audio_files.h"
 #include "command.h"
 #include "formats/catalogue.h"
 #include "formats/string_table.h"
@@ -83,7 +85,7 @@ inline std::optional<DocumentLu> lireDocument(Context& ctx, const std::filesyste
 // True when the extension is one the writer knows; else a usage error.
 inline bool sortieConnue(Context& ctx, const std::filesystem::path& fichier) {
   const std::string ext = extension(fichier);
-  if (ext == ".vtb" || estMidi(ext) || estTexte(ext)) return true;
+  if (ext == ".vtb" || estMidi(ext) || estTexte(ext) || estSon(ext)) return true;
   usage(ctx, kTypeDeFichierInconnu, fichier.string());
   return false;
 }
@@ -97,6 +99,7 @@ inline bool écrireDocument(Context& ctx, CVantoroTablature& doc,
   const std::string ext = extension(fichier);
   if (estMidi(ext)) return écrireMidiCli(ctx, doc, fichier, options);
   if (estTexte(ext)) return écrireTexteCli(ctx, doc, fichier, options);
+  if (estSon(ext)) return écrireWavCli(ctx, doc, fichier);
   const VtbSauvegarde s = io_enregistrer_vtb(doc, fichier);
   if (!s.ok()) refuse(ctx, s.message, s.détail);
   return s.ok();

@@ -3,8 +3,9 @@
 #include <algorithm>
 
 #include "document/tablature.h"
-#include "formats/walk_input.h"
 #include "formats/file_io.h"
+#include "formats/midi_prologue.h"
+#include "formats/walk_input.h"
 #include "midi_chunk.h"
 #include "midi_conductor.h"
 
@@ -13,8 +14,6 @@ namespace vt {
 namespace {
 
 using detail::ChunkMidi;
-
-int v7(int v) { return std::clamp(v, 0, 127); }
 
 // The events of one document track, from the walk.
 class PisteSink : public WalkSink {
@@ -65,30 +64,51 @@ class PisteSink : public WalkSink {
   bool m_rmtf;
 };
 
-void écrirePiste(const CVantoroTablature& doc, WalkInput& in, int p,
-                 const MidiExportOptions& o, ChunkMidi& k) {
-  const int n = in.piste(p).bytCanal & 0x0F;
-  const int cc = 0xB0 | n;
-  k.octets({0x00, 0xC0 | n, v7(doc.getMIDIPatch(p))});
+// The head of a track chunk: program, name, bend range, bank, controllers.
+void écrirePrologue(const CVantoroTablature& doc, const WalkInput& in, int p,
+                    const MidiExportOptions& o, ChunkMidi& k) {
+  RéglagesMidiPiste r;
+  r.canal = in.piste(p).bytCanal & 0x0F;
+  r.patch = doc.getMIDIPatch(p);
+  r.banque = doc.getMIDIBank(p);
+  r.phaser = doc.getMIDIPhaser(p);
+  r.chorus = doc.getMIDIChorus(p);
+  r.tremolo = doc.getMIDITremolo(p);
+  r.reverb = doc.getMIDIReverb(p);
+  r.balance = doc.getMIDIBalance(p);
+  r.pan = doc.getMIDIPan(p);
+  const PrologueMidi prologue = prologueMidi(r, o.effets);
+  auto écrire = [&k](const MessageMidi& m) {
+    for (int i = 0; i < m.taille; ++i) k.octet(m.octets[static_cast<std::size_t>(i)]);
+  };
+  k.delta(0);
+  écrire(prologue.programme);
 
   std::string nom = doc.getPisteNom(p);
   if (nom.empty()) nom = "Track " + std::to_string(p);
   k.delta(0);
   k.meta(0x03, nom);
 
-  // Pitch-bend range (RPN 0), in running status.
-  const int portée = o.effets.setMIDIEffet1Ton != 0 ? 2 : v7(o.effets.setMIDIPitchBendRange);
-  k.octets({0x00, cc, 0x65, 0x00, 0x00, 0x64, 0x00, 0x00, 0x06, portée, 0x00, 0x26, 0x00});
+  // The bend range (RPN 0) goes out in running status: one status byte.
+  k.delta(0);
+  for (std::size_t i = 0; i < prologue.portée.size(); ++i) {
+    if (i > 0) k.octet(0x00);
+    const MessageMidi& m = prologue.portée[i];
+    for (int j = i == 0 ? 0 : 1; j < m.taille; ++j) k.octet(m.octets[static_cast<std::size_t>(j)]);
+  }
+  for (const MessageMidi& m : prologue.banque) {
+    k.delta(0);
+    écrire(m);
+  }
+  for (const MessageMidi& m : prologue.contrôleurs) {
+    k.delta(0);
+    écrire(m);
+  }
+}
 
-  // Bank select, LSB first; a bank is fourteen bits.
-  const lng banque = doc.getMIDIBank(p);
-  k.octets({0x00, cc, 0x20, static_cast<int>(banque & 0x7F), 0x00, cc, 0x00,
-            static_cast<int>((banque >> 7) & 0x7F)});
-
-  const std::pair<int, int> contrôleurs[] = {
-      {0x5F, doc.getMIDIPhaser(p)}, {0x5D, doc.getMIDIChorus(p)}, {0x5C, doc.getMIDITremolo(p)},
-      {0x5B, doc.getMIDIReverb(p)}, {0x08, doc.getMIDIBalance(p)}, {0x0A, doc.getMIDIPan(p)}};
-  for (const auto& [numéro, valeur] : contrôleurs) k.octets({0x00, cc, numéro, v7(valeur)});
+void écrirePiste(const CVantoroTablature& doc, WalkInput& in, int p,
+                 const MidiExportOptions& o, ChunkMidi& k) {
+  écrirePrologue(doc, in, p, o, k);
 
   if (o.rmtf) {
     const int cordes = doc.getGuitareNbrCordes(p);

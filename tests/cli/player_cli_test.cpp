@@ -1,0 +1,195 @@
+// vantoro-cli play --log and convert to .wav, run as a user runs them.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "formats/catalogue.h"
+#include "formats/string_table.h"
+#include "formats/vtb.h"
+
+namespace vt {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Résultat {
+  int code = -1;
+  std::string sortie;
+  std::string erreurs;
+};
+
+struct Ligne {
+  double ms = 0;
+  std::string octets;
+};
+
+class CliPlay : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dossier_ = fs::temp_directory_path() /
+               ("vt_cli_play_" + std::to_string(::getpid()) + "_" +
+                ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(dossier_);
+    fs::create_directories(dossier_);
+  }
+  void TearDown() override { fs::remove_all(dossier_); }
+
+  static std::string lireTout(const fs::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  }
+  std::string c(const std::string& nom) { return "'" + (dossier_ / nom).string() + "'"; }
+  // `avant` goes in front of the program (a command that runs it).
+  Résultat lancer(const std::string& arguments, const std::string& avant = {}) {
+    const fs::path out = dossier_ / "stdout", err = dossier_ / "stderr";
+    const std::string commande = avant + " '" + VT_CLI + "' " + arguments + " >'" + out.string() +
+                                 "' 2>'" + err.string() + "'";
+    const int statut = std::system(commande.c_str());
+    return {WIFEXITED(statut) ? WEXITSTATUS(statut) : -1, lireTout(out), lireTout(err)};
+  }
+  static std::vector<Ligne> lignes(const std::string& texte) {
+    std::vector<Ligne> r;
+    std::istringstream in(texte);
+    std::string l;
+    while (std::getline(in, l)) {
+      const auto espace = l.find(' ');
+      r.push_back({std::stod(l.substr(0, espace)), l.substr(espace + 1)});
+    }
+    return r;
+  }
+
+  // Two notes in bars of 2/4: fret 5 on string 1 at X 0, fret 7 on string 2
+  // at X 48, each an eighth long.
+  void morceau(const std::string& nom, int tempo = 120, int mesures = 1) {
+    CVantoroTablature doc(tGuitare{});
+    doc.tempo = static_cast<byt>(tempo);
+    doc.setMesureSignature(1, 2, 4);
+    for (int m = 2; m <= mesures; ++m)
+      doc.addMesure();
+    doc.setNoteVolume(1, 1, 1, doc.setNoteWhole(1, 1, 1, 0, 5, 24), 100);
+    doc.setNoteVolume(1, 1, 2, doc.setNoteWhole(1, 1, 2, 48, 7, 24), 100);
+    ASSERT_TRUE(io_enregistrer_vtb(doc, dossier_ / nom).ok());
+  }
+
+  fs::path dossier_;
+};
+
+TEST_F(CliPlay, LogPrintsEveryMessageWithItsTimeAsItIsSent) {
+  morceau("a.vtb");
+  const Résultat r = lancer("play " + c("a.vtb") + " --tempo 255 --log");
+  ASSERT_EQ(r.code, 0) << r.erreurs;
+  const std::vector<Ligne> l = lignes(r.sortie);
+  const std::vector<std::string> attendu = {
+      "B0 20 00", "B0 00 00", "C0 1B",    "B0 65 00", "B0 64 00", "B0 06 0C", "B0 26 00",
+      "B0 07 7F", "B0 5F 00", "B0 5D 00", "B0 5C 00", "B0 5B 00", "B0 08 40", "B0 0A 40",
+      "E0 00 40", "B0 01 00", "90 45 64", "80 45 7F", "90 42 64", "80 42 7F"};
+  ASSERT_EQ(l.size(), attendu.size()) << r.sortie;
+  // At tempo 255 a tick lasts 60000 / (255 * 48) ms: the notes are due at 0,
+  // 24, 48 and 72 ticks. Sent no earlier than that, and in order.
+  const double tick = 60000.0 / (255 * 48);
+  const double dus[] = {0, 24 * tick, 48 * tick, 72 * tick};
+  for (std::size_t i = 0; i < l.size(); ++i) {
+    EXPECT_EQ(l[i].octets, attendu[i]) << i;
+    if (i > 0) {
+      EXPECT_GE(l[i].ms, l[i - 1].ms);
+    }
+    if (i >= 16) {
+      EXPECT_GE(l[i].ms, dus[i - 16] - 0.001) << i;
+    }
+  }
+  // Each time with three decimals.
+  std::istringstream in(r.sortie);
+  for (std::string ligne; std::getline(in, ligne);) {
+    const std::string temps = ligne.substr(0, ligne.find(' '));
+    EXPECT_EQ(temps.size() - temps.find('.'), 4u) << ligne;
+  }
+}
+
+TEST_F(CliPlay, BeatsAndMarkersAndRefusals) {
+  morceau("a.vtb", 120, 2);
+  Résultat r = lancer("play " + c("a.vtb") + " --tempo 255 --log --beats --from 2");
+  ASSERT_EQ(r.code, 0) << r.erreurs;
+  int clics = 0;
+  for (const Ligne& l : lignes(r.sortie))
+    clics += l.octets == "90 21 7F" ? 1 : 0;
+  EXPECT_EQ(clics, 2);  // a bar of 2/4: two clicks, on channel 1 (the setting's default)
+
+  r = lancer("play " + c("a.vtb") + " --markers --log");
+  EXPECT_EQ(r.code, 2);  // both markers at bar 1, X 0
+  EXPECT_NE(r.erreurs.find("--markers"), std::string::npos);
+  r = lancer("play " + c("a.vtb") + " --from 3 --log");
+  EXPECT_EQ(r.code, 2);
+  r = lancer("play " + c("absent.vtb") + " --log");
+  EXPECT_EQ(r.code, 1);
+  EXPECT_TRUE(r.sortie.empty());
+}
+
+TEST_F(CliPlay, LoopStopsCleanlyOnCtrlC) {
+  morceau("a.vtb");
+  const Résultat r = lancer("play " + c("a.vtb") + " --tempo 255 --log --loop",
+                            "timeout --preserve-status -s INT 0.8");
+  EXPECT_EQ(r.code, 0) << r.erreurs;
+  int on = 0;
+  int off = 0;
+  for (const Ligne& l : lignes(r.sortie)) {
+    on += l.octets.rfind("90 ", 0) == 0 ? 1 : 0;
+    off += l.octets.rfind("80 ", 0) == 0 ? 1 : 0;
+  }
+  EXPECT_GE(on, 3);  // a bar of 2/4 lasts 470 ms: it went round at least once
+  EXPECT_EQ(on, off);
+}
+
+std::uint32_t mot32(const std::string& s, std::size_t i) {
+  return std::uint32_t(std::uint8_t(s[i])) | std::uint32_t(std::uint8_t(s[i + 1])) << 8 |
+         std::uint32_t(std::uint8_t(s[i + 2])) << 16 | std::uint32_t(std::uint8_t(s[i + 3])) << 24;
+}
+int mot16(const std::string& s, std::size_t i) {
+  return std::uint8_t(s[i]) | std::uint8_t(s[i + 1]) << 8;
+}
+
+TEST_F(CliPlay, ConvertToWavRendersThePieceAndItsTail) {
+  morceau("a.vtb");
+  const Résultat r = lancer("convert " + c("a.vtb") + " " + c("a.wav"));
+  ASSERT_EQ(r.code, 0) << r.erreurs;
+  const std::string w = lireTout(dossier_ / "a.wav");
+  ASSERT_GE(w.size(), 44u);
+  EXPECT_EQ(w.substr(0, 4), "RIFF");
+  EXPECT_EQ(mot32(w, 4), w.size() - 8);
+  EXPECT_EQ(w.substr(8, 8), "WAVEfmt ");
+  EXPECT_EQ(mot16(w, 20), 1);  // PCM
+  EXPECT_EQ(mot16(w, 22), 2);
+  EXPECT_EQ(mot32(w, 24), 44100u);
+  EXPECT_EQ(mot16(w, 34), 16);
+  const std::size_t data = w.find("data");
+  ASSERT_NE(data, std::string::npos);
+  const double ms = mot32(w, data + 4) / 4.0 / 44.1;
+  // The last note ends at 72 ticks of tempo 120 (750 ms), then two seconds
+  // of tail, to within a block of the synthesizer.
+  EXPECT_NEAR(ms, 750.0 + 2000.0, 2.0);
+  EXPECT_EQ(mot32(w, data + 4), w.size() - data - 8);
+  // Not silence.
+  int crête = 0;
+  for (std::size_t i = data + 8; i + 1 < w.size(); i += 2)
+    crête = std::max(crête, std::abs(static_cast<int>(static_cast<std::int16_t>(mot16(w, i)))));
+  EXPECT_GT(crête, 1000);
+}
+
+TEST_F(CliPlay, ConvertToWavRefusesABrokenRepeatAndWritesNothing) {
+  CVantoroTablature doc(tGuitare{});
+  doc.addMesure();
+  doc.setMesureLoopGaucheType(2, barre::kRepetition);  // a start without an end
+  ASSERT_TRUE(io_enregistrer_vtb(doc, dossier_ / "b.vtb").ok());
+  const Résultat r = lancer("convert " + c("b.vtb") + " " + c("b.wav"));
+  EXPECT_EQ(r.code, 1);
+  EXPECT_EQ(r.erreurs, loadString(1301, kLangAnglais) + "2\n");
+  EXPECT_FALSE(fs::exists(dossier_ / "b.wav"));
+}
+
+}  // namespace
+}  // namespace vt

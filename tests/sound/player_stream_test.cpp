@@ -1,0 +1,273 @@
+// What the player sends equals what the MIDI file export writes for the same
+// document: the same messages, in the same order, at the same ticks, track by
+// track; and what it adds of its own (the tracks' set-up, the clicks).
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+#include "formats/midi_export.h"
+#include "formats/midi_reader.h"
+#include "formats/midi_walk.h"
+#include "formats/walk_input.h"
+#include "player_test_util.h"
+
+namespace vt {
+namespace {
+
+using test::poser;
+
+struct Évt {
+  std::int64_t temps = 0;
+  std::uint32_t message = 0;
+  bool operator==(const Évt&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& os, const Évt& e) {
+  return os << e.temps << ":" << std::hex << e.message << std::dec;
+}
+
+struct Collecte : WalkSink {
+  std::vector<Évt> évts;
+  void event(const WalkEvent& e) override {
+    if (e.taille > 0) évts.push_back({e.temps, midiPack(e.octets[0], e.octets[1], e.octets[2])});
+  }
+};
+
+// The walk events of one track as the file export makes them: one track at a
+// time over the document's own records, then the Note Offs of the end.
+std::vector<Évt> export1(const CVantoroTablature& doc, int p, const MidiEffetOptions& effets) {
+  WalkInput in = walkInputFromDocument(doc);
+  WalkOptions wo;
+  wo.effets = effets;
+  MidiWalk w(in, wo, {p});
+  Collecte c;
+  w.run(c);
+  w.silence(c);
+  return c.évts;
+}
+
+// The player's messages of one track, from the walk (not the set-up).
+std::vector<Évt> joués(const std::vector<MessageJoué>& tout, int p) {
+  std::vector<Évt> r;
+  for (const MessageJoué& m : tout)
+    if (m.piste == p && m.temps >= 0) r.push_back({m.temps, m.message});
+  return r;
+}
+
+MidiEffetOptions effetsDe(const OptionsJeu& o) {
+  MidiEffetOptions e;
+  e.setMIDIEffet1Ton = o.setMIDIEffet1Ton;
+  e.setMIDIPitchBendRange = o.setMIDIPitchBendRange;
+  e.setMIDIPitchDemiTon = o.setMIDIPitchDemiTon;
+  return e;
+}
+
+// Two tracks through every effect the walk performs: repeats, ties across a
+// bar line, bends and slides, vibrato, harmonics, a dead note, a rest that
+// lets a note ring, tempo changes, a chord diagram.
+CVantoroTablature morceau() {
+  CVantoroTablature doc = test::document(4, 2);
+  doc.setMesureLoopGaucheType(2, barre::kRepetition);
+  doc.setMesureLoopDroiteType(3, barre::kRepetition);
+  doc.setMesureLoopDroiteData(3, 1);
+  doc.setMesureTempo(2, 96, 90);
+  doc.setMesureTempo(4, 0, 140);
+  poser(doc, 1, 1, 1, 0, 5, 48, effet::kBendUp);
+  poser(doc, 1, 1, 1, 48, 7, 48, effet::kVibrato);
+  poser(doc, 1, 1, 1, 96, 3, 48, effet::kSlideDown);
+  poser(doc, 1, 1, 1, 144, 1, 48, effet::kLiaison);
+  poser(doc, 1, 2, 1, 0, 1, 48);
+  poser(doc, 1, 2, 2, 24, 12, 24, 0, attaque::kHarmoniqueNaturelle);
+  poser(doc, 1, 2, 3, 48, 5, 24, 0, attaque::kHarmoniqueArtificielle);
+  poser(doc, 1, 2, 4, 72, 2, 48, 0, attaque::kDeadNote);
+  poser(doc, 1, 3, 5, 0, 3, 48, effet::kBendDown);
+  poser(doc, 1, 3, 5, 48, 1, 48, effet::kBendReturn);
+  poser(doc, 1, 3, 5, 96, 4, 48);
+  poser(doc, 1, 4, 6, 0, 0, 48);
+  doc.setNoteWhole(1, 4, 6, 48, kCaseVide, 48);  // rings on
+  doc.setMesureAccord(1, 1, doc.addandplaceMesureAccord(1, 1, 0), "E", OneBased<byt>(6, 0));
+  for (int m = 1; m <= 4; ++m)
+    for (int x = 0; x < 192; x += 64)
+      poser(doc, 2, m, 3, x, m + x / 64, 32, x == 64 ? effet::kVibrato : 0);
+  return doc;
+}
+
+TEST(PlayerStream, EqualsTheExportTrackByTrackInBothBendModes) {
+  const CVantoroTablature doc = morceau();
+  for (int mode : {0, -1}) {
+    OptionsJeu o;
+    o.setMIDIEffet1Ton = mode;
+    o.setMIDIPitchBendRange = 7;
+    o.setMIDIPitchDemiTon = 16;
+    DemandeJeu d;
+    d.renvois = true;
+    const std::vector<MessageJoué> tout = test::horsLigne(doc, d, o);
+    for (int p = 1; p <= 2; ++p) {
+      const std::vector<Évt> attendu = export1(doc, p, effetsDe(o));
+      EXPECT_EQ(joués(tout, p), attendu) << "track " << p << ", bend mode " << mode;
+      EXPECT_GT(attendu.size(), 20u);
+    }
+    // The walk of the two tracks goes forward in time.
+    std::int64_t avant = -1;
+    for (const MessageJoué& m : tout) {
+      EXPECT_GE(m.temps, avant);
+      avant = std::max(avant, m.temps);
+    }
+  }
+}
+
+TEST(PlayerStream, NotesMatchTheExportedFileReadBack) {
+  CVantoroTablature doc = morceau();
+  DemandeJeu d;
+  d.renvois = true;
+  const std::vector<MessageJoué> tout = test::horsLigne(doc, d);
+  MidiFichier f;
+  ASSERT_TRUE(lireMidi(io_enregistrer_mid(doc), f).ok());
+  for (int p = 1; p <= 2; ++p) {
+    PisteMidiLue lue;
+    ASSERT_TRUE(lirePisteMidi(f, p, lue).ok());
+    // The notes, with their rank among all the track's events: each event's
+    // delta is rounded on its own in the file (120 to the quarter note).
+    std::vector<std::pair<MessageJoué, std::size_t>> notes;
+    std::size_t rang = 0;
+    for (const MessageJoué& m : tout) {
+      if (m.piste != p || m.temps < 0) continue;
+      ++rang;
+      if (test::estNoteOn(m.message) || test::estNoteOff(m.message)) notes.push_back({m, rang});
+    }
+    ASSERT_EQ(notes.size(), lue.notes.size()) << "track " << p;
+    for (std::size_t i = 0; i < notes.size(); ++i) {
+      const MidiEvenement& e = lue.notes[i];
+      const MessageJoué& m = notes[i].first;
+      EXPECT_EQ(e.hauteur, midiData1(m.message)) << i;
+      EXPECT_EQ(e.canal, midiStatus(m.message) & 0x0F) << i;
+      EXPECT_EQ(e.vélocité > 0, test::estNoteOn(m.message)) << i;
+      EXPECT_NEAR(static_cast<double>(e.tick), m.temps * 2.5,
+                  0.5 * static_cast<double>(notes[i].second + 1))
+          << i;
+    }
+  }
+}
+
+TEST(PlayerStream, MutedAndNotSoloTracksSendNothingAtAll) {
+  CVantoroTablature doc = morceau();
+  doc.addPiste(2, tGuitare{});
+  poser(doc, 3, 1, 1, 0, 2, 48);
+  doc.setPistePlayMute(1, kVrai);
+  DemandeJeu d;
+  d.renvois = true;
+  std::vector<MessageJoué> tout = test::horsLigne(doc, d);
+  std::map<int, int> parPiste;
+  for (const MessageJoué& m : tout)
+    ++parPiste[m.piste];
+  EXPECT_EQ(parPiste.count(1), 0u);  // not even its set-up
+  EXPECT_GT(parPiste[2], 0);
+  EXPECT_EQ(joués(tout, 2), export1(doc, 2, {}));
+  EXPECT_EQ(joués(tout, 3), export1(doc, 3, {}));
+
+  doc.setPistePlaySolo(3, kVrai);
+  tout = test::horsLigne(doc, d);
+  for (const MessageJoué& m : tout)
+    EXPECT_EQ(m.piste, 3);
+  EXPECT_EQ(joués(tout, 3), export1(doc, 3, {}));
+}
+
+TEST(PlayerStream, EachHeardTrackIsSetUpBeforeItsFirstNote) {
+  CVantoroTablature doc = test::document(1, 2);
+  doc.setMIDIPatch(2, 30);
+  doc.setMIDIBank(2, 300);
+  doc.setMIDIPan(2, 10);
+  doc.setMIDIReverb(2, 20);
+  poser(doc, 2, 1, 1, 0, 0, 48);
+  OptionsJeu o;
+  o.setMIDIvolume = 90;
+  o.setMIDIPitchBendRange = 5;
+  const std::vector<MessageJoué> tout = test::horsLigne(doc, {}, o);
+  std::vector<std::uint32_t> piste2;
+  for (const MessageJoué& m : tout)
+    if (m.piste == 2 && m.temps < 0) piste2.push_back(m.message);
+  const std::vector<std::uint32_t> attendu = {midiPack(0xB1, 0x20, 300 & 0x7F),
+                                              midiPack(0xB1, 0x00, 300 >> 7),  // bank, then program
+                                              midiPack(0xC1, 30),
+                                              midiPack(0xB1, 0x65, 0),
+                                              midiPack(0xB1, 0x64, 0),
+                                              midiPack(0xB1, 0x06, 5),
+                                              midiPack(0xB1, 0x26, 0),
+                                              midiPack(0xB1, 0x07, 90),
+                                              midiPack(0xB1, 0x5F, 0),
+                                              midiPack(0xB1, 0x5D, 0),
+                                              midiPack(0xB1, 0x5C, 0),
+                                              midiPack(0xB1, 0x5B, 20),
+                                              midiPack(0xB1, 0x08, 64),
+                                              midiPack(0xB1, 0x0A, 10),
+                                              midiPack(0xE1, 0x00, 0x40),
+                                              midiPack(0xB1, 0x01, 0)};
+  EXPECT_EQ(piste2, attendu);
+  // All of it at the start, before any note.
+  std::size_t premièreNote = tout.size();
+  for (std::size_t i = 0; i < tout.size(); ++i)
+    if (test::estNoteOn(tout[i].message)) premièreNote = std::min(premièreNote, i);
+  for (std::size_t i = premièreNote; i < tout.size(); ++i)
+    EXPECT_GE(tout[i].temps, 0);
+}
+
+TEST(PlayerStream, StartAtBarTwoRunsStraightThroughTheRepeats) {
+  CVantoroTablature doc = test::document(3);
+  for (int m = 1; m <= 3; ++m)
+    poser(doc, 1, m, 1, 0, m, 48);
+  doc.setMesureLoopGaucheType(1, barre::kRepetition);
+  doc.setMesureLoopDroiteType(2, barre::kRepetition);
+  doc.setMesureLoopDroiteData(2, 2);
+  DemandeJeu d;
+  d.renvois = true;  // asked for, but the start is not at bar 1
+  doc.setCurseurMesure(2);
+  std::vector<int> frettes;
+  for (const MessageJoué& m : test::horsLigne(doc, d))
+    if (test::estNoteOn(m.message)) frettes.push_back(midiData1(m.message) - 64);
+  EXPECT_EQ(frettes, (std::vector<int>{2, 3}));
+
+  doc.setCurseurMesure(1);
+  frettes.clear();
+  for (const MessageJoué& m : test::horsLigne(doc, d))
+    if (test::estNoteOn(m.message)) frettes.push_back(midiData1(m.message) - 64);
+  EXPECT_EQ(frettes, (std::vector<int>{1, 2, 1, 2, 1, 2, 3}));
+}
+
+TEST(PlayerStream, MarkersPlayFromStartToStopAndReleaseWhatRings) {
+  CVantoroTablature doc = test::document(2);
+  for (int x = 0; x < 192; x += 48)
+    poser(doc, 1, 1, 1, x, x / 48, 48);
+  poser(doc, 1, 2, 1, 0, 9, 96);
+  doc.setMarqueurStart(1, 48);
+  doc.setMarqueurStop(2, 48);
+  DemandeJeu d;
+  d.marker = true;
+  const std::vector<MessageJoué> tout = test::horsLigne(doc, d);
+  std::vector<int> frettes;
+  for (const MessageJoué& m : tout)
+    if (test::estNoteOn(m.message)) frettes.push_back(midiData1(m.message) - 64);
+  EXPECT_EQ(frettes, (std::vector<int>{1, 2, 3, 9}));
+  // The fret 9 note, cut at the stop, is released there: 3 beats and 1 beat
+  // from X 48 of bar 1.
+  ASSERT_FALSE(tout.empty());
+  EXPECT_TRUE(test::estNoteOff(tout.back().message));
+  EXPECT_EQ(midiData1(tout.back().message), 64 + 9);
+  EXPECT_EQ(tout.back().temps, 192);
+  MessagesDates dates;
+  for (const MessageJoué& m : tout)
+    dates.push_back({m.ms, m.message});
+  EXPECT_TRUE(test::toutRelâché(dates));
+}
+
+TEST(PlayerStream, EmptyDocumentAndStartPastTheEndEndAtOnce) {
+  CVantoroTablature doc = test::document(2);
+  const std::vector<MessageJoué> tout = test::horsLigne(doc);
+  for (const MessageJoué& m : tout)
+    EXPECT_LT(m.temps, 0);  // the set-up only
+  doc.setCurseurMesure(9);
+  EXPECT_EQ(test::horsLigne(doc).size(), tout.size());
+}
+
+}  // namespace
+}  // namespace vt
