@@ -6,8 +6,10 @@
 namespace vt {
 
 void SortieJournal::shortMsg(std::uint32_t message) {
-  const auto maintenant = Horloge::now();
+  // The time is read under the lock, so that the list is in the order of its
+  // times even when two threads send at once.
   std::lock_guard lock(m_verrou);
+  const auto maintenant = Horloge::now();
   if (!m_début) m_début = maintenant;
   const std::chrono::duration<double, std::milli> écart = maintenant - *m_début;
   m_messages.push_back({écart.count(), message});
