@@ -10,28 +10,6 @@
 
 namespace vt::test {
 
-CVantoroTablature document(int mesures, int pistes) {
-  CVantoroTablature doc;
-  for (int m = 2; m <= mesures; ++m)
-    doc.addMesure();
-  for (int p = 2; p <= pistes; ++p)
-    doc.addPiste(p - 1, tGuitare{});
-  return doc;
-}
-
-int poser(CVantoroTablature& doc, int p, int m, int c, int x, int frette, int durée, int effet,
-          int attaque, int volume) {
-  const int n = doc.setNoteWhole(p, m, c, x, frette, durée);
-  if (n == 0) {
-    ADD_FAILURE() << "note refused at " << p << "/" << m << "/" << c << "/" << x;
-    return 0;
-  }
-  doc.setNoteEffet(p, m, c, n, static_cast<byt>(effet));
-  doc.setNoteAttaque(p, m, c, n, static_cast<byt>(attaque));
-  doc.setNoteVolume(p, m, c, n, static_cast<byt>(volume));
-  return n;
-}
-
 PlayArrays tableaux(const CVantoroTablature& doc, const DemandeJeu& demande,
                     const OptionsJeu& options) {
   PlayArrays a;

@@ -9,19 +9,14 @@
 #include <vector>
 
 #include "document/tablature.h"
+// document() and poser(), shared with the tests of the MIDI export.
+#include "interchange_test_util.h"
 #include "player/play_offline.h"
 #include "player/play_start.h"
 #include "sound/midi_out.h"
 #include "sound/sortie_journal.h"
 
 namespace vt::test {
-
-// A document of `mesures` 4/4 bars and `pistes` standard six-string tracks.
-CVantoroTablature document(int mesures, int pistes = 1);
-
-// A note through setNoteWhole, then its effect, attack and nuance.
-int poser(CVantoroTablature& doc, int p, int m, int c, int x, int frette, int durée, int effet = 0,
-          int attaque = 0, int volume = 127);
 
 // The arrays of a start from the cursor (or the markers) with `demande`.
 PlayArrays tableaux(const CVantoroTablature& doc, const DemandeJeu& demande = {},
