@@ -4,15 +4,18 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QIcon>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPalette>
 #include <QScrollBar>
+#include <QToolBar>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "ftab_play.h"
 #include "ftab_strip.h"
 #include "render/strip_renderer.h"
 #include "render_qt/painter_surface.h"
@@ -30,7 +33,8 @@ Colour couleur(const QColor& c) {
 }
 }  // namespace
 
-FTab::FTab(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt), m_doc(vt.document()) {
+FTab::FTab(VT& vt, QWidget* parent)
+    : QWidget(parent), m_vt(vt), m_doc(vt.document()), m_lecture(std::make_unique<LectureTab>()) {
   setWindowIcon(QIcon(QStringLiteral(":/toolbar/TB_TAB.png")));
   // One column per eighth when the editor loads.
   m_tab.setViewMode(2, false);
@@ -43,15 +47,28 @@ FTab::FTab(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt), m_doc(vt.docume
   m_barreMenus->setNativeMenuBar(false);
   pile->setMenuBar(m_barreMenus);
 
+  créeBarres();
+  pile->addWidget(barre(QStringLiteral("tbToolbar")));
+
+  // The strip with its scroll bar, and the tracks standing on the right.
+  auto* rangée = new QHBoxLayout;
+  rangée->setContentsMargins(0, 0, 0, 0);
+  rangée->setSpacing(0);
+  auto* bande = new QVBoxLayout;
+  bande->setContentsMargins(0, 0, 0, 0);
+  bande->setSpacing(0);
   m_surface = std::make_unique<PainterSurface>(880, 400);
   m_renderer =
       std::make_unique<CStripRenderer>(m_doc, m_tab, *m_surface, vt.guitare(), &sourcePortée());
   m_picTab = new PicTab(*this, *m_surface, this);
-  pile->addWidget(m_picTab, 1);
+  bande->addWidget(m_picTab, 1);
   m_hScroll = new QScrollBar(Qt::Horizontal, this);
   m_hScroll->setObjectName(QStringLiteral("hScroll"));
   m_hScroll->setSingleStep(1);
-  pile->addWidget(m_hScroll);
+  bande->addWidget(m_hScroll);
+  rangée->addLayout(bande, 1);
+  rangée->addWidget(barre(QStringLiteral("tbPistes")));
+  pile->addLayout(rangée, 1);
   connect(m_hScroll, &QScrollBar::valueChanged, this, [this](int v) { hScroll_Change(v); });
   setFocusProxy(m_picTab);
 
@@ -60,6 +77,7 @@ FTab::FTab(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt), m_doc(vt.docume
   };
 
   créeMenus();
+  connecteJeu();
   connecteDialogues();
   load_lang();
   DebugInitialisation();

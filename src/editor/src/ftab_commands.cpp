@@ -118,29 +118,6 @@ void FTab::mnuTabEffet(int index) {
   marquesOutils();
 }
 
-void FTab::mnuTabPlay(int index) {
-  if (m_joue) return;
-  const CVantoroTablature& d = doc();
-  switch (index) {
-    case 1:
-      allerMesure(1, 0);
-      return;
-    case 2:
-      allerMesure(d.getMesureLast(), 0);
-      return;
-    case 7:
-      allerMesure(d.getMarkerStartMesure(), d.getMarkerStartX());
-      return;
-    case 8:
-      allerMesure(d.getMarkerStopMesure(), d.getMarkerStopX());
-      return;
-    default:
-      // Playing, the markers' run, the count-in, the loop and the recording
-      // arrive with playback.
-      return;
-  }
-}
-
 void FTab::mnuTabTool(int index) {
   if (index == 4) dialogue(DialogueTab::Texte);
   if (index == 5) dialogue(DialogueTab::Accord);

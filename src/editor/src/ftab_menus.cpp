@@ -236,6 +236,7 @@ void FTab::libelléFenêtre() {
 
 void FTab::load_lang() {
   libellésMenus();
+  bullesBarres();
   libelléFenêtre();
   entrée(QStringLiteral("mnuTabFileLang_0"))->setChecked(m_vt.setLang() == kLangFrançais);
   entrée(QStringLiteral("mnuTabFileLang_1"))->setChecked(m_vt.setLang() != kLangFrançais);
@@ -268,22 +269,20 @@ void FTab::disponibilités() {
   // View: the floating toolbars are not there yet.
   for (int i = 0; i < 7; ++i)
     active(nomEntrée("mnuTabDisplayToolbar", i), false);
-  // Play: the moves of the cursor; playing itself is not there yet.
-  for (int i : {0, 3, 4, 5, 10})
-    active(nomEntrée("mnuTabPlay", i), false);
-  for (int i : {1, 2, 7, 8})
-    active(nomEntrée("mnuTabPlay", i), !m_joue);
+  disponibilitésJeu();
   active(QStringLiteral("mnuTabTool_4"), dialogue(DialogueTab::Texte));
   active(QStringLiteral("mnuTabTool_5"), dialogue(DialogueTab::Accord));
   active(QStringLiteral("mnuTabTool_6"), false);
   active(QStringLiteral("mnutabPistes_1"), false);
   active(QStringLiteral("mnutabPistes_2"), false);
   active(QStringLiteral("mnutabPistes_3"), dialogue(DialogueTab::ProprietesPiste));
+  boutonsSuiventMenus();
 }
 
 void FTab::disableUndoRedoButtons() {
   entrée(QStringLiteral("mnuTabEdit_0"))->setEnabled(false);
   entrée(QStringLiteral("mnuTabEdit_1"))->setEnabled(false);
+  boutonsSuiventMenus();
 }
 
 void FTab::marquesOutils() {
@@ -316,6 +315,7 @@ void FTab::marquesVue() {
   coche(QStringLiteral("mnuTabDisplay_4"), m_tab.viewModeTriolet);
   coche(QStringLiteral("mnuTabDisplay_6"), m_vt.settings().cfgAffichePortée != 0);
   coche(QStringLiteral("mnuTabDisplay_7"), m_vt.settings().cfgTabSynchronise != 0);
+  boutonsSuiventMenus();
 }
 
 void FTab::tbPistesUpdate() {

@@ -18,6 +18,7 @@
 #include "faide.h"
 #include "faide_navigateur.h"
 #include "resources.h"
+#include "shell/icones.h"
 #include "shell/manche.h"
 #include "shell/skin.h"
 #include "shell/textes.h"
@@ -67,19 +68,6 @@ const std::array<EntréeFen, 7> kFen = {{
     {StringId{26}, &fen::FTab, Qt::Key_F8},
     {StringId{65}, &fen::FHarmony, Qt::Key_F9},
 }};
-
-QIcon icône(const char* nom, bool basculant) {
-  const QString base = QStringLiteral(":/toolbar/") + QString::fromUtf8(nom);
-  QIcon i;
-  i.addFile(base + QStringLiteral(".png"), {}, QIcon::Normal, QIcon::Off);
-  // The pressed picture: the "on" state of a toggle, the highlight of the others.
-  if (basculant) {
-    i.addFile(base + QStringLiteral("1.png"), {}, QIcon::Normal, QIcon::On);
-  } else {
-    i.addFile(base + QStringLiteral("1.png"), {}, QIcon::Active, QIcon::Off);
-  }
-  return i;
-}
 
 }  // namespace
 
@@ -309,7 +297,8 @@ void VT::créeBarreOutils() {
 void VT::load_resource() {
   m_imageList.clear();
   for (const char* nom : kImagesBarre)
-    m_imageList.append(icône(nom, QString::fromUtf8(nom) == QStringLiteral("TB_MANCHE")));
+    m_imageList.append(
+        icôneBouton(QString::fromUtf8(nom), QString::fromUtf8(nom) == QStringLiteral("TB_MANCHE")));
   for (std::size_t i = 0; i < kBoutons.size(); ++i)
     m_boutons[i].second->setIcon(m_imageList[kBoutons[i].image - 1]);
   disponibilités();

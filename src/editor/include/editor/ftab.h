@@ -7,8 +7,9 @@
 // the cursor (ftab_cursor.cpp), the mouse (ftab_mouse.cpp), the menus
 // (ftab_menus.cpp, ftab_commands.cpp), the document's dialogs
 // (ftab_dialogs.cpp), the live notes (ftab_sound.cpp), the files and the
-// instrument (ftab_file.cpp). Playback will come in its own file, ftab_play.cpp:
-// `m_joue` is the flag every command already tests.
+// instrument (ftab_file.cpp), the toolbars (ftab_toolbars.cpp), the track
+// commands (ftab_pistes.cpp) and playback with recording (ftab_play.cpp):
+// `m_joue` is the flag every command tests.
 #pragma once
 
 #include <QImage>
@@ -30,6 +31,7 @@ class QAction;
 class QMenu;
 class QMenuBar;
 class QScrollBar;
+class QToolBar;
 
 namespace vt {
 
@@ -38,6 +40,7 @@ class CVantoroTablature;
 class CStripRenderer;
 class PainterSurface;
 class PicTab;
+struct LectureTab;
 
 // The document's dialogs, which the editor opens from its keys and menus. They
 // are written apart from the window; `FTab::setOuvreDialogue` connects them. Each
@@ -111,6 +114,27 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void tbPistesUpdate();
   void disableUndoRedoButtons();
   void updateLastOpenFile();
+
+  // ---- Toolbars (ftab_toolbars.cpp) ----------------------------------------------
+  // A toolbar by its name ("tbToolbar", "tbPistes") and a button by its key
+  // ("joue", "record", "add", "1", ...); nullptr when there is none.
+  QToolBar* barre(const QString& nom) const;
+  QAction* bouton(const QString& barre, const QString& clé) const;
+
+  // ---- Playback (ftab_play.cpp) ----------------------------------------------------
+  // Starts from the cursor, or between the markers; `intervalle` is the tick
+  // period in ms, 60000 / (tempo * 48).
+  void timerTabStartPlay(int intervalle);
+  void timerTabStartPlayMarker(int intervalle);
+  // Stops the player and the timer; closes the recorded notes when recording.
+  void timerTabStopPlay();
+  // The whole stop: with `boutons`, the play buttons are released; the cursor
+  // is put back on the grid and inside the document.
+  void TimerMIDIStop(bool boutons);
+  // One tick of the screen timer: the cursor follows the player.
+  void tmrGFX_Timer();
+  // The shared fretboard takes the cursor's track's instrument.
+  void initFretboard();
 
   // ---- State, for the other parts of the editor and for tests --------------------
   EtatOutils& outils() { return m_outils; }
@@ -237,6 +261,21 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void marquesOutils();
   void marquesVue();
 
+  // ---- Toolbars (ftab_toolbars.cpp) ----
+  void créeBarres();
+  QAction* ajouteBouton(QToolBar* barre, const QString& clé, const QString& image, bool basculant);
+  void bullesBarres();
+  // The buttons take the availability of their menu entries, the view buttons
+  // their marks.
+  void boutonsSuiventMenus();
+
+  // ---- Playback (ftab_play.cpp) ----
+  // Connects the play buttons ("joue", "jouemarker", "record" of tbToolbar),
+  // the screen timer and the MIDI input; called once, after the toolbars exist.
+  void connecteJeu();
+  // The Play menu's and the play buttons' availability.
+  void disponibilitésJeu();
+
   // ---- Dialogs, files and the instrument (ftab_commands.cpp, ftab_file.cpp) ----
   void dialogue(DialogueTab d);
   void connecteDialogues();
@@ -259,10 +298,16 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
     QKeySequence touche;
   };
   std::vector<Libellé> m_libellés;
+  std::map<QString, QToolBar*> m_barres;  // the toolbars by name
+  std::map<QString, QAction*> m_boutons;  // their buttons by "toolbar/key"
+  std::vector<Libellé> m_bulles;          // the buttons' tool tips
   std::function<bool(DialogueTab)> m_ouvreDialogue;
   std::vector<DialogueTab> m_dialogues;  // the dialogs that exist
   EtatOutils m_outils;
-  bool m_joue = false;              // playback runs
+  bool m_joue = false;  // playback runs
+  // Playback's own state: the screen timer, the play arrays, the modes, the
+  // notes shown on the fretboard and the recording (ftab_play.h).
+  std::unique_ptr<LectureTab> m_lecture;
   bool m_glisse = false;            // the left button is held over the strip
   bool m_défilementBloqué = false;  // the scroll bar is being set by the program
   QString m_fichier;                // the file of the document, empty when new
