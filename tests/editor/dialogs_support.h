@@ -2,6 +2,9 @@
 // the dialogs' widgets found by objectName, OK and Cancel pressed.
 #pragma once
 
+#include <ostream>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -63,6 +66,22 @@ inline bool memeContenu(const CVantoroTablature& a, const CVantoroTablature& b) 
 
 inline std::string cp1252(const char* utf8) {
   return utf8ToCp1252(utf8);
+}
+
+// The notes of one string of a bar: tick, fret and length, in order.
+struct Note {
+  int x, frette, durée;
+  bool operator==(const Note&) const = default;
+};
+inline void PrintTo(const Note& n, std::ostream* os) {
+  *os << "{x " << n.x << ", fret " << n.frette << ", length " << n.durée << "}";
+}
+inline std::vector<Note> corde(const CVantoroTablature& doc, int p, int m, int c) {
+  std::vector<Note> notes;
+  for (int n = 1; n <= doc.getNoteLast(p, m, c); ++n)
+    notes.push_back(
+        {doc.getNoteX(p, m, c, n), doc.getNoteCase(p, m, c, n), doc.getNoteDurée(p, m, c, n)});
+  return notes;
 }
 
 }  // namespace vt::essai

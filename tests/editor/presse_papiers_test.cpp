@@ -1,0 +1,499 @@
+// The editor's clipboards of notes and bars and the commands on whole bars,
+// on documents alone.
+#include <gtest/gtest.h>
+
+#include "document/tablature.h"
+#include "editor/presse_papiers.h"
+
+namespace vt {
+namespace {
+
+tGuitare guitare(int cordes) {
+  tGuitare g;
+  g.nom = "Guitare";
+  g.nbrCordes = static_cast<byt>(cordes);
+  return g;
+}
+
+// `pistes` tracks of a six-string guitar, `mesures` bars of 4/4.
+CVantoroTablature document(int pistes, int mesures) {
+  CVantoroTablature doc(guitare(6));
+  for (int p = 2; p <= pistes; ++p)
+    doc.addPiste(p - 1, guitare(6));
+  for (int m = 2; m <= mesures; ++m)
+    doc.addMesure();
+  return doc;
+}
+
+void note(CVantoroTablature& doc, int p, int m, int c, int x, int fret, int durée,
+          byt effet = effet::kAucun, byt attaque = attaque::kStandard, byt volume = nuance::kFFF) {
+  const int n = doc.setNoteWhole(p, m, c, x, fret, durée);
+  ASSERT_NE(n, 0);
+  doc.setNoteEffet(p, m, c, n, effet);
+  doc.setNoteAttaque(p, m, c, n, attaque);
+  doc.setNoteVolume(p, m, c, n, volume);
+}
+
+void sélectionne(CVantoroTablature& doc, int m0, int x0, int c0, int m1, int x1, int c1) {
+  doc.intSelStartMesure = static_cast<i16>(m0);
+  doc.intSelStartX = static_cast<i16>(x0);
+  doc.bytSelStartCorde = static_cast<byt>(c0);
+  doc.intSelStopMesure = static_cast<i16>(m1);
+  doc.intSelStopX = static_cast<i16>(x1);
+  doc.bytSelStopCorde = static_cast<byt>(c1);
+}
+
+void curseur(CVantoroTablature& doc, int p, int m, int x, int c) {
+  doc.setCurseurPiste(static_cast<byt>(p));
+  doc.setCurseurMesure(static_cast<i16>(m));
+  doc.setCurseurX(static_cast<i16>(x));
+  doc.setCurseurCorde(static_cast<byt>(c));
+}
+
+// The fret at a tick, or -1 when no note stands there.
+int fretA(const CVantoroTablature& doc, int p, int m, int c, int x) {
+  const int n = doc.searchNote(p, m, c, x);
+  return n == 0 ? -1 : doc.getNoteCase(p, m, c, n);
+}
+
+int notes(const CVantoroTablature& doc, int p) {
+  int total = 0;
+  for (int m = 1; m <= doc.getMesureLast(); ++m)
+    for (int c = 1; c <= doc.getGuitareNbrCordes(p); ++c)
+      total += doc.getNoteLast(p, m, c);
+  return total;
+}
+
+// ---- The selection ----------------------------------------------------------
+
+TEST(Selection, IsPutInOrderByTimeAndByStringApart) {
+  CVantoroTablature doc = document(1, 3);
+  sélectionne(doc, 2, 48, 1, 1, 96, 5);  // dragged back in time, down the strings
+  normaliseSélection(doc);
+  EXPECT_EQ(doc.intSelStartMesure, 1);
+  EXPECT_EQ(doc.intSelStartX, 96);
+  EXPECT_EQ(doc.intSelStopMesure, 2);
+  EXPECT_EQ(doc.intSelStopX, 48);
+  EXPECT_EQ(doc.bytSelStartCorde, 1);
+  EXPECT_EQ(doc.bytSelStopCorde, 5);
+  sélectionne(doc, 2, 96, 4, 2, 24, 2);  // same bar, back in time, up the strings
+  normaliseSélection(doc);
+  EXPECT_EQ(doc.intSelStartX, 24);
+  EXPECT_EQ(doc.intSelStopX, 96);
+  EXPECT_EQ(doc.bytSelStartCorde, 2);
+  EXPECT_EQ(doc.bytSelStopCorde, 4);
+}
+
+TEST(NoteClipboard, WithoutASelectionNothingIsCopiedCutOrPasted) {
+  CVantoroTablature doc = document(1, 2);
+  note(doc, 1, 1, 1, 0, 3, 48);
+  const CVantoroTablature avant = doc;
+  PressePapierNotes pp;
+  EXPECT_FALSE(aUneSélection(doc));
+  EXPECT_FALSE(pp.copier(doc));
+  EXPECT_FALSE(pp.couper(doc).modifié);
+  EXPECT_FALSE(pp.aDuContenu());
+  EXPECT_FALSE(pp.coller(doc).modifié);  // paste with nothing copied: no undo step either
+  EXPECT_TRUE(doc == avant);
+}
+
+// ---- Copy and paste of notes ----------------------------------------------------
+
+// Track 1: a selection from bar 1 tick 144 to bar 2 tick 48 on strings 2 and 3,
+// with notes just outside it on every side.
+CVantoroTablature pièceÀCopier() {
+  CVantoroTablature doc = document(1, 4);
+  doc.setMesureSignature(3, 3, 4);
+  note(doc, 1, 1, 2, 144, 5, 48, effet::kHammerOn, attaque::kTap, nuance::kMF);
+  note(doc, 1, 1, 3, 168, 2, 24, effet::kVibrato, attaque::kPalmMute, nuance::kP);
+  note(doc, 1, 2, 2, 0, 7, 24);
+  note(doc, 1, 2, 2, 48, 8, 12, effet::kLiaison, attaque::kStandard, nuance::kPP);
+  note(doc, 1, 1, 2, 96, 1, 48);          // before the start
+  note(doc, 1, 2, 2, 72, 9, 24);          // after the stop
+  note(doc, 1, 1, 4, 144, 4, 48);         // below the strings
+  sélectionne(doc, 2, 48, 3, 1, 144, 2);  // made from its end
+  return doc;
+}
+
+TEST(NoteClipboard, CopyKeepsEachNoteAtItsDistanceFromTheSelectionStart) {
+  CVantoroTablature doc = pièceÀCopier();
+  const CVantoroTablature avant = doc;
+  PressePapierNotes pp;
+  ASSERT_TRUE(pp.copier(doc));
+  EXPECT_TRUE(doc.pistes() == avant.pistes());
+  EXPECT_EQ(doc.modifi, kFaux);
+  EXPECT_EQ(doc.getUndoDepth(), 0);
+  ASSERT_EQ(pp.cordes().last(), 2);
+  const OneBased<tNote>& haut = pp.cordes()[1];
+  ASSERT_EQ(haut.last(), 3);
+  EXPECT_EQ(haut[1], (tNote{5, 48, 0, effet::kHammerOn, 0, attaque::kTap, nuance::kMF}));
+  EXPECT_EQ(haut[2].intX, 48);  // over the bar line: 192 - 144 + 0
+  EXPECT_EQ(haut[3], (tNote{8, 12, 96, effet::kLiaison, 0, attaque::kStandard, nuance::kPP}));
+  ASSERT_EQ(pp.cordes()[2].last(), 1);
+  EXPECT_EQ(pp.cordes()[2][1],
+            (tNote{2, 24, 24, effet::kVibrato, 0, attaque::kPalmMute, nuance::kP}));
+}
+
+TEST(NoteClipboard, PasteCarriesNotesOverABarLineOfAnotherWidth) {
+  CVantoroTablature doc = pièceÀCopier();
+  PressePapierNotes pp;
+  ASSERT_TRUE(pp.copier(doc));
+  doc.modifi = kFaux;
+  curseur(doc, 1, 3, 96, 5);  // bar 3 is 3/4: 144 ticks, then bar 4 in 4/4
+  const CVantoroTablature avant = doc;
+  const Changement ch = pp.coller(doc);
+  EXPECT_TRUE(ch.modifié);
+  EXPECT_EQ(doc.modifi, kVrai);
+  EXPECT_EQ(ch.premièreMesure, 3);
+  EXPECT_EQ(ch.dernièreMesure, 4);
+  EXPECT_FALSE(ch.longueurChangée);
+  EXPECT_EQ(doc.getMesureLast(), 4);
+  // String 5: distances 0, 48, 96 from bar 3 tick 96.
+  EXPECT_EQ(fretA(doc, 1, 3, 5, 96), 5);
+  EXPECT_EQ(fretA(doc, 1, 4, 5, 0), 7);
+  EXPECT_EQ(fretA(doc, 1, 4, 5, 48), 8);
+  EXPECT_EQ(doc.getNoteLast(1, 3, 5), 1);
+  EXPECT_EQ(doc.getNoteLast(1, 4, 5), 2);
+  // String 6: distance 24.
+  EXPECT_EQ(fretA(doc, 1, 3, 6, 120), 2);
+  // Length, effect, attack and nuance come along (setNoteWhole alone clears the effect).
+  const int n = doc.searchNote(1, 3, 5, 96);
+  EXPECT_EQ(doc.getNoteDurée(1, 3, 5, n), 48);
+  EXPECT_EQ(doc.getNoteEffet(1, 3, 5, n), effet::kHammerOn);
+  EXPECT_EQ(doc.getNoteAttaque(1, 3, 5, n), attaque::kTap);
+  EXPECT_EQ(doc.getNoteVolume(1, 3, 5, n), nuance::kMF);
+  const int v = doc.searchNote(1, 3, 6, 120);
+  EXPECT_EQ(doc.getNoteEffet(1, 3, 6, v), effet::kVibrato);
+  EXPECT_EQ(doc.getNoteAttaque(1, 3, 6, v), attaque::kPalmMute);
+  EXPECT_EQ(doc.getNoteVolume(1, 3, 6, v), nuance::kP);
+  EXPECT_EQ(doc.getNoteEffet(1, 4, 5, doc.searchNote(1, 4, 5, 48)), effet::kLiaison);
+  EXPECT_EQ(notes(doc, 1), notes(avant, 1) + 4);
+
+  ASSERT_EQ(doc.getUndoDepth(), 1);
+  doc.makeUndo();
+  EXPECT_TRUE(doc.pistes() == avant.pistes());
+}
+
+TEST(NoteClipboard, PastingNearTheEndAddsBars) {
+  CVantoroTablature doc = document(2, 2);
+  doc.setMesureSignature(2, 3, 4);
+  note(doc, 1, 1, 1, 0, 3, 48);
+  note(doc, 1, 2, 1, 96, 5, 48);
+  sélectionne(doc, 1, 0, 1, 2, 96, 1);  // 288 ticks long
+  PressePapierNotes pp;
+  ASSERT_TRUE(pp.copier(doc));
+  curseur(doc, 1, 2, 96, 1);
+  const CVantoroTablature avant = doc;
+  const Changement ch = pp.coller(doc);
+  EXPECT_TRUE(ch.longueurChangée);
+  // 96 + 288 = 384: past bar 2 (144) and bar 3 (3/4 as the bar it follows).
+  ASSERT_EQ(doc.getMesureLast(), 4);
+  EXPECT_EQ(doc.getMesureSignatureUp(3), 3);
+  EXPECT_EQ(fretA(doc, 1, 2, 1, 96), 3);
+  EXPECT_EQ(fretA(doc, 1, 4, 1, 96), 5);
+  EXPECT_EQ(ch.dernièreMesure, 4);
+  EXPECT_EQ(doc.piste(2).tabMesures.last(), 4);  // every track has the new bars
+
+  doc.makeUndo();
+  // The track comes back; the added bars stay, empty.
+  EXPECT_EQ(doc.getMesureLast(), 4);
+  EXPECT_EQ(notes(doc, 1), notes(avant, 1));
+  EXPECT_EQ(fretA(doc, 1, 2, 1, 96), 5);
+}
+
+TEST(NoteClipboard, ListsPastTheLastStringAreLeftOut) {
+  CVantoroTablature doc = document(1, 2);
+  for (int c = 1; c <= 6; ++c)
+    note(doc, 1, 1, c, 0, c, 48);
+  sélectionne(doc, 1, 0, 1, 1, 0, 6);
+  PressePapierNotes pp;
+  ASSERT_TRUE(pp.copier(doc));
+  ASSERT_EQ(pp.cordes().last(), 6);
+  curseur(doc, 1, 2, 48, 4);
+  pp.coller(doc);
+  for (int c = 1; c <= 3; ++c)
+    EXPECT_EQ(doc.getNoteLast(1, 2, c), 0) << c;
+  for (int c = 4; c <= 6; ++c)
+    EXPECT_EQ(fretA(doc, 1, 2, c, 48), c - 3) << c;
+
+  // And onto a four-string track from its top string.
+  ASSERT_TRUE(doc.addPiste(1, guitare(4)));
+  curseur(doc, 2, 1, 0, 1);
+  pp.coller(doc);
+  for (int c = 1; c <= 4; ++c)
+    EXPECT_EQ(fretA(doc, 2, 1, c, 0), c) << c;
+  EXPECT_EQ(doc.pisteMesure(2, 1)->tabCordes.last(), 4);
+}
+
+TEST(NoteClipboard, CutLeavesRestsWhereTheNotesWere) {
+  CVantoroTablature doc = pièceÀCopier();
+  doc.setCurseurPiste(1);
+  const CVantoroTablature avant = doc;
+  PressePapierNotes pp;
+  const Changement ch = pp.couper(doc);
+  EXPECT_TRUE(ch.modifié);
+  EXPECT_EQ(doc.modifi, kVrai);
+  EXPECT_EQ(ch.premièreMesure, 1);
+  EXPECT_EQ(ch.dernièreMesure, 2);
+  EXPECT_FALSE(ch.longueurChangée);
+  EXPECT_EQ(pp.cordes()[1].last(), 3);
+  // The selected notes are gone; nothing closes up: the others keep their ticks.
+  EXPECT_EQ(fretA(doc, 1, 1, 2, 144), -1);
+  EXPECT_EQ(fretA(doc, 1, 1, 3, 168), -1);
+  EXPECT_EQ(fretA(doc, 1, 2, 2, 0), -1);
+  EXPECT_EQ(fretA(doc, 1, 2, 2, 48), -1);
+  EXPECT_EQ(fretA(doc, 1, 1, 2, 96), 1);
+  EXPECT_EQ(fretA(doc, 1, 2, 2, 72), 9);
+  EXPECT_EQ(fretA(doc, 1, 1, 4, 144), 4);
+  EXPECT_EQ(notes(doc, 1), notes(avant, 1) - 4);
+  EXPECT_TRUE(doc.mesures() == avant.mesures());
+
+  // Pasted back where it came from, the piece is as it was.
+  curseur(doc, 1, 1, 144, 2);
+  pp.coller(doc);
+  EXPECT_TRUE(doc.pistes() == avant.pistes());
+
+  ASSERT_EQ(doc.getUndoDepth(), 2);
+  doc.makeUndo();
+  doc.makeUndo();
+  EXPECT_TRUE(doc.pistes() == avant.pistes());
+}
+
+// ---- The bar clipboard ------------------------------------------------------------
+
+// Track 1 of three tracks (the third with four strings), bars 2 and 3 with
+// notes, a chord and texts; bar 2 is in 3/4.
+CVantoroTablature pièceDeMesures() {
+  CVantoroTablature doc = document(2, 5);
+  doc.addPiste(2, guitare(4));
+  doc.setMesureSignature(2, 3, 4);
+  doc.setMesureSignature(3, 4, 4);
+  note(doc, 1, 2, 1, 0, 3, 48, effet::kSlideUp, attaque::kSlap, nuance::kF);
+  note(doc, 1, 2, 6, 96, 12, 48);
+  note(doc, 1, 2, 5, 0, kCaseVide, 48, effet::kVibrato);  // a blank note travels too
+  OneBased<byt> am(6, kCaseVide);
+  am[2] = 1;
+  am[3] = 2;
+  am[4] = 2;
+  am[5] = 0;
+  am[6] = 5;
+  doc.setMesureAccord(1, 2, doc.addandplaceMesureAccord(1, 2, 48), "Am", am);
+  doc.setMesureAccord(1, 2, doc.addandplaceMesureAccord(1, 2, 0), "E", OneBased<byt>(6, 0));
+  doc.setMesureTexte(1, 2, 0, "intro", kVrai);
+  doc.setMesureTexte(1, 2, 96, "la la", kFaux);
+  doc.setMesureTexte(1, 3, 24, "verse", kVrai);
+  note(doc, 1, 3, 2, 24, 7, 24);
+  note(doc, 1, 1, 1, 0, 1, 48);
+  note(doc, 1, 4, 1, 0, 4, 48);
+  note(doc, 1, 5, 1, 0, 5, 48);
+  for (int m = 1; m <= 5; ++m)
+    note(doc, 2, m, 3, 0, 10 + m, 48);
+  curseur(doc, 1, 1, 0, 1);
+  return doc;
+}
+
+TEST(BarClipboard, CopyTakesTheCursorsTrackWithChordsAndTexts) {
+  CVantoroTablature doc = pièceDeMesures();
+  const CVantoroTablature avant = doc;
+  PressePapierMesures pp;
+  ASSERT_TRUE(pp.copier(doc, {2, 2, false}));
+  EXPECT_TRUE(doc == avant);
+  ASSERT_EQ(pp.nombre(), 2);
+  EXPECT_EQ(pp.mesures()[1], *doc.pisteMesure(1, 2));
+  EXPECT_EQ(pp.mesures()[2], *doc.pisteMesure(1, 3));
+  EXPECT_EQ(pp.mesures()[1].tabAccords[2].strNom, "Am");
+
+  // The range stops at the document's end; a range outside it copies nothing.
+  ASSERT_TRUE(pp.copier(doc, {4, 10, true}));
+  EXPECT_EQ(pp.nombre(), 2);
+  EXPECT_FALSE(pp.copier(doc, {6, 1, false}));
+  EXPECT_FALSE(pp.copier(doc, {1, 0, false}));
+  EXPECT_EQ(pp.nombre(), 2);
+}
+
+TEST(BarClipboard, PasteOpensRoomAndMovesTheLaterBarsOfTheTrackOnly) {
+  CVantoroTablature doc = pièceDeMesures();
+  PressePapierMesures pp;
+  ASSERT_TRUE(pp.copier(doc, {2, 2, false}));
+  curseur(doc, 1, 4, 0, 1);
+  const CVantoroTablature avant = doc;
+  const Changement ch = pp.coller(doc);
+  EXPECT_TRUE(ch.modifié);
+  EXPECT_TRUE(ch.longueurChangée);
+  EXPECT_EQ(ch.premièreMesure, 4);
+  EXPECT_EQ(doc.modifi, kVrai);
+  ASSERT_EQ(doc.getMesureLast(), 7);
+  // Bars 4 and 5 are the copies, chords, texts and notes alike.
+  EXPECT_EQ(*doc.pisteMesure(1, 4), *avant.pisteMesure(1, 2));
+  EXPECT_EQ(*doc.pisteMesure(1, 5), *avant.pisteMesure(1, 3));
+  EXPECT_EQ(doc.getMesureAccordNom(1, 4, 2), "Am");
+  EXPECT_EQ(doc.getMesureAccordCorde(1, 4, 2, 6), 5);
+  EXPECT_EQ(doc.getMesureTexteUpContenu(1, 4, 1), "intro");
+  EXPECT_EQ(doc.getMesureTexteDnContenu(1, 4, 1), "la la");
+  // The bars that stood there moved on by two; those before stay.
+  for (int m = 1; m <= 3; ++m)
+    EXPECT_EQ(*doc.pisteMesure(1, m), *avant.pisteMesure(1, m)) << m;
+  EXPECT_EQ(*doc.pisteMesure(1, 6), *avant.pisteMesure(1, 4));
+  EXPECT_EQ(*doc.pisteMesure(1, 7), *avant.pisteMesure(1, 5));
+  // The other tracks keep their bars and get empty ones at the end; the bar
+  // headers don't move.
+  for (int m = 1; m <= 5; ++m)
+    EXPECT_EQ(*doc.pisteMesure(2, m), *avant.pisteMesure(2, m)) << m;
+  EXPECT_EQ(*doc.pisteMesure(2, 6), tPisteMesure::vide(6));
+  EXPECT_EQ(*doc.pisteMesure(3, 7), tPisteMesure::vide(4));
+  EXPECT_EQ(doc.getMesureSignatureUp(2), 3);
+  EXPECT_EQ(doc.getMesureSignatureUp(4), 4);
+
+  doc.makeUndo();
+  for (int m = 1; m <= 5; ++m)
+    EXPECT_EQ(*doc.pisteMesure(1, m), *avant.pisteMesure(1, m)) << m;
+  EXPECT_EQ(*doc.pisteMesure(1, 6), tPisteMesure::vide(6));
+}
+
+TEST(BarClipboard, PasteOntoATrackWithFewerStringsKeepsWhatFits) {
+  CVantoroTablature doc = pièceDeMesures();
+  PressePapierMesures pp;
+  ASSERT_TRUE(pp.copier(doc, {2, 1, false}));
+  curseur(doc, 3, 1, 0, 1);
+  pp.coller(doc);
+  const tPisteMesure& m = *doc.pisteMesure(3, 1);
+  EXPECT_EQ(m.tabCordes.last(), 4);
+  EXPECT_EQ(fretA(doc, 3, 1, 1, 0), 3);
+  EXPECT_EQ(m.tabCordes[2].last() + m.tabCordes[3].last() + m.tabCordes[4].last(), 0);
+  ASSERT_EQ(m.tabAccords.last(), 2);
+  EXPECT_EQ(m.tabAccords[2].strNom, "Am");
+  EXPECT_EQ(m.tabAccords[2].tabCordes.last(), 4);
+  EXPECT_EQ(m.tabAccords[2].tabCordes[4], 2);
+  EXPECT_EQ(m.tabTextesUp.last(), 1);
+  EXPECT_EQ(doc.getUndoDepth(), 1);
+  EXPECT_EQ(doc.undoStack()[1].bytPiste, 3);
+}
+
+TEST(BarClipboard, CutCopiesThenRemovesWithOneUndoStep) {
+  CVantoroTablature doc = pièceDeMesures();
+  const CVantoroTablature avant = doc;
+  PressePapierMesures pp;
+  const Changement ch = pp.couper(doc, {2, 2, false});
+  EXPECT_TRUE(ch.modifié);
+  EXPECT_FALSE(ch.longueurChangée);
+  ASSERT_EQ(pp.nombre(), 2);
+  EXPECT_EQ(pp.mesures()[1], *avant.pisteMesure(1, 2));
+  EXPECT_EQ(doc.getMesureLast(), 5);
+  EXPECT_EQ(*doc.pisteMesure(1, 2), *avant.pisteMesure(1, 4));
+  EXPECT_EQ(*doc.pisteMesure(1, 4), tPisteMesure::vide(6));
+  EXPECT_EQ(doc.getUndoDepth(), 1);
+  doc.makeUndo();
+  EXPECT_TRUE(doc.pistes() == avant.pistes());
+
+  // With every track the document shrinks, and the clipboard pastes them back.
+  doc = avant;
+  pp.couper(doc, {2, 2, true});
+  EXPECT_EQ(doc.getMesureLast(), 3);
+  EXPECT_EQ(*doc.pisteMesure(2, 2), *avant.pisteMesure(2, 4));
+  curseur(doc, 1, 2, 0, 1);
+  pp.coller(doc);
+  for (int m = 1; m <= 5; ++m)
+    EXPECT_EQ(*doc.pisteMesure(1, m), *avant.pisteMesure(1, m)) << m;
+}
+
+// ---- Inserting and deleting bars ----------------------------------------------------
+
+TEST(BarCommands, InsertOnTheCurrentTrackOrOnEveryTrack) {
+  CVantoroTablature doc = pièceDeMesures();
+  curseur(doc, 2, 1, 0, 1);
+  const CVantoroTablature avant = doc;
+  Changement ch = insèreMesures(doc, {2, 3, false});
+  EXPECT_TRUE(ch.modifié);
+  EXPECT_TRUE(ch.longueurChangée);
+  EXPECT_EQ(doc.modifi, kVrai);
+  ASSERT_EQ(doc.getMesureLast(), 8);
+  for (int m = 2; m <= 4; ++m)
+    EXPECT_EQ(*doc.pisteMesure(2, m), tPisteMesure::vide(6)) << m;
+  EXPECT_EQ(*doc.pisteMesure(2, 5), *avant.pisteMesure(2, 2));
+  EXPECT_EQ(*doc.pisteMesure(1, 2), *avant.pisteMesure(1, 2));  // another track: not moved
+  EXPECT_EQ(doc.getMesureSignatureUp(2), 3);                    // nor the headers
+  doc.makeUndo();
+  for (int m = 1; m <= 5; ++m)
+    EXPECT_EQ(*doc.pisteMesure(2, m), *avant.pisteMesure(2, m)) << m;
+
+  // Every track: all move together and the document grows by the bars asked.
+  doc = avant;
+  ch = insèreMesures(doc, {1, 2, true});
+  ASSERT_EQ(doc.getMesureLast(), 7);
+  for (int p = 1; p <= 3; ++p) {
+    EXPECT_EQ(doc.pisteMesure(p, 1)->tabCordes.last(), doc.getGuitareNbrCordes(p));
+    EXPECT_EQ(notes(doc, p), notes(avant, p)) << p;
+    for (int m = 1; m <= 5; ++m)
+      EXPECT_EQ(*doc.pisteMesure(p, m + 2), *avant.pisteMesure(p, m)) << p << " " << m;
+  }
+  // The bar count the document can't pass is kept: nothing changes.
+  EXPECT_FALSE(insèreMesures(doc, {1, kMaxMesures, false}).modifié);
+  EXPECT_FALSE(insèreMesures(doc, {9, 1, false}).modifié);
+  EXPECT_FALSE(insèreMesures(doc, {1, 0, true}).modifié);
+  EXPECT_EQ(doc.getMesureLast(), 7);
+  EXPECT_EQ(doc.getUndoDepth(), 1);
+}
+
+TEST(BarCommands, DeletingEveryBarOfTheCurrentTrackLeavesItEmptyAndTheDocumentLong) {
+  CVantoroTablature doc = pièceDeMesures();
+  doc.setCurseurMesure(5);
+  const CVantoroTablature avant = doc;
+  Changement ch = supprimeMesures(doc, {1, 5, false});
+  EXPECT_TRUE(ch.modifié);
+  EXPECT_FALSE(ch.longueurChangée);
+  EXPECT_FALSE(ch.curseurRamené);
+  EXPECT_EQ(doc.modifi, kVrai);
+  EXPECT_EQ(doc.getMesureLast(), 5);
+  EXPECT_EQ(notes(doc, 1), 0);
+  for (int m = 1; m <= 5; ++m)
+    EXPECT_EQ(*doc.pisteMesure(1, m), tPisteMesure::vide(6)) << m;
+  EXPECT_TRUE(doc.piste(2) == avant.piste(2));
+  EXPECT_TRUE(doc.mesures() == avant.mesures());
+  doc.makeUndo();
+  EXPECT_TRUE(doc.pistes() == avant.pistes());
+
+  // Some bars: the later ones move back, empty bars close the track.
+  supprimeMesures(doc, {2, 2, false});
+  EXPECT_EQ(*doc.pisteMesure(1, 1), *avant.pisteMesure(1, 1));
+  EXPECT_EQ(*doc.pisteMesure(1, 2), *avant.pisteMesure(1, 4));
+  EXPECT_EQ(*doc.pisteMesure(1, 3), *avant.pisteMesure(1, 5));
+  EXPECT_EQ(*doc.pisteMesure(1, 4), tPisteMesure::vide(6));
+}
+
+TEST(BarCommands, DeletingOnEveryTrackShortensTheDocumentAndBringsTheCursorBack) {
+  CVantoroTablature doc = pièceDeMesures();
+  curseur(doc, 1, 5, 96, 1);
+  const CVantoroTablature avant = doc;
+  Changement ch = supprimeMesures(doc, {2, 2, true});
+  EXPECT_TRUE(ch.longueurChangée);
+  EXPECT_TRUE(ch.curseurRamené);
+  ASSERT_EQ(doc.getMesureLast(), 3);
+  EXPECT_EQ(doc.CurseurMesure(), 3);
+  EXPECT_EQ(doc.CurseurX(), 0);
+  for (int p = 1; p <= 3; ++p) {
+    EXPECT_EQ(doc.piste(p).tabMesures.last(), 3);
+    EXPECT_EQ(*doc.pisteMesure(p, 1), *avant.pisteMesure(p, 1));
+    EXPECT_EQ(*doc.pisteMesure(p, 2), *avant.pisteMesure(p, 4));
+    EXPECT_EQ(*doc.pisteMesure(p, 3), *avant.pisteMesure(p, 5));
+  }
+  // Headers are not moved: the bars at the end of the document go.
+  EXPECT_EQ(doc.getMesureSignatureUp(2), 3);
+
+  // Undo gives back the cursor's track as far as the document still reaches.
+  doc.makeUndo();
+  for (int m = 1; m <= 3; ++m)
+    EXPECT_EQ(*doc.pisteMesure(1, m), *avant.pisteMesure(1, m)) << m;
+  EXPECT_EQ(doc.getMesureLast(), 3);
+
+  // Everything: one empty bar remains; a range past the end is cut to it.
+  doc = avant;
+  ch = supprimeMesures(doc, {1, 99, true});
+  EXPECT_EQ(doc.getMesureLast(), 1);
+  EXPECT_EQ(doc.CurseurMesure(), 1);
+  for (int p = 1; p <= 3; ++p)
+    EXPECT_EQ(notes(doc, p), 0);
+  EXPECT_FALSE(supprimeMesures(doc, {2, 1, true}).modifié);
+}
+
+}  // namespace
+}  // namespace vt
