@@ -7,71 +7,8 @@ program and checks that the settings were written.
 Usage: first_start_e2e.py PATH_TO_VANTORO
 Exits 0 on success, 1 on failure, 77 when Xvfb or xdotool is missing."""
 import os
-import shutil
-import struct
-import subprocess
-import sys
-import tempfile
-import time
 
-SKIP = 77
-TIMEOUT = 20.0
-
-
-def fail(message):
-    print("FAIL: " + message)
-    sys.exit(1)
-
-
-def poll(what, test, timeout=TIMEOUT):
-    deadline = time.monotonic() + timeout
-    while time.monotonic() < deadline:
-        result = test()
-        if result:
-            return result
-        time.sleep(0.1)
-    fail("timed out waiting for " + what)
-
-
-def visible_window(name):
-    r = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", name],
-                       capture_output=True, text=True)
-    ids = r.stdout.split()
-    return ids[0] if ids else None
-
-
-def key(window, *keys):
-    subprocess.run(["xdotool", "windowfocus", "--sync", window], check=False)
-    subprocess.run(["xdotool", "key", "--clearmodifiers"] + list(keys), check=True)
-
-
-def geometry(window):
-    out = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window],
-                         capture_output=True, text=True, check=True).stdout
-    values = dict(line.split("=", 1) for line in out.split())
-    return int(values["X"]), int(values["Y"]), int(values["WIDTH"]), int(values["HEIGHT"])
-
-
-def screenshot():
-    """The root window as rows of (r, g, b) tuples, read from xwd's ZPixmap."""
-    data = subprocess.run(["xwd", "-root", "-silent"], capture_output=True, check=True).stdout
-    h = struct.unpack(">25I", data[:100])
-    header_size, width, height = h[0], h[4], h[5]
-    byte_order, bits_per_pixel, bytes_per_line, ncolors = h[7], h[11], h[12], h[19]
-    if bits_per_pixel not in (24, 32):
-        fail("unexpected screenshot depth %d" % bits_per_pixel)
-    step = bits_per_pixel // 8
-    masks = h[14], h[15], h[16]
-    shifts = [(m & -m).bit_length() - 1 for m in masks]
-    pixels = data[header_size + ncolors * 12:]
-    order = "little" if byte_order == 0 else "big"
-
-    def pixel(x, y):
-        o = y * bytes_per_line + x * step
-        v = int.from_bytes(pixels[o:o + step], order)
-        return tuple((v & m) >> s for m, s in zip(masks, shifts))
-
-    return width, height, pixel
+from e2e_support import Program, fail, first_start, geometry, key, poll, run, screenshot
 
 
 def fretboard_rows(pixel, x0, y0, w, h):
@@ -92,28 +29,9 @@ def fretboard_rows(pixel, x0, y0, w, h):
     return rows
 
 
-def inner(program, home):
-    env = dict(os.environ)
-    env.update({
-        "HOME": home,
-        "XDG_CONFIG_HOME": os.path.join(home, "config"),
-        "XDG_DATA_HOME": os.path.join(home, "data"),
-        "XDG_RUNTIME_DIR": os.path.join(home, "runtime"),
-        "VANTORO_SETTINGS": os.path.join(home, "settings.ini"),
-        "LANG": "C.UTF-8",
-        "LC_ALL": "C.UTF-8",
-    })
-    os.makedirs(env["XDG_RUNTIME_DIR"], mode=0o700)
-    log = open(os.path.join(home, "log.txt"), "w")
-    proc = subprocess.Popen([program], env=env, stdout=log, stderr=subprocess.STDOUT)
-    try:
-        dialog = poll("the language dialog", lambda: visible_window("^Langue / Language$"))
-        key(dialog, "Return")
-        start = poll("the start page", lambda: visible_window("^Welcome to Vantoro$"))
-        key(start, "Escape")
-        tip = poll("the tip of the day", lambda: visible_window("^Tip of the day$"))
-        key(tip, "Escape")
-        main = poll("the main window", lambda: visible_window("^Vantoro$"))
+def inner(home, program):
+    with Program(program, home) as vantoro:
+        main = first_start("Escape")
         x0, y0, w, h = geometry(main)
 
         def board_drawn():
@@ -127,52 +45,18 @@ def inner(program, home):
             fail("only %d string rows found on the fretboard" % len(rows))
 
         key(main, "ctrl+q")
-        try:
-            code = proc.wait(timeout=TIMEOUT)
-        except subprocess.TimeoutExpired:
-            fail("the program did not end after ctrl+q")
-        if code != 0:
-            fail("the program ended with code %d" % code)
-    finally:
-        if proc.poll() is None:
-            proc.kill()
-            proc.wait()
-        log.close()
+        vantoro.wait_exit("ctrl+q")
 
-    settings = open(env["VANTORO_SETTINGS"], encoding="utf-8").read()
+    settings = open(vantoro.env["VANTORO_SETTINGS"], encoding="utf-8").read()
     for expected in ("setLang=10000", "[Version]", "App.Path=", "setMancheVisible=True"):
         if expected not in settings:
             fail("the settings lack " + expected)
-    if not os.path.exists(os.path.join(env["XDG_DATA_HOME"], "applications", "vantoro.desktop")):
+    if not os.path.exists(os.path.join(vantoro.env["XDG_DATA_HOME"], "applications",
+                                       "vantoro.desktop")):
         fail("no desktop entry was written")
     print("PASS: language dialog, start page, tip, main window with %d strings drawn, "
           "settings written" % len(rows))
 
 
-def main():
-    if len(sys.argv) == 4 and sys.argv[1] == "--inner":
-        inner(sys.argv[2], sys.argv[3])
-        return
-    if len(sys.argv) != 2:
-        print(__doc__)
-        sys.exit(2)
-    for tool in ("xvfb-run", "xauth", "xdotool", "xwd"):
-        if shutil.which(tool) is None:
-            print("SKIPPED: %s is not installed (scripts/setup installs it)" % tool)
-            sys.exit(SKIP)
-    home = tempfile.mkdtemp(prefix="vantoro-e2e-")
-    try:
-        r = subprocess.run(["xvfb-run", "-a", "-s", "-screen 0 1024x768x24 -nolisten tcp",
-                            sys.executable, os.path.abspath(__file__), "--inner",
-                            os.path.abspath(sys.argv[1]), home])
-        if r.returncode != 0:
-            log = os.path.join(home, "log.txt")
-            if os.path.exists(log):
-                print("program output:\n" + open(log).read())
-        sys.exit(r.returncode)
-    finally:
-        shutil.rmtree(home, ignore_errors=True)
-
-
 if __name__ == "__main__":
-    main()
+    run(inner, __doc__, 1)

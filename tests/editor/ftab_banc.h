@@ -3,8 +3,10 @@
 // notes written down.
 #pragma once
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QMdiSubWindow>
+#include <QMouseEvent>
 #include <QTest>
 
 #include "../shell/banc.h"
@@ -55,6 +57,24 @@ class Editeur : public Banc {
     // The document's dialogs are modal: a test puts its own when it wants them.
     dialoguesDuProgramme = ftab->entrée("mnuTabEdit_13")->isEnabled();
     ftab->setOuvreDialogue({}, {});
+    // Nothing modal in a test: a question or a file dialog the test did not
+    // expect fails it, and is cancelled.
+    ftab->question = [](const QString& texte, QMessageBox::StandardButtons) {
+      ADD_FAILURE() << "unexpected question: " << texte.toStdString();
+      return QMessageBox::Cancel;
+    };
+    ftab->dialogueImport = [](bool, const QString&) {
+      ADD_FAILURE() << "unexpected import dialog";
+      return false;
+    };
+    ftab->demandeMesures = [](int, PositionsMesures&) {
+      ADD_FAILURE() << "unexpected bar range dialog";
+      return false;
+    };
+    ftab->choisitFichier = [](bool, const QString&, const QString&, const QString&) {
+      ADD_FAILURE() << "unexpected file dialog";
+      return QString();
+    };
     sons.clear();
     return *ftab;
   }
@@ -87,6 +107,27 @@ class Editeur : public Banc {
   void pose(int mesure, int corde, int x, int f, int durée = 24) {
     const int n = doc().setNoteWhole(1, mesure, corde, x, f, durée);
     doc().setNoteVolume(1, mesure, corde, n, 127);
+  }
+  // The mouse on the strip. The centre of a column's note head and of a string
+  // with bar 1 shown first, from the default layout: the first bar's inner
+  // origin at 35 + 20, a 4/4 bar 200 pixels wide at an eighth per column,
+  // columns 20 pixels apart, strings 13 pixels apart from y 140.
+  static QPointF cellule(int mesure, int colonne, int corde) {
+    return {55.0 + (mesure - 1) * 200 + colonne * 20 + 20, 140.0 + (corde - 1) * 13};
+  }
+  void envoie(QEvent::Type type, QPointF p, Qt::MouseButton bouton, Qt::MouseButtons tenus) {
+    QWidget* w = ftab->picTab();
+    QMouseEvent e(type, p, w->mapToGlobal(p), bouton, tenus, Qt::NoModifier);
+    QApplication::sendEvent(w, &e);
+  }
+  void clic(QPointF p, Qt::MouseButton b = Qt::LeftButton) {
+    envoie(QEvent::MouseButtonPress, p, b, b);
+    envoie(QEvent::MouseButtonRelease, p, b, Qt::NoButton);
+  }
+  void glisse(QPointF de, QPointF à) {
+    envoie(QEvent::MouseButtonPress, de, Qt::LeftButton, Qt::LeftButton);
+    envoie(QEvent::MouseMove, à, Qt::NoButton, Qt::LeftButton);
+    envoie(QEvent::MouseButtonRelease, à, Qt::LeftButton, Qt::NoButton);
   }
   void insertion(bool oui) {
     if (vt->booInsert() != oui) vt->toggleInsert();

@@ -1,6 +1,5 @@
-// The mouse on the strip. Positions are computed here from the default layout:
-// the first bar's inner origin at 35 + 20, a 4/4 bar 200 pixels wide at an
-// eighth per column, columns 20 pixels apart, strings 13 pixels apart from y 140.
+// The mouse on the strip: a click, a drag, the pop-up of a note (the
+// positions come from the bench's cellule, the default layout).
 #include <QApplication>
 #include <QMenu>
 #include <QMouseEvent>
@@ -13,19 +12,6 @@ namespace {
 
 class Souris : public Editeur {
  protected:
-  // The centre of a column's note head and of a string, with bar 1 shown first.
-  static QPointF cellule(int mesure, int colonne, int corde) {
-    return {55.0 + (mesure - 1) * 200 + colonne * 20 + 20, 140.0 + (corde - 1) * 13};
-  }
-  void envoie(QEvent::Type type, QPointF p, Qt::MouseButton bouton, Qt::MouseButtons tenus) {
-    QWidget* w = ftab->picTab();
-    QMouseEvent e(type, p, w->mapToGlobal(p), bouton, tenus, Qt::NoModifier);
-    QApplication::sendEvent(w, &e);
-  }
-  void clic(QPointF p, Qt::MouseButton b = Qt::LeftButton) {
-    envoie(QEvent::MouseButtonPress, p, b, b);
-    envoie(QEvent::MouseButtonRelease, p, b, Qt::NoButton);
-  }
   void selection(int& m1, int& x1, int& c1, int& m2, int& x2, int& c2) {
     m1 = doc().intSelStartMesure;
     x1 = doc().intSelStartX;

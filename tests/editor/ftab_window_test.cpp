@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QMenu>
+#include <QMenuBar>
 #include <QTemporaryDir>
 
 #include "formats/vtb.h"
@@ -34,14 +35,19 @@ TEST_F(Fenetre, TheWindowMenuOpensTheEditorOnAFreshDocument) {
 TEST_F(Fenetre, MenusCarryTheStringTableAndLaterCommandsAreDisabled) {
   ouvre();
   EXPECT_TRUE(ftab->entrée("mnuTabEdit_0")->text().startsWith("&Undo\t"));
-  EXPECT_EQ(ftab->entrée("mnuTabFile_0")->text(), "&New tablature");
+  EXPECT_EQ(ftab->entrée("mnuTabFile_0")->text(), "&New tablature\tCtrl+N");
   EXPECT_EQ(ftab->entrée("mnuTabPopUp_0")->text().section('\t', 0, 0), "&Upper string");
   EXPECT_EQ(ftab->entrée("mnuTabToolAttaque_6")->text().section('\t', 0, 0), "&Natural harmonic");
-  for (const char* nom : {"mnuTabFile_0", "mnuTabFile_1", "mnuTabFile_2", "mnuTabEdit_3",
-                          "mnuTabEdit_9", "mnuTabPlay_0", "mnutabPistes_1"})
+  for (const char* nom : {"mnuTabFile_11", "mnuTabEdit_3", "mnuTabEdit_9", "mnutabPistes_2"})
     EXPECT_FALSE(ftab->entrée(nom)->isEnabled()) << nom;
-  for (const char* nom : {"mnuTabFile_17", "mnuTabPlay_1", "mnuTabDisplay_0", "mnuTabEffet_0"})
+  for (const char* nom : {"mnuTabFile_0", "mnuTabFile_2", "mnuTabFile_17", "mnuTabPlay_1",
+                          "mnuTabDisplay_0", "mnuTabEffet_0", "mnutabPistes_1"})
     EXPECT_TRUE(ftab->entrée(nom)->isEnabled()) << nom;
+  // The toolbar's buttons follow their entries.
+  EXPECT_TRUE(ftab->bouton("tbToolbar", "nouveau")->isEnabled());
+  EXPECT_FALSE(ftab->bouton("tbToolbar", "couper")->isEnabled());
+  EXPECT_FALSE(ftab->bouton("tbPistes", "remove")->isEnabled());
+  EXPECT_EQ(ftab->bouton("tbToolbar", "enregistrer")->toolTip(), "Save the tablature");
   // Without the document's dialogs their entries and keys do nothing.
   EXPECT_FALSE(ftab->entrée("mnuTabEdit_13")->isEnabled());
   touche(Qt::Key_Return, Qt::AltModifier);
@@ -49,7 +55,7 @@ TEST_F(Fenetre, MenusCarryTheStringTableAndLaterCommandsAreDisabled) {
   EXPECT_FALSE(doc().modifi);
 
   vt->mnuFileLang_Click(0);
-  EXPECT_EQ(ftab->entrée("mnuTabFile_0")->text(), "&Nouvelle tablature");
+  EXPECT_EQ(ftab->entrée("mnuTabFile_0")->text(), "&Nouvelle tablature\tCtrl+N");
   EXPECT_TRUE(ftab->entrée("mnuTabFileLang_0")->isChecked());
   EXPECT_FALSE(ftab->entrée("mnuTabFileLang_1")->isChecked());
 }
@@ -215,6 +221,32 @@ TEST_F(Fenetre, AFileFromTheCommandLineReplacesTheDocument) {
   EXPECT_EQ(messages.front(), "This is not a VTB file!");
   EXPECT_EQ(fret(2, 3, 48), 7);
   EXPECT_EQ(ftab->windowTitle(), "Tablature");
+}
+
+TEST_F(Fenetre, TheEditorsMenusStandInTheMainMenuBarWhileItIsActive) {
+  ouvre();
+  const auto titres = [this] {
+    QStringList l;
+    for (const QAction* a : vt->menuBar()->actions())
+      l << a->text();
+    return l;
+  };
+  QMenuBar* propre = ftab->barreMenus();
+  ASSERT_NE(propre, nullptr);
+  const QStringList avecEditeur = titres();
+  ASSERT_EQ(avecEditeur.size(), 9) << avecEditeur.join(' ').toStdString();
+  EXPECT_EQ(avecEditeur.front(), "&File");
+  EXPECT_EQ(avecEditeur[6], "T&racks");
+  EXPECT_TRUE(propre->isHidden()) << "one bar holds each menu's key";
+  // The entries are the editor's own.
+  EXPECT_EQ(vt->menuBar()->actions().front()->menu(), ftab->entrée("mnuTabFile_0")->parent());
+
+  auto* cadre = qobject_cast<QMdiSubWindow*>(ftab->parentWidget());
+  cadre->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  QCoreApplication::processEvents();
+  ftab = nullptr;
+  EXPECT_EQ(titres().size(), 3) << "the main window's own menus are back";
 }
 
 }  // namespace

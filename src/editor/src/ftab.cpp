@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QMdiSubWindow>
@@ -15,8 +16,11 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "dialogs/ftab_drums.h"
+#include "dialogs/ftab_mesure_edit.h"
 #include "ftab_play.h"
 #include "ftab_strip.h"
+#include "ftab_toolbar.h"
 #include "render/strip_renderer.h"
 #include "render_qt/painter_surface.h"
 #include "render_qt/resources.h"
@@ -48,7 +52,7 @@ FTab::FTab(VT& vt, QWidget* parent)
   pile->setMenuBar(m_barreMenus);
 
   créeBarres();
-  pile->addWidget(barre(QStringLiteral("tbToolbar")));
+  pile->addLayout(rangéesBarres());
 
   // The strip with its scroll bar, and the tracks standing on the right.
   auto* rangée = new QHBoxLayout;
@@ -75,15 +79,35 @@ FTab::FTab(VT& vt, QWidget* parent)
   message = [this](const QString& texte) {
     QMessageBox::warning(this, m_vt.loadString(1200), texte);
   };
+  question = [this](const QString& texte, QMessageBox::StandardButtons boutons) {
+    return QMessageBox::warning(this, m_vt.loadString(1200), texte, boutons);
+  };
+  demandeMesures = [this](int mode, PositionsMesures& positions) {
+    return FTabMesureEdit::getMesurePositions(this, Textes{m_vt.setLang()}, doc(), mode, positions);
+  };
+  choisitFichier = [this](bool enregistrer, const QString& dossier, const QString& filtre,
+                          const QString& titre) {
+    return enregistrer ? QFileDialog::getSaveFileName(this, titre, dossier, filtre)
+                       : QFileDialog::getOpenFileName(this, titre, dossier, filtre);
+  };
 
   créeMenus();
+  barresDesRéglages();
   connecteJeu();
   connecteDialogues();
+  connecteImports();
   load_lang();
   DebugInitialisation();
 }
 
 FTab::~FTab() {
+  // The windows that stand beside the editor go with it.
+  for (FTabToolBar* f : m_tabFloatingToolBars)
+    if (f != nullptr) {
+      f->disconnect(this);
+      delete f;
+    }
+  delete m_batterie;
   arrêteNotes();
 }
 
@@ -224,7 +248,14 @@ void FTab::changeLanguage() {
 }
 
 void FTab::closeEvent(QCloseEvent* e) {
+  TimerMIDIStop(true);
   arrêteNotes();
+  // A changed tablature is offered to be saved; Cancel keeps the editor open.
+  if (save_current_file() == QMessageBox::Cancel) {
+    e->ignore();
+    return;
+  }
+  if (m_batterie != nullptr) m_batterie->close();
   e->accept();
 }
 

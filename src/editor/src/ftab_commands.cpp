@@ -23,25 +23,10 @@ int vuePourRythme(int rythme) {
 }
 }  // namespace
 
-void FTab::MenuTabFile(int index) {
-  // New, open, save, import, export, printing and the page setup arrive with
-  // the file commands; the main window's own commands are here already.
-  switch (index) {
-    case 13:
-      m_vt.MenuGlobalFile(2);
-      break;
-    case 16:
-      m_vt.MenuGlobalFile(4);
-      break;
-    case 17:
-      m_vt.MenuGlobalFile(5);
-      break;
-    default:
-      break;
-  }
-}
-
 void FTab::mnuTabEdit(int index) {
+  if (index < 0 || index >= 20) return;
+  // Every edit command stops the piece first.
+  TimerMIDIStop(true);
   CVantoroTablature& d = doc();
   switch (index) {
     case 0:
@@ -76,10 +61,70 @@ void FTab::mnuTabEdit(int index) {
     case 19:
       dialogue(DialogueTab::Tempo);
       return;
+    case 3:
+    case 4:
+    case 5:
+    case 7:
+    case 8:
+    case 9:
+    case 10:
+    case 11:
+      commandePressePapier(index);
+      return;
     default:
-      // The clipboards of notes and bars arrive with the edit commands.
       return;
   }
+}
+
+void FTab::commandePressePapier(int index) {
+  CVantoroTablature& d = doc();
+  // The bar commands ask for their bars first.
+  static constexpr std::array<int, 12> kMode{0, 0, 0, 0, 0, 0, 0, 3, 2, 0, 1, 4};
+  PositionsMesures positions;
+  const int mode = kMode[static_cast<std::size_t>(index)];
+  if (mode != 0) {
+    cacheCurseur();
+    positions.première = d.CurseurMesure();
+    if (!demandeMesures(mode, positions)) {
+      termine(false);
+      return;
+    }
+  }
+  cacheCurseur(false);
+  Changement c;
+  switch (index) {
+    case 3:
+      c = m_pressePapierNotes.couper(d);
+      break;
+    case 4:
+      m_pressePapierNotes.copier(d);
+      break;
+    case 5:
+      c = m_pressePapierNotes.coller(d);
+      break;
+    case 7:
+      c = m_pressePapierMesures.couper(d, positions);
+      break;
+    case 8:
+      m_pressePapierMesures.copier(d, positions);
+      break;
+    case 9:
+      c = m_pressePapierMesures.coller(d);
+      break;
+    case 10:
+      c = insèreMesures(d, positions);
+      break;
+    case 11:
+      c = supprimeMesures(d, positions);
+      break;
+    default:
+      break;
+  }
+  // Bars gone from every track may have taken the selection with them.
+  if (c.longueurChangée && (index == 7 || index == 11)) selClear();
+  if (c.modifié) marqueModifié();
+  if (d.m_lngScrollValue > d.getMesureLast()) d.m_lngScrollValue = d.getMesureLast();
+  termine(true);
 }
 
 void FTab::mnuTabDisplay(int index) {
@@ -159,22 +204,6 @@ void FTab::mnuTabToolVolume(int index) {
   m_outils.nuance = index + 1;
   marquesOutils();
   noteAuCurseurSuitOutils(false, false, true);
-}
-
-void FTab::mnutabPistes(int index) {
-  if (index == 3) {
-    dialogue(DialogueTab::ProprietesPiste);
-    return;
-  }
-  // Adding and deleting tracks arrive with the track commands.
-  const int p = index - 4;
-  if (p < 1 || p > doc().getPisteLast() || m_joue) return;
-  cacheCurseur(false);
-  doc().setCurseurPiste(static_cast<byt>(p));
-  doc().setCurseurCorde(static_cast<byt>(std::clamp<int>(doc().CurseurCorde(), 1, nbCordes())));
-  tbPistesUpdate();
-  if (doc().getStaffType(p) != kStaffBatterie) updateGlobalGuitar();
-  termine(true);
 }
 
 void FTab::mnuTabPopUp(int index) {

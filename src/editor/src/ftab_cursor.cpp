@@ -184,6 +184,7 @@ void FTab::tbUpdate() {
     m_outils.effet = effet::kAucun;
   }
   marquesOutils();
+  tbUpdateGeneral();
 }
 
 }  // namespace vt

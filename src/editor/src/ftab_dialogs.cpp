@@ -40,13 +40,26 @@ void FTab::connecteDialogues() {
       case DialogueTab::Accord:
         return FTabAccord::getAccord(this, t, d, p, m, x);
       case DialogueTab::Transpose:
-        return false;  // the transposition dialog is not written yet
+        return FTabTranspose::editer(this, t, d, p, m_vt.guitare());
     }
     return false;
   };
-  setOuvreDialogue(ouvre, {DialogueTab::Proprietes, DialogueTab::ProprietesPiste,
-                           DialogueTab::Signature, DialogueTab::Tonalite, DialogueTab::BarresMesure,
-                           DialogueTab::Tempo, DialogueTab::Texte, DialogueTab::Accord});
+  setOuvreDialogue(ouvre,
+                   {DialogueTab::Proprietes, DialogueTab::ProprietesPiste, DialogueTab::Transpose,
+                    DialogueTab::Signature, DialogueTab::Tonalite, DialogueTab::BarresMesure,
+                    DialogueTab::Tempo, DialogueTab::Texte, DialogueTab::Accord});
+}
+
+void FTab::connecteImports() {
+  dialogueImport = [this](bool midi, const QString& chemin) {
+    const Textes t{m_vt.setLang()};
+    const std::filesystem::path fichier(
+        QFile::encodeName(m_vt.strAppPath() + QLatin1String(kFichierCatalogue)).toStdString());
+    const CatalogueGuitares catalogue = CatalogueGuitares::load(fichier);
+    const auto aide = [this](const QString& page) { m_vt.montreAide(page); };
+    return midi ? Fmid2vtb::importer(this, t, catalogue, m_vt.guitare(), chemin, doc(), aide)
+                : Ftab2vtb::importer(this, t, catalogue, m_vt.guitare(), chemin, doc(), aide);
+  };
 }
 
 }  // namespace vt

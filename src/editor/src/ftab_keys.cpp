@@ -143,11 +143,24 @@ bool FTab::toucheCtrl(int key, Qt::KeyboardModifiers mods) {
       curseurCorde(key == Qt::Key_Up ? -1 : 1);
       termine(false);
       return true;
+    case Qt::Key_R:
+      mnuTabPlay(10);
+      return true;
     case Qt::Key_Z:
       mnuTabEdit(0);
       return true;
     case Qt::Key_Y:
       mnuTabEdit(1);
+      return true;
+    // The file commands, with the keys every program gives them.
+    case Qt::Key_N:
+      MenuTabFile(0);
+      return true;
+    case Qt::Key_O:
+      MenuTabFile(1);
+      return true;
+    case Qt::Key_S:
+      MenuTabFile(mods.testFlag(Qt::ShiftModifier) ? 3 : 2);
       return true;
     default:
       return false;

@@ -44,20 +44,25 @@ QAction* FTab::ajoute(QMenu* m, const QString& nom, int texte, std::function<voi
 }
 
 void FTab::créeMenus() {
-  auto sansCommande = [] {};
-
   // ---- File ----
   QMenu* f = menu(nullptr, QStringLiteral("mnuTabFile"), 1206);
+  const std::array<QKeySequence, 4> kToucheFichier{
+      QKeySequence(Qt::CTRL | Qt::Key_N), QKeySequence(Qt::CTRL | Qt::Key_O),
+      QKeySequence(Qt::CTRL | Qt::Key_S), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S)};
   for (const auto& [i, id] : {std::pair{0, 1221}, {1, 1222}, {2, 1223}, {3, 1224}})
-    ajoute(f, nomEntrée("mnuTabFile", i), id, [this, i = i] { MenuTabFile(i); });
+    ajoute(
+        f, nomEntrée("mnuTabFile", i), id, [this, i = i] { MenuTabFile(i); },
+        kToucheFichier[static_cast<std::size_t>(i)]);
   f->addSeparator();
   QMenu* import = menu(f, QStringLiteral("mnuTabFile_5"), 1226);
-  ajoute(import, QStringLiteral("mnuTabFileImportMIDI"), 1285, sansCommande);
-  ajoute(import, QStringLiteral("mnuTabFileImportASCII"), 1286, sansCommande);
+  ajoute(import, QStringLiteral("mnuTabFileImportMIDI"), 1285, [this] { mnuTabFileImportMIDI(); });
+  ajoute(import, QStringLiteral("mnuTabFileImportASCII"), 1286,
+         [this] { mnuTabFileImportASCII(); });
   f->addSeparator();
   QMenu* export_ = menu(f, QStringLiteral("mnuTabFile_7"), 1225);
-  ajoute(export_, QStringLiteral("mnuTabFileExportMIDI"), 1285, sansCommande);
-  ajoute(export_, QStringLiteral("mnuTabFileExportASCII"), 1286, sansCommande);
+  ajoute(export_, QStringLiteral("mnuTabFileExportMIDI"), 1285, [this] { mnuTabFileExportMIDI(); });
+  ajoute(export_, QStringLiteral("mnuTabFileExportASCII"), 1286,
+         [this] { mnuTabFileExportASCII(); });
   f->addSeparator();
   QMenu* langue = menu(f, QStringLiteral("mnuTabFile_9"), 14);
   for (int i = 0; i < 2; ++i)
@@ -76,6 +81,7 @@ void FTab::créeMenus() {
   for (int i = 19; i <= 22; ++i) {
     QAction* a = f->addAction(QString());
     a->setObjectName(nomEntrée("mnuTabFile", i));
+    connect(a, &QAction::triggered, this, [this, i] { MenuTabFile(i); });
     m_entrées[a->objectName()] = a;
   }
 
@@ -124,8 +130,9 @@ void FTab::créeMenus() {
   QMenu* barres = menu(v, QStringLiteral("mnuTabDisplay_9"), 1305);
   const std::array<int, 7> kBarres{1311, 1312, 1313, 1314, 1315, 1317, 1326};
   for (int i = 0; i < 7; ++i)
-    ajoute(barres, nomEntrée("mnuTabDisplayToolbar", i), kBarres[static_cast<std::size_t>(i)],
-           sansCommande, {}, true);
+    ajoute(
+        barres, nomEntrée("mnuTabDisplayToolbar", i), kBarres[static_cast<std::size_t>(i)],
+        [this, i] { mnuTabDisplayToolbar(i); }, {}, true);
   ajoute(v, nomEntrée("mnuTabDisplay", 10), 1306, [this] { mnuTabDisplay(10); });
 
   // ---- Effects ----
@@ -248,34 +255,32 @@ void FTab::disponibilités() {
     if (QAction* a = entrée(nom)) a->setEnabled(oui);
   };
   const auto dialogue = [this](DialogueTab d) { return dialogueDisponible(d) && !m_joue; };
-  // File: only what the main window already does.
-  for (int i : {0, 1, 2, 3, 11, 12, 14, 19, 20, 21, 22})
+  // File: printing and the page setup have their own work to come.
+  for (int i : {11, 12, 14})
     active(nomEntrée("mnuTabFile", i), false);
-  for (const char* nom : {"mnuTabFileImportMIDI", "mnuTabFileImportASCII", "mnuTabFileExportMIDI",
-                          "mnuTabFileExportASCII"})
-    active(QString::fromLatin1(nom), false);
   // Edit: undo and redo by their stacks, the note and bar clipboards to come,
   // the dialogs when they are connected.
   active(QStringLiteral("mnuTabEdit_0"), doc().getUndoDepth() > 0 && !m_joue);
   active(QStringLiteral("mnuTabEdit_1"), doc().getRedoDepth() > 0 && !m_joue);
-  for (int i : {3, 4, 5, 7, 8, 9, 10, 11})
-    active(nomEntrée("mnuTabEdit", i), false);
+  // Cut and copy take the selection; paste waits for a first copy.
+  const bool sélection = aUneSélection(doc());
+  active(QStringLiteral("mnuTabEdit_3"), sélection);
+  active(QStringLiteral("mnuTabEdit_4"), sélection);
+  active(QStringLiteral("mnuTabEdit_5"), m_pressePapierNotes.aDuContenu());
+  active(QStringLiteral("mnuTabEdit_9"), m_pressePapierMesures.aDuContenu());
+  for (int i : {7, 8, 10, 11})
+    active(nomEntrée("mnuTabEdit", i), true);
   active(QStringLiteral("mnuTabEdit_13"), dialogue(DialogueTab::Proprietes));
   active(QStringLiteral("mnuTabEdit_15"), dialogue(DialogueTab::Transpose));
   active(QStringLiteral("mnuTabEdit_16"), dialogue(DialogueTab::Signature));
   active(QStringLiteral("mnuTabEdit_17"), dialogue(DialogueTab::Tonalite));
   active(QStringLiteral("mnuTabEdit_18"), dialogue(DialogueTab::BarresMesure));
   active(QStringLiteral("mnuTabEdit_19"), dialogue(DialogueTab::Tempo));
-  // View: the floating toolbars are not there yet.
-  for (int i = 0; i < 7; ++i)
-    active(nomEntrée("mnuTabDisplayToolbar", i), false);
   disponibilitésJeu();
   active(QStringLiteral("mnuTabTool_4"), dialogue(DialogueTab::Texte));
   active(QStringLiteral("mnuTabTool_5"), dialogue(DialogueTab::Accord));
   active(QStringLiteral("mnuTabTool_6"), false);
-  active(QStringLiteral("mnutabPistes_1"), false);
-  active(QStringLiteral("mnutabPistes_2"), false);
-  active(QStringLiteral("mnutabPistes_3"), dialogue(DialogueTab::ProprietesPiste));
+  disponibilitésPistes();
   boutonsSuiventMenus();
 }
 
@@ -304,6 +309,7 @@ void FTab::marquesOutils() {
       effet::kTrill,    effet::kLiaison,    effet::kAucun};
   for (int i = 0; i < 13; ++i)
     coche(nomEntrée("mnuTabEffet", i), kEffets[static_cast<std::size_t>(i)] == m_outils.effet);
+  boutonsSuiventMenus();
 }
 
 void FTab::marquesVue() {
@@ -315,33 +321,8 @@ void FTab::marquesVue() {
   coche(QStringLiteral("mnuTabDisplay_4"), m_tab.viewModeTriolet);
   coche(QStringLiteral("mnuTabDisplay_6"), m_vt.settings().cfgAffichePortée != 0);
   coche(QStringLiteral("mnuTabDisplay_7"), m_vt.settings().cfgTabSynchronise != 0);
+  marquesBarres();
   boutonsSuiventMenus();
-}
-
-void FTab::tbPistesUpdate() {
-  QMenu* pistes = m_menus.at(QStringLiteral("mnutabPistes"));
-  for (auto it = m_entrées.begin(); it != m_entrées.end();) {
-    const bool piste =
-        it->first.startsWith(QStringLiteral("mnutabPistes_")) && it->first.mid(13).toInt() >= 5;
-    if (piste) {
-      delete it->second;
-      it = m_entrées.erase(it);
-    } else {
-      ++it;
-    }
-  }
-  const CVantoroTablature& d = doc();
-  for (int p = 1; p <= d.getPisteLast(); ++p) {
-    QString texte = m_vt.loadString(5130) + QString::number(p);
-    const std::string nom = d.getPisteNom(p);
-    if (!nom.empty()) texte += QStringLiteral(" : ") + QString::fromStdString(cp1252ToUtf8(nom));
-    QAction* a = pistes->addAction(texte);
-    a->setObjectName(nomEntrée("mnutabPistes", 4 + p));
-    a->setCheckable(true);
-    a->setChecked(p == d.CurseurPiste());
-    connect(a, &QAction::triggered, this, [this, p] { mnutabPistes(4 + p); });
-    m_entrées[a->objectName()] = a;
-  }
 }
 
 void FTab::updateLastOpenFile() {
@@ -352,7 +333,6 @@ void FTab::updateLastOpenFile() {
     const QString& chemin = s.setTabLastOpenFile[static_cast<std::size_t>(n)];
     a->setVisible(!chemin.isEmpty());
     a->setText(QStringLiteral("&") + QString::number(n) + QLatin1Char(' ') + chemin);
-    a->setEnabled(false);
   }
 }
 

@@ -181,6 +181,7 @@ void Settings::load_ini(QSettings& store, const WorkArea& zone, const QString& s
   l.booleen(kTab, k("cfgFontTransparent"), cfgFontTransparent, kFaux);
   l.booleen(kTab, k("cfgPrintNumMesure"), cfgPrintNumMesure, kVrai);
   l.booleen(kTab, k("cfgTabSynchronise"), cfgTabSynchronise, kVrai);
+  l.chaine(kTab, k("cfgTabBarresCachées"), cfgTabBarresCachées, QString());
   l.entier(kTab, k("TAB_VIEW_MARGIN_LEFT"), TAB_VIEW_MARGIN_LEFT, 35);
   l.entier(kTab, k("TAB_VIEW_MARGIN_RIGHT"), TAB_VIEW_MARGIN_RIGHT, 20);
   l.entier(kTab, k("TAB_VIEW_MARGIN_TOP"), TAB_VIEW_MARGIN_TOP, 140);
@@ -294,6 +295,7 @@ void Settings::save_ini(QSettings& store, i16 etatFenetre, const QString& strApp
   e.booleen(kTab, k("cfgFontTransparent"), cfgFontTransparent);
   e.booleen(kTab, k("cfgPrintNumMesure"), cfgPrintNumMesure);
   e.booleen(kTab, k("cfgTabSynchronise"), cfgTabSynchronise);
+  e.texte(kTab, k("cfgTabBarresCachées"), cfgTabBarresCachées);
   e.nombre(kTab, k("TAB_VIEW_MARGIN_LEFT"), TAB_VIEW_MARGIN_LEFT);
   e.nombre(kTab, k("TAB_VIEW_MARGIN_RIGHT"), TAB_VIEW_MARGIN_RIGHT);
   e.nombre(kTab, k("TAB_VIEW_MARGIN_TOP"), TAB_VIEW_MARGIN_TOP);

@@ -92,6 +92,8 @@ VT::VT(QWidget* parent) : QMainWindow(parent), m_fenetres(*this) {
   pile->addWidget(m_mdi, 1);
   pile->addWidget(m_manche);
   setCentralWidget(centre);
+  connect(m_mdi, &QMdiArea::subWindowActivated, this,
+          [this](QMdiSubWindow* sub) { menusDeLaFenêtreActive(sub); });
 
   connect(m_manche, &Manche::survol, this, &VT::picManche_MouseMove);
   connect(m_manche, &Manche::appui, this, &VT::picManche_MouseDown);

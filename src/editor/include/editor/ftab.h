@@ -14,6 +14,8 @@
 
 #include <QImage>
 #include <QKeySequence>
+#include <QMessageBox>
+#include <QPointer>
 #include <QRect>
 #include <QWidget>
 #include <functional>
@@ -24,10 +26,12 @@
 
 #include "document/types.h"
 #include "editor/ftab_toolstate.h"
+#include "editor/presse_papiers.h"
 #include "render/tab_settings.h"
 #include "shell/fenetres.h"
 
 class QAction;
+class QLayout;
 class QMenu;
 class QMenuBar;
 class QScrollBar;
@@ -41,6 +45,10 @@ class CStripRenderer;
 class PainterSurface;
 class PicTab;
 struct LectureTab;
+struct InterchangeResult;
+struct BoutonBarre;
+class FTabToolBar;
+class fTabDrums;
 
 // The document's dialogs, which the editor opens from its keys and menus. They
 // are written apart from the window; `FTab::setOuvreDialogue` connects them. Each
@@ -76,6 +84,7 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void TabMIDINoteOn(int note) override;
   void TabMIDINoteOff(int note) override;
   void refreshPicture() override;
+  QMenuBar* barreMenus() const override { return m_barreMenus; }
   void mancheUpdate() override;
   void ouvreLigneDeCommande(const QString& fichier) override;
   void ouvreFichierDéposé(const QString& fichier) override;
@@ -90,6 +99,23 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
 
   // ---- Commands of the menus (indices as the menus number them) -----------------
   void MenuTabFile(int index);
+  // Opens a file: the one chosen in the open dialog, or `nom` without it.
+  void MenuTabFileOpen(bool boolDialog, const QString& nom = {});
+  // Opens one of the recent files, when it still exists.
+  void MenuTabFileOpenLast(const QString& nom);
+  // 2 save, 3 save as.
+  void MenuTabFileSaves(int index);
+  // A MIDI file or a text tablature through its dialog, in place of the document.
+  void mnuTabFileImportMIDI();
+  void mnuTabFileImportASCII();
+  // The document to a MIDI file, the cursor's track to a text tablature.
+  void mnuTabFileExportMIDI();
+  void mnuTabFileExportASCII();
+  // Asks whether to save a changed tablature, and saves on Yes. NoButton when
+  // nothing was asked; Cancel is the order to stop.
+  QMessageBox::StandardButton save_current_file();
+  // The file of the document, empty while it has none.
+  const QString& fichier() const { return m_fichier; }
   void mnuTabEdit(int index);
   void mnuTabDisplay(int index);
   void mnuTabEffet(int index);
@@ -110,8 +136,11 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void updateGlobalGuitar();
   // The menus' marks follow the note under the cursor.
   void tbUpdate();
-  // The track entries of the Tracks menu, the current one checked.
+  // The track entries of the Tracks menu and the track buttons, the current
+  // one down; the drum picker shown for a drum track.
   void tbPistesUpdate();
+  // The tool tips of the track buttons and the captions of their entries.
+  void tbPistesUpdateTextes();
   void disableUndoRedoButtons();
   void updateLastOpenFile();
 
@@ -120,6 +149,15 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   // ("joue", "record", "add", "1", ...); nullptr when there is none.
   QToolBar* barre(const QString& nom) const;
   QAction* bouton(const QString& barre, const QString& clé) const;
+  // View menu: shows or hides a toolbar (0 tbGeneral, 1 tbAttaque, 2 tbRythme,
+  // 3 tbEffet, 4 tbVolume, 5 tbToolbar, 6 tbPistes), docked or floating.
+  void mnuTabDisplayToolbar(int index);
+  // Tears a toolbar off into a window of its own; closing it docks it again.
+  FTabToolBar* détacheBarre(const QString& nom);
+  // The floating window of a toolbar, nullptr while it is docked.
+  FTabToolBar* Find_tabFloatingToolBars(const QString& nom) const;
+  // The floating window takes the docked toolbar's buttons again.
+  void Update_FloatingToolBar(const QString& nom);
 
   // ---- Playback (ftab_play.cpp) ----------------------------------------------------
   // Starts from the cursor, or between the markers; `intervalle` is the tick
@@ -135,6 +173,11 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void tmrGFX_Timer();
   // The shared fretboard takes the cursor's track's instrument.
   void initFretboard();
+  // Recording: the toolbar's "record" is down.
+  bool enregistre() const;
+  // Playback's state: the timer, the player it polls (a stand-in in tests),
+  // the modes of the run, the shown and the recorded notes.
+  LectureTab& lecture();
 
   // ---- State, for the other parts of the editor and for tests --------------------
   EtatOutils& outils() { return m_outils; }
@@ -148,6 +191,29 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
 
   // Shows a message of the system (an error of a file); a message box by default.
   std::function<void(const QString& texte)> message;
+  // Asks a question with these buttons and answers the one chosen; a message
+  // box with the editor's title by default.
+  std::function<QMessageBox::StandardButton(const QString& texte,
+                                            QMessageBox::StandardButtons boutons)>
+      question;
+  // The file dialogs: the chosen path, empty when cancelled. `enregistrer`
+  // for a save; `dossier` is where it opens (a folder, or a file's path to
+  // propose its name), `filtre` the file types, `titre` the caption (empty
+  // for the dialog's own).
+  std::function<QString(bool enregistrer, const QString& dossier, const QString& filtre,
+                        const QString& titre)>
+      choisitFichier;
+  // The import dialogs (`midi`, or a text tablature) on a chosen file: true
+  // when they replaced the document.
+  std::function<bool(bool midi, const QString& chemin)> dialogueImport;
+  // The bar range dialog of the bar commands (mode 1 insert, 2 copy, 3 cut,
+  // 4 delete): true on OK with the range in `positions`.
+  std::function<bool(int mode, PositionsMesures& positions)> demandeMesures;
+  // The clipboards of notes and of bars.
+  const PressePapierNotes& pressePapierNotes() const { return m_pressePapierNotes; }
+  const PressePapierMesures& pressePapierMesures() const { return m_pressePapierMesures; }
+  // The drum picker, once a drum track has been current (nullptr before).
+  fTabDrums* batterie() const;
   // The document's dialogs: `ouvre` shows one modally and answers true when
   // the user accepted; the entries and keys of the dialogs not in
   // `disponibles` stay disabled. The editor connects its own at load
@@ -261,8 +327,26 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void marquesOutils();
   void marquesVue();
 
+  // ---- Tracks (ftab_pistes.cpp) ----
+  int nbBoutonsPistes() const;
+  void disponibilitésPistes();
+  void montreBatterie(bool oui);
+
   // ---- Toolbars (ftab_toolbars.cpp) ----
   void créeBarres();
+  QToolBar* créeBarre(const QString& nom, const BoutonBarre* boutons, std::size_t n);
+  // The toolbars above the strip, in their rows.
+  QLayout* rangéesBarres();
+  // The toolbars hidden in the settings are hidden.
+  void barresDesRéglages();
+  bool barreMontrée(const QString& nom) const;
+  void montreBarre(const QString& nom, bool oui);
+  void marquesBarres();
+  // The pop-up of a toolbar: float it, or dock it again.
+  void menuBarre(const QString& nom, const QPoint& où);
+  int Find_FreeIndex4tabFloatingToolBars();
+  // The objects of the cursor's bar: a chord, a text, a tempo at the cursor.
+  void tbUpdateGeneral();
   QAction* ajouteBouton(QToolBar* barre, const QString& clé, const QString& image, bool basculant);
   void bullesBarres();
   // The buttons take the availability of their menu entries, the view buttons
@@ -275,11 +359,47 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void connecteJeu();
   // The Play menu's and the play buttons' availability.
   void disponibilitésJeu();
+  // The commands of the play buttons, which have just gone down or up; the
+  // menu's entries and Space toggle the buttons and come here.
+  void commandeJoue(bool enfoncé);
+  void commandeJoueMarqueurs(bool enfoncé);
+  void commandeEnregistre(bool enfoncé);
+  // What a start shares, between or not between the markers: the options,
+  // the player, the fretboard and the timer.
+  void démarreJeu(int intervalle);
+  void relâcheBouton(const char* clé);
+  // The tick's parts: the fretboard shows the notes sounding; the cursor is
+  // shown again where the player stands.
+  void mancheJeu();
+  void montreCurseurJeu();
+  // Makes `mesure` the first bar shown and repaints, unless it is already;
+  // true when it repainted.
+  bool défileVers(int mesure);
+  // Recording (ftab_record.cpp). A note of the MIDI input while recording:
+  // pressed, it waits at the cursor; released, it is written from where it
+  // began to the cursor.
+  void noteMidiEnregistrée(int corde, int note, bool enfoncée);
+  // Writes the note held on `corde` from its start to (mesure, x), cut at the
+  // bar lines and tied across them, and forgets it.
+  void écritNoteEnregistrée(int corde, int mesure, int x);
+  void fermeNotesEnregistrées();
 
   // ---- Dialogs, files and the instrument (ftab_commands.cpp, ftab_file.cpp) ----
   void dialogue(DialogueTab d);
   void connecteDialogues();
-  void ouvreFichier(const QString& fichier);
+  void connecteImports();
+  void importe(bool midi);
+  void nouveauDocument();
+  // The clipboards' commands of the Edit menu (3, 4, 5, 7 to 11).
+  void commandePressePapier(int index);
+  // A broken repeat mark: asks whether to go and see it, and goes there on
+  // Yes. The answer, NoButton when the marks are right.
+  QMessageBox::StandardButton allerAuRenvoiCassé();
+  // The messages of an import or an export.
+  void rapporte(const InterchangeResult& r);
+  // Reads a file into the document; true when it was read. On failure the
+  // document stays as it was and the reader's messages are shown.
+  bool ouvreFichier(const QString& fichier);
 
   VT& m_vt;
   CVantoroTablature& m_doc;  // the one document, refilled by new and open, never replaced
@@ -298,12 +418,19 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
     QKeySequence touche;
   };
   std::vector<Libellé> m_libellés;
-  std::map<QString, QToolBar*> m_barres;  // the toolbars by name
-  std::map<QString, QAction*> m_boutons;  // their buttons by "toolbar/key"
-  std::vector<Libellé> m_bulles;          // the buttons' tool tips
+  std::map<QString, QToolBar*> m_barres;                     // the toolbars by name
+  std::map<QString, QAction*> m_boutons;                     // their buttons by "toolbar/key"
+  std::vector<Libellé> m_bulles;                             // the buttons' tool tips
+  std::vector<std::pair<QAction*, QString>> m_boutonsMenus;  // a button and its menu entry
+  std::vector<QPointer<FTabToolBar>> m_tabFloatingToolBars;  // the floating toolbars
+  std::vector<QAction*> m_entréesPistes;  // the Tracks menu's entry of each track
+  std::vector<QAction*> m_boutonsPistes;  // the toolbar's button of each track
+  QPointer<fTabDrums> m_batterie;
   std::function<bool(DialogueTab)> m_ouvreDialogue;
   std::vector<DialogueTab> m_dialogues;  // the dialogs that exist
   EtatOutils m_outils;
+  PressePapierNotes m_pressePapierNotes;
+  PressePapierMesures m_pressePapierMesures;
   bool m_joue = false;  // playback runs
   // Playback's own state: the screen timer, the play arrays, the modes, the
   // notes shown on the fretboard and the recording (ftab_play.h).

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+class QMenuBar;
+
 namespace vt {
 
 class FenetreVT {
@@ -21,6 +23,9 @@ class FenetreVT {
   virtual void drawMancheContenu() {}
   // A note played on the fretboard (the harmonizer listens to them).
   virtual void receiveNote(int note) { (void)note; }
+  // A window with menus of its own: while it is the active one, the main
+  // window's menu bar shows them in place of the File menu.
+  virtual QMenuBar* barreMenus() const { return nullptr; }
 };
 
 // The tablature editor as the fretboard and the start-up reach it.

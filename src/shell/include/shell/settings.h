@@ -112,6 +112,7 @@ class Settings {
   vbool cfgFontTransparent = kFaux;
   vbool cfgPrintNumMesure = kFaux;
   vbool cfgTabSynchronise = kFaux;
+  QString cfgTabBarresCachées;  // the editor's hidden toolbars, by name, comma-separated
   i16 TAB_VIEW_MARGIN_LEFT = 0;
   i16 TAB_VIEW_MARGIN_RIGHT = 0;
   i16 TAB_VIEW_MARGIN_TOP = 0;

@@ -26,6 +26,8 @@ class QActionGroup;
 class QDialog;
 class QLabel;
 class QMdiArea;
+class QMdiSubWindow;
+class QMenuBar;
 class QMenu;
 class QPrinter;
 class QToolBar;
@@ -198,6 +200,9 @@ class VT : public QMainWindow {
 
   // Chrome.
   void créeMenus();
+  // The menus of the active child window, when it has its own, take the File
+  // menu's place in the menu bar; the Window and Help menus stay.
+  void menusDeLaFenêtreActive(QMdiSubWindow* active);
   void créeBarreOutils();
   void créeBarreEtat();
   void libellésMenus();
@@ -235,6 +240,7 @@ class VT : public QMainWindow {
 
   // Chrome.
   QMdiArea* m_mdi = nullptr;
+  QPointer<QMenuBar> m_barreEmpruntée;  // the child's menu bar whose menus are shown
   Manche* m_manche = nullptr;
   std::array<QMenu*, 3> m_mnu{};
   QMenu* m_menuLangue = nullptr;

@@ -1,0 +1,182 @@
+"""What the end-to-end tests share: the program started under Xvfb with a
+fresh settings location, windows found and keys sent with xdotool, the screen
+read with xwd, waits on conditions with a deadline.
+
+A test script calls run(inner, usage, nargs): outside Xvfb it checks the
+tools, makes a scratch home folder and runs itself again under xvfb-run with
+"--inner HOME ARGS..."; inside, it calls inner(home, *args)."""
+import os
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+
+SKIP = 77
+TIMEOUT = 20.0
+TOOLS = ("xvfb-run", "xauth", "xdotool", "xwd")
+
+
+def fail(message):
+    print("FAIL: " + message)
+    sys.exit(1)
+
+
+def poll(what, test, timeout=TIMEOUT):
+    """Calls test() until it answers something true and returns that; fails
+    the test when the deadline passes first."""
+    deadline = time.monotonic() + timeout
+    while time.monotonic() < deadline:
+        result = test()
+        if result:
+            return result
+        time.sleep(0.1)
+    fail("timed out waiting for " + what)
+
+
+def visible_window(name):
+    """The first visible window whose title matches the regular expression."""
+    r = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", name],
+                       capture_output=True, text=True)
+    ids = r.stdout.split()
+    return ids[0] if ids else None
+
+
+def focus(window):
+    subprocess.run(["xdotool", "windowfocus", "--sync", window], check=False)
+
+
+def key(window, *keys):
+    """Keys as xdotool names them ("Return", "ctrl+s"), sent to the window
+    that has the focus once `window` has been given it."""
+    focus(window)
+    subprocess.run(["xdotool", "key", "--clearmodifiers"] + list(keys), check=True)
+
+
+def type_text(window, text):
+    focus(window)
+    subprocess.run(["xdotool", "type", "--clearmodifiers", "--delay", "20", text], check=True)
+
+
+def geometry(window):
+    out = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window],
+                         capture_output=True, text=True, check=True).stdout
+    values = dict(line.split("=", 1) for line in out.split())
+    return int(values["X"]), int(values["Y"]), int(values["WIDTH"]), int(values["HEIGHT"])
+
+
+def screenshot():
+    """The root window as (width, height, pixel), pixel(x, y) giving an
+    (r, g, b) tuple, read from xwd's ZPixmap."""
+    data = subprocess.run(["xwd", "-root", "-silent"], capture_output=True, check=True).stdout
+    h = struct.unpack(">25I", data[:100])
+    header_size, width, height = h[0], h[4], h[5]
+    byte_order, bits_per_pixel, bytes_per_line, ncolors = h[7], h[11], h[12], h[19]
+    if bits_per_pixel not in (24, 32):
+        fail("unexpected screenshot depth %d" % bits_per_pixel)
+    step = bits_per_pixel // 8
+    masks = h[14], h[15], h[16]
+    shifts = [(m & -m).bit_length() - 1 for m in masks]
+    pixels = data[header_size + ncolors * 12:]
+    order = "little" if byte_order == 0 else "big"
+
+    def pixel(x, y):
+        o = y * bytes_per_line + x * step
+        v = int.from_bytes(pixels[o:o + step], order)
+        return tuple((v & m) >> s for m, s in zip(masks, shifts))
+
+    return width, height, pixel
+
+
+def program_env(home):
+    """The environment of a first start: every setting, desktop entry and
+    runtime file of the program goes under `home`."""
+    env = dict(os.environ)
+    env.update({
+        "HOME": home,
+        "XDG_CONFIG_HOME": os.path.join(home, "config"),
+        "XDG_DATA_HOME": os.path.join(home, "data"),
+        "XDG_RUNTIME_DIR": os.path.join(home, "runtime"),
+        "VANTORO_SETTINGS": os.path.join(home, "settings.ini"),
+        "LANG": "C.UTF-8",
+        "LC_ALL": "C.UTF-8",
+    })
+    os.makedirs(env["XDG_RUNTIME_DIR"], mode=0o700, exist_ok=True)
+    return env
+
+
+class Program:
+    """The program running with a fresh settings location; its output goes to
+    home/log.txt. Use it in a with block: it is killed if still running."""
+
+    def __init__(self, program, home, args=()):
+        self.env = program_env(home)
+        self.log = open(os.path.join(home, "log.txt"), "w")
+        self.proc = subprocess.Popen([program] + list(args), env=self.env,
+                                     stdout=self.log, stderr=subprocess.STDOUT)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *exc):
+        if self.proc.poll() is None:
+            self.proc.kill()
+            self.proc.wait()
+        self.log.close()
+        return False
+
+    def running(self):
+        return self.proc.poll() is None
+
+    def wait_exit(self, what):
+        """Waits for the program to end after `what`; fails on a hang or a
+        code other than 0."""
+        try:
+            code = self.proc.wait(timeout=TIMEOUT)
+        except subprocess.TimeoutExpired:
+            fail("the program did not end after " + what)
+        if code != 0:
+            fail("the program ended with code %d after %s" % (code, what))
+
+
+def first_start(start_page_key="Escape"):
+    """Answers the dialogs of a first start in English: the language dialog
+    (Return keeps English), the start page (`start_page_key`: Escape closes
+    it, F3..F9 open a window) and the tip of the day. Returns the main
+    window's id."""
+    dialog = poll("the language dialog", lambda: visible_window("^Langue / Language$"))
+    key(dialog, "Return")
+    start = poll("the start page", lambda: visible_window("^Welcome to Vantoro$"))
+    key(start, start_page_key)
+    tip = poll("the tip of the day", lambda: visible_window("^Tip of the day$"))
+    key(tip, "Escape")
+    poll("the tip of the day to close", lambda: not visible_window("^Tip of the day$"))
+    return poll("the main window", lambda: visible_window("^Vantoro$"))
+
+
+def run(inner, usage, nargs, screen="1024x768x24"):
+    """The entry point of a test script taking `nargs` paths."""
+    if len(sys.argv) >= 3 and sys.argv[1] == "--inner":
+        inner(sys.argv[2], *sys.argv[3:])
+        return
+    if len(sys.argv) != nargs + 1:
+        print(usage)
+        sys.exit(2)
+    for tool in TOOLS:
+        if shutil.which(tool) is None:
+            print("SKIPPED: %s is not installed (scripts/setup installs it)" % tool)
+            sys.exit(SKIP)
+    home = tempfile.mkdtemp(prefix="vantoro-e2e-")
+    script = os.path.abspath(sys.modules["__main__"].__file__)
+    try:
+        r = subprocess.run(["xvfb-run", "-a", "-s", "-screen 0 %s -nolisten tcp" % screen,
+                            sys.executable, script, "--inner", home]
+                           + [os.path.abspath(a) for a in sys.argv[1:]])
+        if r.returncode != 0:
+            log = os.path.join(home, "log.txt")
+            if os.path.exists(log):
+                print("program output:\n" + open(log).read())
+        sys.exit(r.returncode)
+    finally:
+        shutil.rmtree(home, ignore_errors=True)

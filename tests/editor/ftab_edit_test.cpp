@@ -1,0 +1,99 @@
+// The Edit menu's clipboards as the editor runs them: what can be chosen when,
+// a selection dragged with the mouse then copied and pasted elsewhere, and the
+// bar commands with their range dialog.
+#include <QAction>
+
+#include "ftab_banc.h"
+
+namespace vt::essai {
+namespace {
+
+class Edition : public Editeur {
+ protected:
+  bool actif(const char* nom) { return ftab->entrée(nom)->isEnabled(); }
+};
+
+TEST_F(Edition, PasteWaitsForACopyAndCopyForASelection) {
+  ouvre();
+  pose(1, 1, 0, 3);
+  pose(1, 2, 24, 5);
+  ftab->refreshPicture();
+  EXPECT_FALSE(actif("mnuTabEdit_5"));
+  EXPECT_FALSE(ftab->bouton("tbToolbar", "coller")->isEnabled());
+  EXPECT_FALSE(actif("mnuTabEdit_9"));
+
+  // Two columns over two strings, dragged with the mouse.
+  glisse(cellule(1, 0, 1), cellule(1, 1, 2));
+  ASSERT_TRUE(actif("mnuTabEdit_4"));
+  EXPECT_TRUE(ftab->bouton("tbToolbar", "copier")->isEnabled());
+  ftab->entrée("mnuTabEdit_4")->trigger();
+  EXPECT_TRUE(actif("mnuTabEdit_5"));
+  EXPECT_TRUE(ftab->bouton("tbToolbar", "coller")->isEnabled());
+  EXPECT_FALSE(doc().modifi) << "a copy changes nothing";
+
+  // Pasted at the second bar, which Right adds.
+  ftab->selClear();
+  curseur(1, 168, 1);
+  touche(Qt::Key_Right);
+  ASSERT_EQ(doc().CurseurMesure(), 2);
+  ftab->bouton("tbToolbar", "coller")->trigger();
+  EXPECT_EQ(fret(2, 1, 0), 3);
+  EXPECT_EQ(fret(2, 2, 24), 5);
+  EXPECT_TRUE(doc().modifi);
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(fret(2, 1, 0), -1);
+}
+
+TEST_F(Edition, CutLeavesRestsWhereTheNotesWere) {
+  ouvre();
+  pose(1, 1, 0, 3);
+  pose(1, 1, 48, 7);
+  ftab->refreshPicture();
+  glisse(cellule(1, 0, 1), cellule(1, 0, 1));
+  ftab->mnuTabEdit(3);
+  EXPECT_EQ(fret(1, 1, 0), -1);
+  EXPECT_EQ(fret(1, 1, 48), 7) << "the later note keeps its place";
+  EXPECT_TRUE(actif("mnuTabEdit_5"));
+}
+
+TEST_F(Edition, BarCommandsTakeTheirRangeFromTheDialog) {
+  ouvre();
+  pose(1, 1, 0, 3);
+  std::vector<int> modes;
+  PositionsMesures réponse;
+  bool ok = true;
+  ftab->demandeMesures = [&](int mode, PositionsMesures& p) {
+    modes.push_back(mode);
+    EXPECT_EQ(p.première, doc().CurseurMesure()) << "the dialog starts at the cursor's bar";
+    p = réponse;
+    return ok;
+  };
+  // Insert two bars on every track at bar 1: the note moves to bar 3.
+  réponse = {1, 2, true};
+  ftab->mnuTabEdit(10);
+  EXPECT_EQ(doc().getMesureLast(), 3);
+  EXPECT_EQ(fret(3, 1, 0), 3);
+  // Copy bar 3, paste it at bar 1.
+  réponse = {3, 1, false};
+  ftab->mnuTabEdit(8);
+  EXPECT_TRUE(actif("mnuTabEdit_9"));
+  curseur(1, 0, 1);
+  ftab->mnuTabEdit(9);
+  EXPECT_EQ(doc().getMesureLast(), 4);
+  EXPECT_EQ(fret(1, 1, 0), 3);
+  // Cancelled: nothing happens.
+  ok = false;
+  ftab->mnuTabEdit(11);
+  EXPECT_EQ(doc().getMesureLast(), 4);
+  // Deleted from every track, the cursor comes back inside.
+  ok = true;
+  réponse = {2, 3, true};
+  curseur(4, 0, 1);
+  ftab->mnuTabEdit(11);
+  EXPECT_EQ(doc().getMesureLast(), 1);
+  EXPECT_EQ(doc().CurseurMesure(), 1);
+  EXPECT_EQ(modes, (std::vector<int>{1, 2, 4, 4}));
+}
+
+}  // namespace
+}  // namespace vt::essai

@@ -1,0 +1,280 @@
+// The file commands of the editor: the question before a changed tablature is
+// dropped and what each answer does, the open and save dialogs, the recent
+// files and their order, the caption, and closing with unsaved work.
+#include <QAction>
+#include <QFile>
+#include <QMdiSubWindow>
+#include <QTemporaryDir>
+#include <deque>
+
+#include "formats/vtb.h"
+#include "ftab_banc.h"
+
+namespace vt::essai {
+namespace {
+
+class Fichiers : public Editeur {
+ protected:
+  // The editor with scripted answers: each question takes the next answer,
+  // each file dialog the next path ("" cancels).
+  FTab& prépare() {
+    ouvre();
+    ftab->question = [this](const QString& texte, QMessageBox::StandardButtons) {
+      questions.push_back(texte);
+      if (réponses.empty()) {
+        ADD_FAILURE() << "no answer for " << texte.toStdString();
+        return QMessageBox::Cancel;
+      }
+      const QMessageBox::StandardButton r = réponses.front();
+      réponses.pop_front();
+      return r;
+    };
+    ftab->choisitFichier = [this](bool enregistrer, const QString& dossierDialogue,
+                                  const QString& filtre, const QString&) {
+      dialogues.push_back({enregistrer, dossierDialogue, filtre});
+      if (chemins.empty()) {
+        ADD_FAILURE() << "no path for the file dialog";
+        return QString();
+      }
+      const QString c = chemins.front();
+      chemins.pop_front();
+      return c;
+    };
+    ftab->message = [this](const QString& t) { messages.push_back(t); };
+    return *ftab;
+  }
+
+  // A tablature on disk whose bar 1, string 1 holds `f` at tick 0.
+  QString fichier(const QString& nom, int f) {
+    CVantoroTablature source(vt->guitare());
+    source.setNoteWhole(1, 1, 1, 0, f, 24);
+    const QString chemin = dossier.filePath(nom);
+    EXPECT_TRUE(io_enregistrer_vtb(source, QFile::encodeName(chemin).toStdString()).ok());
+    return chemin;
+  }
+  // Typed in the editor: the document is changed.
+  void change() {
+    tape("3");
+    ASSERT_TRUE(doc().modifi);
+  }
+  // What a saved file holds at bar 1, string 1, tick 0; -1 for no note, -2
+  // when it cannot be read.
+  int fretDans(const QString& chemin) {
+    VtbContexte ctx;
+    ctx.guitare = vt->guitare();
+    const VtbLecture l = io_ouvrir_vtb(QFile::encodeName(chemin).toStdString(), ctx);
+    if (!l.ok()) return -2;
+    const int n = l.document->searchNote(1, 1, 1, 0);
+    return n == 0 ? -1 : l.document->getNoteCase(1, 1, 1, n);
+  }
+  QStringList récents() const {
+    QStringList l;
+    for (int i = 1; i <= 4; ++i)
+      l << vt->settings().setTabLastOpenFile[static_cast<std::size_t>(i)];
+    return l;
+  }
+
+  struct Dialogue {
+    bool enregistrer;
+    QString dossier;
+    QString filtre;
+  };
+  QTemporaryDir dossier;
+  std::deque<QMessageBox::StandardButton> réponses;
+  std::deque<QString> chemins;
+  std::vector<QString> questions;
+  std::vector<Dialogue> dialogues;
+  std::vector<QString> messages;
+};
+
+TEST_F(Fichiers, CancelInThePromptLeavesDocumentAndCaptionAlone) {
+  prépare();
+  const QString a = fichier("a.vtb", 9);
+  ftab->MenuTabFileOpenLast(a);
+  ASSERT_EQ(ftab->windowTitle(), "Tablature - " + a);
+  change();
+  réponses = {QMessageBox::Cancel, QMessageBox::Cancel};
+  ftab->MenuTabFile(0);
+  ftab->MenuTabFile(1);
+  ASSERT_EQ(questions.size(), 2u);
+  EXPECT_EQ(questions[0], "Do you want to save the current tablature?");
+  EXPECT_TRUE(dialogues.empty()) << "Cancel ends open before its dialog";
+  EXPECT_EQ(fret(1, 1, 0), 3);
+  EXPECT_TRUE(doc().modifi);
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a);
+  EXPECT_EQ(ftab->fichier(), a);
+}
+
+TEST_F(Fichiers, NoDropsTheChangesAndYesSavesThemFirst) {
+  prépare();
+  const QString a = fichier("a.vtb", 9);
+  ftab->MenuTabFileOpenLast(a);
+  change();
+  réponses = {QMessageBox::No};
+  ftab->MenuTabFile(0);
+  EXPECT_EQ(fret(1, 1, 0), -1) << "a new tablature";
+  EXPECT_EQ(ftab->windowTitle(), "Tablature");
+  EXPECT_TRUE(ftab->fichier().isEmpty());
+  EXPECT_EQ(fretDans(a), 9) << "No leaves the file as it was";
+  EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
+
+  ftab->MenuTabFileOpenLast(a);
+  change();
+  réponses = {QMessageBox::Yes};
+  ftab->MenuTabFile(0);
+  EXPECT_EQ(fretDans(a), 3) << "Yes saves the named file before the new one";
+  EXPECT_TRUE(dialogues.empty());
+}
+
+TEST_F(Fichiers, YesOnAnUnnamedTablatureAsksForANameAndGoesOnEvenWhenCancelled) {
+  prépare();
+  const QString b = fichier("b.vtb", 5);
+  change();
+  // Yes, then the save dialog cancelled, then the open dialog gives b.
+  réponses = {QMessageBox::Yes};
+  chemins = {QString(), b};
+  ftab->MenuTabFile(1);
+  ASSERT_EQ(dialogues.size(), 2u);
+  EXPECT_TRUE(dialogues[0].enregistrer);
+  EXPECT_EQ(dialogues[0].filtre, "Vantoro tablatures (*.vtb)");
+  EXPECT_FALSE(dialogues[1].enregistrer);
+  EXPECT_EQ(dialogues[1].filtre, "Vantoro tablatures (*.vtb);;All files (*)");
+  EXPECT_EQ(fret(1, 1, 0), 5) << "the open went on";
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + b);
+  EXPECT_EQ(récents().front(), b);
+}
+
+TEST_F(Fichiers, SaveAsNamesTheFileAndAPlainSaveWritesOverIt) {
+  prépare();
+  change();
+  const QString c = dossier.filePath("c");  // the extension is added
+  chemins = {c};
+  ftab->MenuTabFile(2);
+  ASSERT_EQ(dialogues.size(), 1u);
+  EXPECT_EQ(ftab->fichier(), c + ".vtb");
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + c + ".vtb");
+  EXPECT_FALSE(doc().modifi);
+  EXPECT_EQ(fretDans(c + ".vtb"), 3);
+  EXPECT_TRUE(récents().front().isEmpty()) << "a save does not touch the recent files";
+
+  // Typed over, saved again without a dialog: the file holds the new fret and
+  // nothing is left beside it.
+  touche(Qt::Key_7);
+  touche(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(dialogues.size(), 1u);
+  EXPECT_EQ(fretDans(c + ".vtb"), 7);
+  EXPECT_EQ(QDir(dossier.path()).entryList(QDir::Files), QStringList{"c.vtb"});
+}
+
+TEST_F(Fichiers, SaveAsCancelledLeavesTheDocumentUnnamed) {
+  prépare();
+  const QString a = fichier("a.vtb", 9);
+  ftab->MenuTabFileOpenLast(a);
+  change();
+  chemins = {QString()};
+  ftab->MenuTabFile(3);
+  EXPECT_TRUE(ftab->fichier().isEmpty());
+  EXPECT_EQ(fretDans(a), 9);
+  EXPECT_TRUE(doc().modifi);
+  // The next plain save asks for a name.
+  const QString d = dossier.filePath("d.vtb");
+  chemins = {d};
+  ftab->MenuTabFile(2);
+  EXPECT_EQ(dialogues.size(), 2u);
+  EXPECT_EQ(fretDans(d), 3);
+}
+
+TEST_F(Fichiers, AFailedSaveSaysWhyAndKeepsTheChanges) {
+  prépare();
+  change();
+  chemins = {dossier.filePath("missing/folder/e.vtb")};
+  ftab->MenuTabFile(2);
+  ASSERT_EQ(messages.size(), 1u);
+  EXPECT_TRUE(messages.front().startsWith(vt->loadString(6122))) << messages.front().toStdString();
+  EXPECT_TRUE(doc().modifi);
+}
+
+TEST_F(Fichiers, TheRecentFilesMoveDownOnOpenAndKeepTheirOrderOnReopen) {
+  prépare();
+  vt->settings().setTabRememberFolder = kVrai;
+  QStringList f;
+  for (int i = 1; i <= 5; ++i)
+    f << fichier(QStringLiteral("f%1.vtb").arg(i), i);
+  EXPECT_FALSE(ftab->entrée("mnuTabFile_18")->isVisible());
+  for (const QString& c : f) {
+    chemins = {c};
+    ftab->MenuTabFile(1);
+  }
+  EXPECT_EQ(récents(), (QStringList{f[4], f[3], f[2], f[1]}));
+  EXPECT_EQ(vt->settings().setTabFolderOpen, dossier.path() + "/");
+  EXPECT_EQ(dialogues.back().dossier, dossier.path() + "/") << "the folder is remembered";
+  EXPECT_TRUE(ftab->entrée("mnuTabFile_18")->isVisible());
+  QAction* trois = ftab->entrée("mnuTabFile_21");
+  EXPECT_EQ(trois->text(), "&3 " + f[2]);
+
+  // Entry 3 reopened: its file is open, the list as it was.
+  trois->trigger();
+  EXPECT_EQ(fret(1, 1, 0), 3);
+  EXPECT_EQ(récents(), (QStringList{f[4], f[3], f[2], f[1]}));
+
+  // A recent file gone: its message, and the changed document stays, unasked.
+  change();
+  QFile::remove(f[1]);
+  ftab->entrée("mnuTabFile_22")->trigger();
+  EXPECT_EQ(messages, std::vector<QString>{"This file is missing."});
+  EXPECT_TRUE(questions.empty());
+  EXPECT_EQ(fret(1, 1, 0), 3);
+}
+
+TEST_F(Fichiers, ADamagedFileKeepsTheDocumentAndLosesItsName) {
+  prépare();
+  const QString a = fichier("a.vtb", 9);
+  ftab->MenuTabFileOpenLast(a);
+  const QString abîmé = dossier.filePath("abime.vtb");
+  QFile::copy(a, abîmé);
+  QFile::resize(abîmé, QFileInfo(a).size() / 2);
+  chemins = {abîmé};
+  ftab->MenuTabFile(1);
+  ASSERT_FALSE(messages.empty());
+  EXPECT_EQ(fret(1, 1, 0), 9);
+  EXPECT_EQ(ftab->windowTitle(), "Tablature");
+  EXPECT_TRUE(ftab->fichier().isEmpty());
+  EXPECT_TRUE(récents().front() == a || récents().front().isEmpty());
+}
+
+TEST_F(Fichiers, ClosingTheEditorWithChangesAsksFirst) {
+  prépare();
+  change();
+  auto* cadre = qobject_cast<QMdiSubWindow*>(ftab->parentWidget());
+  ASSERT_NE(cadre, nullptr);
+  réponses = {QMessageBox::Cancel};
+  cadre->close();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(vt->isFormLoaded(fen::FTab)) << "Cancel keeps the editor";
+  EXPECT_EQ(questions.size(), 1u);
+
+  // The program's exit asks the same; No closes without saving.
+  réponses = {QMessageBox::No};
+  vt->MenuGlobalFile(5);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(questions.size(), 2u);
+  EXPECT_FALSE(vt->isVisible());
+  ftab = nullptr;
+}
+
+TEST_F(Fichiers, ADroppedFileAsksAboutTheChangesFirst) {
+  prépare();
+  const QString a = fichier("a.vtb", 9);
+  change();
+  réponses = {QMessageBox::Cancel};
+  ftab->ouvreFichierDéposé(a);
+  EXPECT_EQ(fret(1, 1, 0), 3);
+  réponses = {QMessageBox::No};
+  ftab->ouvreFichierDéposé(a);
+  EXPECT_EQ(fret(1, 1, 0), 9);
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a);
+  EXPECT_EQ(doc().CurseurCorde(), 1);
+}
+
+}  // namespace
+}  // namespace vt::essai
