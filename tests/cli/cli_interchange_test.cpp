@@ -10,6 +10,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 
+#include "cli_banc.h"
 #include "formats/ascii_import.h"
 #include "formats/catalogue.h"
 #include "formats/midi_reader.h"
@@ -23,37 +24,10 @@ namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
 
-struct Résultat {
-  int code = -1;
-  std::string sortie;
-  std::string erreurs;
-};
-
-class CliConvert : public ::testing::Test {
+class CliConvert : public CliBanc {
  protected:
-  void SetUp() override {
-    dossier_ = fs::temp_directory_path() /
-               ("vt_cli_conv_" + std::to_string(::getpid()) + "_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dossier_);
-    fs::create_directories(dossier_);
-  }
-  void TearDown() override { fs::remove_all(dossier_); }
-
-  static std::string lireTout(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  }
   void poser(const std::string& nom, const std::string& octets) {
     std::ofstream(dossier_ / nom, std::ios::binary) << octets;
-  }
-  std::string c(const std::string& nom) { return "'" + (dossier_ / nom).string() + "'"; }
-  Résultat lancer(const std::string& arguments) {
-    const fs::path out = dossier_ / "stdout", err = dossier_ / "stderr";
-    const std::string commande = std::string("'") + VT_CLI + "' " + arguments + " >'" +
-                                 out.string() + "' 2>'" + err.string() + "'";
-    const int statut = std::system(commande.c_str());
-    return {WIFEXITED(statut) ? WEXITSTATUS(statut) : -1, lireTout(out), lireTout(err)};
   }
   json dump(const std::string& nom) {
     const Résultat r = lancer("dump " + c(nom));
@@ -82,8 +56,6 @@ class CliConvert : public ::testing::Test {
     note(2, 2, 4, 96, 7, effet::kPullOff);
     ASSERT_TRUE(io_enregistrer_vtb(doc, dossier_ / nom).ok());
   }
-
-  fs::path dossier_;
 };
 
 // The frets of every note of a dumped track, as "bar:string:X:fret".
@@ -144,7 +116,8 @@ TEST_F(CliConvert, AllSixDirections) {
   EXPECT_NE(lireTout(dossier_ / "d.tab").find("|-2-"), std::string::npos);
   ASSERT_EQ(lancer("convert " + c("a.txt") + " " + c("e.midi") + " --rhythm 12").code, 0);
   const json e = json::parse(lancer("info " + c("e.midi")).sortie);
-  EXPECT_EQ(e, json::parse(R"({"format":"midi","version":1,"tracks":1,"bars":2,"notes":4,"title":""})"));
+  EXPECT_EQ(
+      e, json::parse(R"({"format":"midi","version":1,"tracks":1,"bars":2,"notes":4,"title":""})"));
 }
 
 TEST_F(CliConvert, MidiImportOptions) {
@@ -163,15 +136,18 @@ TEST_F(CliConvert, MidiImportOptions) {
   EXPECT_EQ(notes(dump("c.vtb"), 2), notes(tout, 1));
 
   // An octave up: every note twelve semitones higher, on whatever string.
-  ASSERT_EQ(lancer("convert " + duo + " " + c("d.vtb") + " --midi-tracks 2 --transpose 12").code, 0);
+  ASSERT_EQ(lancer("convert " + duo + " " + c("d.vtb") + " --midi-tracks 2 --transpose 12").code,
+            0);
   std::vector<int> attendues = hauteurs(basse);
-  for (int& h : attendues) h += 12;
+  for (int& h : attendues)
+    h += 12;
   EXPECT_EQ(hauteurs(dump("d.vtb")), attendues);
 
   ASSERT_EQ(lancer("convert " + duo + " " + c("e.vtb") + " --tempos off").code, 0);
   const json sans = dump("e.vtb");
   EXPECT_EQ(sans["tempo"], 120);
-  for (const json& m : sans["mesures"]) EXPECT_EQ(m["tempos"], json::array());
+  for (const json& m : sans["mesures"])
+    EXPECT_EQ(m["tempos"], json::array());
 }
 
 TEST_F(CliConvert, FormatZeroChannels) {
@@ -194,7 +170,8 @@ TEST_F(CliConvert, RefusedInputsWriteNothing) {
   EXPECT_EQ(r.erreurs, "This MIDI file is not valid!\n");
   EXPECT_FALSE(fs::exists(dossier_ / "out.vtb"));
 
-  const test::Octets inconnu = test::smf(1, 96, {test::PisteMidi().on(0, 64).evt(5, {0xF4}).fin(9)});
+  const test::Octets inconnu =
+      test::smf(1, 96, {test::PisteMidi().on(0, 64).evt(5, {0xF4}).fin(9)});
   poser("y.mid", std::string(inconnu.begin(), inconnu.end()));
   r = lancer("convert " + c("y.mid") + " " + c("out.txt"));
   EXPECT_EQ(r.code, 1);
@@ -208,7 +185,8 @@ TEST_F(CliConvert, RefusedInputsWriteNothing) {
   EXPECT_FALSE(fs::exists(dossier_ / "out.mid"));
 
   // A repeat opened and never closed: the export names the bar.
-  poser("r.txt", "e||o---0---|\nB||----1---|\nG||o-------|\nD||o-------|\nA||--------|\nE||--------|\n");
+  poser("r.txt",
+        "e||o---0---|\nB||----1---|\nG||o-------|\nD||o-------|\nA||--------|\nE||--------|\n");
   r = lancer("convert " + c("r.txt") + " " + c("out.mid"));
   EXPECT_EQ(r.code, 1);
   EXPECT_EQ(r.erreurs, "There is a problem of repeat bar at measure 1\n");

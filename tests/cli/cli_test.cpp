@@ -8,6 +8,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 
+#include "cli_banc.h"
 #include "formats/catalogue.h"
 #include "formats/string_table.h"
 #include "formats/vtb.h"
@@ -19,27 +20,10 @@ namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
 
-struct Exécution {
-  int code = -1;
-  std::string sortie;
-  std::string erreurs;
-};
+using Exécution = Résultat;
 
-class Cli : public ::testing::Test {
+class Cli : public CliBanc {
  protected:
-  void SetUp() override {
-    dossier_ = fs::temp_directory_path() /
-               ("vt_cli_" + std::to_string(::getpid()) + "_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dossier_);
-    fs::create_directories(dossier_);
-  }
-  void TearDown() override { fs::remove_all(dossier_); }
-
-  static std::string lireTout(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  }
   fs::path poser(const std::string& nom, const std::vector<std::uint8_t>& octets) {
     const fs::path p = dossier_ / nom;
     std::ofstream(p, std::ios::binary)
@@ -47,26 +31,12 @@ class Cli : public ::testing::Test {
                static_cast<std::streamsize>(octets.size()));
     return p;
   }
-  // Runs the tool with the arguments (quoted by the caller where needed).
-  Exécution lancer(const std::string& arguments) {
-    const fs::path out = dossier_ / "stdout", err = dossier_ / "stderr";
-    const std::string commande = std::string("'") + VT_CLI + "' " + arguments + " >'" +
-                                 out.string() + "' 2>'" + err.string() + "'";
-    const int statut = std::system(commande.c_str());
-    Exécution e;
-    e.code = WIFEXITED(statut) ? WEXITSTATUS(statut) : -1;
-    e.sortie = lireTout(out);
-    e.erreurs = lireTout(err);
-    return e;
-  }
-  std::string chemin(const std::string& nom) { return "'" + (dossier_ / nom).string() + "'"; }
+  std::string chemin(const std::string& nom) const { return c(nom); }
   json jsonDe(const std::string& args) {
     const Exécution e = lancer(args);
     EXPECT_EQ(e.code, 0) << e.erreurs;
     return json::parse(e.sortie);
   }
-
-  fs::path dossier_;
 };
 
 // The tool's catalogue is the vt.ini beside it.

@@ -9,6 +9,7 @@
 #include <iterator>
 #include <sstream>
 
+#include "cli_banc.h"
 #include "formats/catalogue.h"
 #include "formats/string_table.h"
 #include "formats/vtb.h"
@@ -18,41 +19,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-struct Résultat {
-  int code = -1;
-  std::string sortie;
-  std::string erreurs;
-};
-
 struct Ligne {
   double ms = 0;
   std::string octets;
 };
 
-class CliPlay : public ::testing::Test {
+class CliPlay : public CliBanc {
  protected:
-  void SetUp() override {
-    dossier_ = fs::temp_directory_path() /
-               ("vt_cli_play_" + std::to_string(::getpid()) + "_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dossier_);
-    fs::create_directories(dossier_);
-  }
-  void TearDown() override { fs::remove_all(dossier_); }
-
-  static std::string lireTout(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  }
-  std::string c(const std::string& nom) { return "'" + (dossier_ / nom).string() + "'"; }
-  // `avant` goes in front of the program (a command that runs it).
-  Résultat lancer(const std::string& arguments, const std::string& avant = {}) {
-    const fs::path out = dossier_ / "stdout", err = dossier_ / "stderr";
-    const std::string commande = avant + " '" + VT_CLI + "' " + arguments + " >'" + out.string() +
-                                 "' 2>'" + err.string() + "'";
-    const int statut = std::system(commande.c_str());
-    return {WIFEXITED(statut) ? WEXITSTATUS(statut) : -1, lireTout(out), lireTout(err)};
-  }
   static std::vector<Ligne> lignes(const std::string& texte) {
     std::vector<Ligne> r;
     std::istringstream in(texte);
@@ -76,8 +49,6 @@ class CliPlay : public ::testing::Test {
     doc.setNoteVolume(1, 1, 2, doc.setNoteWhole(1, 1, 2, 48, 7, 24), 100);
     ASSERT_TRUE(io_enregistrer_vtb(doc, dossier_ / nom).ok());
   }
-
-  fs::path dossier_;
 };
 
 TEST_F(CliPlay, LogPrintsEveryMessageWithItsTimeAsItIsSent) {

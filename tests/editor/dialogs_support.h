@@ -2,6 +2,8 @@
 // the dialogs' widgets found by objectName, OK and Cancel pressed.
 #pragma once
 
+#include "../document/test_support.h"
+
 #include <ostream>
 #include <vector>
 
@@ -69,19 +71,7 @@ inline std::string cp1252(const char* utf8) {
 }
 
 // The notes of one string of a bar: tick, fret and length, in order.
-struct Note {
-  int x, frette, durée;
-  bool operator==(const Note&) const = default;
-};
-inline void PrintTo(const Note& n, std::ostream* os) {
-  *os << "{x " << n.x << ", fret " << n.frette << ", length " << n.durée << "}";
-}
-inline std::vector<Note> corde(const CVantoroTablature& doc, int p, int m, int c) {
-  std::vector<Note> notes;
-  for (int n = 1; n <= doc.getNoteLast(p, m, c); ++n)
-    notes.push_back(
-        {doc.getNoteX(p, m, c, n), doc.getNoteCase(p, m, c, n), doc.getNoteDurée(p, m, c, n)});
-  return notes;
-}
+using Note = test::NoteVue;
+using test::corde;
 
 }  // namespace vt::essai
