@@ -82,6 +82,8 @@ bool VT::MDIForm_Load(const Démarrage& d) {
                                     QMessageBox::Ok, this);
       boîte->setAttribute(Qt::WA_DeleteOnClose);
       boîte->setWindowModality(Qt::NonModal);
+      // A notice: the keyboard stays where the user is typing.
+      boîte->setAttribute(Qt::WA_ShowWithoutActivating);
       boîte->show();
     };
 
