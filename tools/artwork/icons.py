@@ -181,8 +181,9 @@ def note_glyph(c, m, char, box):
     c.fit_text(m, box, char, "music")
 
 
-QUARTER, HALF, WHOLE, EIGHTH, SIXTEENTH, THIRTYSECOND = (
-    "\U0001D15F", "\U0001D15E", "\U0001D15D", "\U0001D160", "\U0001D161", "\U0001D162")
+QUARTER, HALF, WHOLE, EIGHTH, SIXTEENTH, THIRTYSECOND, SIXTYFOURTH = (
+    "\U0001D15F", "\U0001D15E", "\U0001D15D", "\U0001D160", "\U0001D161", "\U0001D162",
+    "\U0001D163")
 BEAMED = "\u266B"
 
 
@@ -823,7 +824,7 @@ EDITOR = {
     # tbRythme
     "TB_RONDE": rhythm(WHOLE), "TB_BLANCHE": rhythm(HALF), "TB_NOIRE": rhythm(QUARTER),
     "TB_CROCHE": rhythm(EIGHTH), "TB_DOUBLE": rhythm(SIXTEENTH), "TB_TRIPLE": rhythm(THIRTYSECOND),
-    "TB_POINTEE": dotted, "TB_TRIOLET": triplet,
+    "TB_QUADRUPLE": rhythm(SIXTYFOURTH), "TB_POINTEE": dotted, "TB_TRIOLET": triplet,
     # tbVolume
     **{f"TB_{t.upper()}": nuance(t) for t in ("ppp", "pp", "p", "mp", "mf", "f", "ff", "fff")},
     # tbAttaque

@@ -26,7 +26,7 @@ namespace {
 
 struct BoutonRythme {
   const char* clé;
-  const char* image;  // nullptr: no picture, the button shows its short text
+  const char* image;
   int bulle;          // the tool tip: the note value's menu entry
 };
 // In the order of the rhythm's index, 1 to 7.
@@ -37,7 +37,7 @@ constexpr std::array<BoutonRythme, Ftab2vtb::kRythmes> kBoutons{{
     {"croche", "TB_CROCHE", 1360},
     {"double", "TB_DOUBLE", 1361},
     {"triple", "TB_TRIPLE", 1362},
-    {"quadruple", nullptr, 1017},
+    {"quadruple", "TB_QUADRUPLE", 1017},
 }};
 
 }  // namespace
@@ -71,9 +71,7 @@ QToolBar* Ftab2vtb::barreRythme() {
   groupe->setExclusive(true);
   for (std::size_t i = 0; i < kBoutons.size(); ++i) {
     const BoutonRythme& b = kBoutons[i];
-    QAction* a = b.image != nullptr
-                     ? barre->addAction(icôneBouton(QString::fromLatin1(b.image), true), QString())
-                     : barre->addAction(m_t.loadString(1018));
+    QAction* a = barre->addAction(icôneBouton(QString::fromLatin1(b.image), true), QString());
     a->setObjectName(QStringLiteral("tbRythme_") + QString::fromLatin1(b.clé));
     a->setCheckable(true);
     a->setToolTip(sansAccélérateur(m_t.loadString(b.bulle)));
