@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "dialogs/ftab_drums.h"
 #include "document/cp1252.h"
 #include "editor/ftab.h"
 #include "shell/vt.h"
@@ -244,6 +245,7 @@ void FTab::libelléFenêtre() {
 void FTab::load_lang() {
   libellésMenus();
   bullesBarres();
+  if (m_batterie != nullptr) m_batterie->load_lang(Textes{m_vt.setLang()});
   libelléFenêtre();
   entrée(QStringLiteral("mnuTabFileLang_0"))->setChecked(m_vt.setLang() == kLangFrançais);
   entrée(QStringLiteral("mnuTabFileLang_1"))->setChecked(m_vt.setLang() != kLangFrançais);
