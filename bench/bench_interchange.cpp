@@ -12,6 +12,7 @@
 #include <string>
 #include <unistd.h>
 
+#include "bench_piece.h"
 #include "document/tablature.h"
 #include "formats/ascii_export.h"
 #include "formats/ascii_import.h"
@@ -23,37 +24,9 @@ namespace {
 
 using namespace vt;
 
-// Eighth notes on every track, a chord every beat on track 1, a slide, a
-// bend, a vibrato and a tie in every bar, a tempo change every 50 bars.
-CVantoroTablature morceau() {
-  CVantoroTablature doc;
-  for (int p = 2; p <= 4; ++p) doc.addPiste(p - 1, tGuitare{});
-  for (int m = 2; m <= 1000; ++m) doc.addMesure();
-  for (int m = 1; m <= 1000; ++m) {
-    if (m % 50 == 0) doc.setMesureTempo(m, 0, static_cast<byt>(100 + m % 40));
-    for (int p = 1; p <= 4; ++p) {
-      for (int k = 0; k < 8; ++k) {
-        const int c = 1 + (k + p + m) % 6;
-        const int n = doc.setNoteWhole(p, m, c, k * 24, (k * 3 + m + p) % 15, 24);
-        doc.setNoteVolume(p, m, c, n, 95);
-        if (p == 1 && k % 2 == 0) {
-          const int c2 = c == 6 ? 1 : c + 1;
-          const int n2 = doc.setNoteWhole(p, m, c2, k * 24, 2, 24);
-          doc.setNoteVolume(p, m, c2, n2, 79);
-        }
-      }
-      doc.setNoteWhole(p, m, 6, 168, 5, 24);
-      doc.setNoteEffet(p, m, 6, doc.searchNote(p, m, 6, 168), effet::kLiaison);
-    }
-    doc.setNoteEffet(2, m, 1 + (2 + m) % 6, 1, effet::kSlideUp);
-    doc.setNoteEffet(3, m, 1 + (3 + m) % 6, 1, effet::kBendUp);
-    doc.setNoteEffet(4, m, 1 + (4 + m) % 6, 1, effet::kVibrato);
-  }
-  return doc;
-}
-
+// 1,000 bars with a tempo change every 50 and a tie in every bar.
 const CVantoroTablature& piece() {
-  static const CVantoroTablature doc = morceau();
+  static const CVantoroTablature doc = banc::morceau({1000, true});
   return doc;
 }
 

@@ -23,12 +23,6 @@
 #include <thread>
 #include <vector>
 
-#ifdef __linux__
-#include <pthread.h>
-#include <sched.h>
-#include <sys/prctl.h>
-#endif
-
 #include "document/tablature.h"
 #include "player/play_offline.h"
 #include "player/play_start.h"
@@ -122,12 +116,7 @@ Mesure jouer(const CVantoroTablature& doc, int tempoHorloge) {
 Mesure sommeilSeul(std::int64_t ticks) {
   Mesure r;
   std::thread t([&] {
-#ifdef __linux__
-    ::prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
-    sched_param p{};
-    p.sched_priority = 10;
-    ::pthread_setschedparam(::pthread_self(), SCHED_FIFO, &p);
-#endif
+    préciserFilHorloge();
     std::vector<double> retards;
     retards.reserve(static_cast<std::size_t>(ticks));
     const Horloge::time_point origine = Horloge::now();

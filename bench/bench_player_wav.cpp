@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <string>
 
+#include "bench_piece.h"
 #include "document/tablature.h"
 #include "player/play_start.h"
 #include "sound/rendu_hors_ligne.h"
@@ -16,34 +17,9 @@ namespace {
 
 using namespace vt;
 
-// Eighth notes on every track, a two-note chord on every beat of track 1, a
-// slide, a bend and a vibrato in every bar, tempo 120 throughout.
-CVantoroTablature morceau() {
-  CVantoroTablature doc;
-  doc.tempo = 120;
-  for (int p = 2; p <= 4; ++p)
-    doc.addPiste(p - 1, tGuitare{});
-  for (int m = 2; m <= 200; ++m)
-    doc.addMesure();
-  for (int m = 1; m <= 200; ++m) {
-    for (int p = 1; p <= 4; ++p)
-      for (int k = 0; k < 8; ++k) {
-        const int c = 1 + (k + p + m) % 6;
-        doc.setNoteVolume(p, m, c, doc.setNoteWhole(p, m, c, k * 24, (k * 3 + m + p) % 15, 24), 95);
-        if (p == 1 && k % 2 == 0) {
-          const int c2 = c == 6 ? 1 : c + 1;
-          doc.setNoteVolume(p, m, c2, doc.setNoteWhole(p, m, c2, k * 24, 2, 24), 79);
-        }
-      }
-    doc.setNoteEffet(2, m, 1 + (2 + m) % 6, 1, effet::kSlideUp);
-    doc.setNoteEffet(3, m, 1 + (3 + m) % 6, 1, effet::kBendUp);
-    doc.setNoteEffet(4, m, 1 + (4 + m) % 6, 1, effet::kVibrato);
-  }
-  return doc;
-}
-
+// 200 bars at tempo 120, neither tempo changes nor ties.
 const CVantoroTablature& piece() {
-  static const CVantoroTablature doc = morceau();
+  static const CVantoroTablature doc = banc::morceau({200, false});
   return doc;
 }
 

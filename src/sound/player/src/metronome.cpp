@@ -6,6 +6,7 @@
 #include <memory>
 #include <thread>
 
+#include "player/play_timing.h"
 #include "reveil.h"
 #include "sound/midi_handles.h"
 #include "sound/midi_out.h"
@@ -42,7 +43,7 @@ byt octet(int v) {
 // the beat, so that no rounding builds up.
 void battre(Métronome& m, tMetronomeParams p, std::int64_t nsTemps,
             std::shared_ptr<MidiOut> sortie) {
-  Réveil::préciser();
+  préciserFilHorloge();
   MidiOut* out = p.boolAudible != kFaux ? sortie.get() : nullptr;
   const int pas = std::max<int>(p.intCompteurMax, 0) + 1;
   const int temps = std::max<int>(p.intTemps, 1);

@@ -4,7 +4,22 @@
 
 #include "document/types.h"
 
+#ifdef __linux__
+#include <pthread.h>
+#include <sched.h>
+#include <sys/prctl.h>
+#endif
+
 namespace vt {
+
+void préciserFilHorloge() {
+#ifdef __linux__
+  ::prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
+  sched_param p{};
+  p.sched_priority = 10;
+  ::pthread_setschedparam(::pthread_self(), SCHED_FIFO, &p);
+#endif
+}
 
 HorlogeTicks::HorlogeTicks(int tempo, bool tripleFeel, std::int64_t départNs)
     : m_tempo(std::max(tempo, 1)), m_tripleFeel(tripleFeel), m_ns0(départNs) {}

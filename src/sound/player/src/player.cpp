@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "play_session.h"
+#include "player/play_timing.h"
 #include "reveil.h"
 #include "sound/midi_handles.h"
 
@@ -71,7 +72,7 @@ bool estNoteOff(std::uint32_t m) {
 // start on steady_clock, so that a late wake-up delays one step and not the
 // rest of the piece.
 void jouer(Lecteur& l, std::unique_ptr<SessionJeu> session, std::shared_ptr<MidiOut> sortie) {
-  Réveil::préciser();
+  préciserFilHorloge();
   MidiOut* out = sortie.get();
   const Horloge::time_point origine = Horloge::now();
   ÉtapeJeu e;

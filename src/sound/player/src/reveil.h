@@ -8,12 +8,6 @@
 #include <condition_variable>
 #include <mutex>
 
-#ifdef __linux__
-#include <pthread.h>
-#include <sched.h>
-#include <sys/prctl.h>
-#endif
-
 namespace vt {
 
 using Horloge = std::chrono::steady_clock;
@@ -46,20 +40,6 @@ class Réveil {
   void réarmer() {
     std::lock_guard verrou(m_verrou);
     m_arrêt = false;
-  }
-
-  // For the clock thread itself. The kernel may let a timed wait run on by
-  // its timer slack (50 us by default) to group wake-ups: down to 1 ns. And a
-  // real-time priority, where the system grants one (an audio group's
-  // limits, or root): a busy machine then delays the clock far less. Refused,
-  // the thread runs as it was; nothing depends on it.
-  static void préciser() {
-#ifdef __linux__
-    ::prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
-    sched_param p{};
-    p.sched_priority = 10;
-    ::pthread_setschedparam(::pthread_self(), SCHED_FIFO, &p);
-#endif
   }
 
  private:

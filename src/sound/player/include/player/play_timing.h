@@ -24,6 +24,13 @@ struct PositionTick {
 // Nanoseconds in one minute divided by 48 ticks: a tick lasts this / tempo.
 inline constexpr std::int64_t kNsTickFoisTempo = 1'250'000'000;
 
+// For a clock thread, called from the thread itself. The kernel may let a
+// timed wait run on by its timer slack (50 us by default) to group wake-ups:
+// down to 1 ns. And a real-time priority, where the system grants one (an
+// audio group's limits, or root): a busy machine then delays the clock far
+// less. Refused, the thread runs as it was; nothing depends on it.
+void préciserFilHorloge();
+
 inline int périodeTickMs(int tempo) {
   return tempo > 0 ? 60000 / (tempo * 48) : 0;
 }
