@@ -3,7 +3,9 @@
 // the WAV file and its failures, and a missing SoundFont.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -133,6 +135,31 @@ TEST(OfflineRendering, ANoteStartsAtItsTimeAndTheLengthIsTheLastMessagePlusTheTa
   EXPECT_GE(début, 499.2);
   EXPECT_LE(début, 500.8);
   EXPECT_NEAR(double(pcm.trames()), 1.9 * 44100, 32);
+}
+
+TEST(OfflineRendering, ALoudBandIsRoundedOffBelowFullScaleNotClipped) {
+  // Two guitars and a bass, every note at full velocity with reverb and
+  // chorus: six-string chords struck together on two channels.
+  MessagesDates m;
+  for (int canal = 0; canal < 3; ++canal) {
+    m.push_back({0, midiPack(0xC0 + canal, canal == 2 ? 33 : 25)});
+    m.push_back({0, midiPack(0xB0 + canal, 91, 127)});
+    m.push_back({0, midiPack(0xB0 + canal, 93, 127)});
+  }
+  for (int coup = 0; coup < 4; ++coup) {
+    const double t = coup * 250.0;
+    for (int canal = 0; canal < 2; ++canal)
+      for (const int note : {40, 47, 52, 55, 59, 64})
+        m.push_back({t, midiPack(0x90 + canal, note, 127)});
+    m.push_back({t, midiPack(0x92, 28, 127)});
+  }
+  const RenduPcm pcm = rendAvecSoundFont(m, 1500);
+  ASSERT_FALSE(pcm.échantillons.empty());
+  int crête = 0;
+  for (const std::int16_t e : pcm.échantillons)
+    crête = std::max(crête, std::abs(int(e)));
+  EXPECT_GT(crête, 24576) << "loud enough to reach the rounding";
+  EXPECT_LT(crête, 32767) << "no sample cut flat at full scale";
 }
 
 TEST(OfflineRendering, WithoutANoteThereIsSilence) {

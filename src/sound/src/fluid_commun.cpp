@@ -122,6 +122,18 @@ void envoie(fluid_synth_t* synth, std::uint32_t message) {
   }
 }
 
+float limite(float x) {
+  // Linear up to the knee; above it the peaks bend towards full scale, with
+  // the slope still 1 at the knee, and approach it only slowly: twice full
+  // scale comes out at 0.96, ten times at 0.99. Cut flat, they would crackle.
+  constexpr float kGenou = 0.75f;
+  constexpr float kMarge = 1.0f - kGenou;
+  const float a = std::fabs(x);
+  if (!(a > kGenou)) return x;
+  const float d = a - kGenou;
+  return std::copysign(kGenou + kMarge * d / (d + kMarge), x);
+}
+
 void rends(fluid_synth_t* synth, std::int16_t* stéréo, int trames, std::vector<float>& travail) {
   const std::size_t n = 2 * std::size_t(trames);
   if (travail.size() < n) travail.resize(n);
@@ -131,7 +143,7 @@ void rends(fluid_synth_t* synth, std::int16_t* stéréo, int trames, std::vector
     return;
   }
   for (std::size_t i = 0; i < n; ++i) {
-    const float v = std::nearbyint(travail[i] * 32768.0f);
+    const float v = std::nearbyint(limite(travail[i]) * 32767.0f);
     stéréo[i] = std::isnan(v) ? std::int16_t{0} : std::int16_t(std::clamp(v, -32768.0f, 32767.0f));
   }
 }

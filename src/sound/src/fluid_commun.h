@@ -45,6 +45,9 @@ void envoie(fluid_synth_t* synth, std::uint32_t message);
 // point and rounded here, without FluidSynth's dither: silence is zeros, and
 // the same messages always give the same samples.
 void rends(fluid_synth_t* synth, std::int16_t* stéréo, int trames, std::vector<float>& travail);
+// A sample of the synthesizer's output (full scale 1) as it is written: the
+// loud chords of a whole band are rounded off below full scale, not clipped.
+float limite(float x);
 // Every sounding note released and the controllers back to their defaults, on
 // the sixteen channels; programs stay.
 void silence(fluid_synth_t* synth);
