@@ -10,20 +10,21 @@ import sys
 ALLOWED = {
     "document": set(),
     "formats": {"document"},
-    "sound": {"document", "formats"},
+    "music": {"document", "formats"},
+    "sound": {"document", "formats", "music"},
     "render": {"document"},
     "render_qt": {"document", "render"},
     "controls": {"document", "render", "render_qt"},
-    "shell": {"document", "formats", "sound", "render", "render_qt", "controls"},
-    "tools": {"document", "formats", "sound", "render", "render_qt", "controls", "shell"},
-    "editor": {"document", "formats", "sound", "render", "render_qt", "controls", "shell",
+    "shell": {"document", "formats", "music", "sound", "render", "render_qt", "controls"},
+    "tools": {"document", "formats", "music", "sound", "render", "render_qt", "controls", "shell"},
+    "editor": {"document", "formats", "music", "sound", "render", "render_qt", "controls", "shell",
                "tools"},
-    "cli": {"document", "formats", "sound", "render", "render_qt"},
-    "app": {"document", "formats", "sound", "render", "render_qt", "controls", "shell", "tools",
-            "editor"},
+    "cli": {"document", "formats", "music", "sound", "render", "render_qt"},
+    "app": {"document", "formats", "music", "sound", "render", "render_qt", "controls", "shell",
+            "tools", "editor"},
 }
 # Layers whose code must not use Qt at all.
-NO_QT = {"document", "formats", "sound", "render"}
+NO_QT = {"document", "formats", "music", "sound", "render"}
 # Layers that may use QtGui but never widgets.
 NO_WIDGETS = {"render_qt"}
 
