@@ -50,6 +50,15 @@ class FenetreTablature {
   virtual void ouvreFichierDéposé(const QString& fichier) = 0;
 };
 
+// The chord dictionary as another tool reaches it: show one chord, the key as
+// an index of the key list (0 "A" to 11 "G#") and the type as the standard
+// list's text ("maj", "7", "min7 5b", ...). False when the type is unknown.
+class FenetreAccords {
+ public:
+  virtual ~FenetreAccords() = default;
+  virtual bool montreAccord(int tonalité, const QString& type) = 0;
+};
+
 // The options dialog, shown on one of its pages: "accords", "KeyGam",
 // "KeyDiv", "KeyMét", "KeyMidi".
 class FenetreOptions {
