@@ -149,7 +149,7 @@ int renvois(int mesures, std::initializer_list<Barres> barres) {
 TEST(Repeats, FirstBarWithAnError) {
   EXPECT_EQ(renvois(4, {{2, 2, 0}, {3, 0, 2}}), 0);  // start 2, end 3
   EXPECT_EQ(renvois(4, {{1, 0, 2}}), 0);             // an end alone repeats from the start
-  EXPECT_EQ(renvois(4, {{1, 0, 2}, {2, 0, 2}}), 0);  // nothing was started: both accepted
+  EXPECT_EQ(renvois(4, {{1, 0, 2}, {2, 0, 2}}), 2);  // the second end has nothing to go back to
   EXPECT_EQ(renvois(4, {{1, 2, 2}, {2, 0, 2}}), 2);  // a second end without a start
   EXPECT_EQ(renvois(4, {{2, 2, 0}, {3, 2, 0}}), 3);  // a start inside an open repeat
   EXPECT_EQ(renvois(6, {{5, 2, 0}}), 6);             // never closed: the last bar

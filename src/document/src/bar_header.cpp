@@ -95,9 +95,11 @@ int CVantoroTablature::checkMesureRenvois() const {
       ouvert = vu = true;
     }
     if (h.bytLoopDroiteType == barre::kRepetition) {
-      // A first repeat end without a start repeats from the start of the piece.
+      // A first repeat end without a start repeats from the start of the
+      // piece; after any repeat, an end needs a start of its own.
       if (!ouvert && vu) return m;
       ouvert = false;
+      vu = true;
     }
   }
   return ouvert ? getMesureLast() : 0;
