@@ -145,6 +145,39 @@ TEST(Staff, HeadsDotsAndWholeNotes) {
   EXPECT_EQ(points[0].x1, 75 + 5);
 }
 
+TEST(Staff, DotsAndTripletsAreMarkedUnderTheHeadAsOnTheTablature) {
+  // G3 (55) on string 3: u = -2, the stem's foot a pixel under the head's top.
+  const int pied = y0De(-2) + 1;
+  const struct {
+    int durée;
+    bool point, trois;
+  } kCas[] = {{72, true, false}, {36, true, false},  {16, false, true},
+              {32, false, true}, {48, false, false}, {128, false, false}};
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(c.durée);
+    Banc b;
+    note(b.doc, 1, 3, 0, 0, c.durée);
+    b.r.drawInLine();
+    const auto surLaPortée = [](const Primitive& p) { return p.y1 > 250; };
+    const auto points =
+        b.surface.select([&](const Primitive& p) { return p.kind == K::Circle && surLaPortée(p); });
+    ASSERT_EQ(points.size(), c.point ? 1U : 0U);
+    if (c.point) {
+      EXPECT_EQ(points[0].x1, 75 + 3);
+      EXPECT_EQ(points[0].y1, pied + 13);
+      EXPECT_EQ(points[0].x2, 1);  // the tablature's dot, a radius of 1
+    }
+    std::vector<Primitive> trois;
+    for (const Primitive& p : b.surface.texts("3"))
+      if (surLaPortée(p)) trois.push_back(p);
+    ASSERT_EQ(trois.size(), c.trois ? 1U : 0U);
+    if (c.trois) {
+      EXPECT_EQ(test::centreX(trois[0]), 75 + 3);
+      EXPECT_EQ(test::centreY(trois[0]), pied + 13);
+    }
+  }
+}
+
 TEST(Staff, StemsOfABeatReachOneHeight) {
   Banc b;
   note(b.doc, 1, 2, 0, 0, 24);   // B3 (59)

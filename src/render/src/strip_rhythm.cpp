@@ -148,13 +148,17 @@ void CStripRenderer::drawRythme(Surface& surface, int d, int x, int y, int h, in
       surface.LineStep(x + b.dx, rang - 1, b.len, 0);
     }
   }
-  if (estTriolet(d)) drawTextCenter(surface, x, y + is, "3");
+  marquesRythme(surface, d, x, y + is);
+}
+
+void CStripRenderer::marquesRythme(Surface& surface, int d, int x, int y) {
+  if (estTriolet(d)) drawTextCenter(surface, x, y, "3");
   if (estPointée(d)) {
     const FillStyle remplissage = surface.fillStyle();
     const Colour fond = surface.FillColor();
     surface.setFillStyle(FillStyle::Solid);
     surface.setFillColor(surface.ForeColor());
-    surface.Circle(x, y + is, 1);
+    surface.Circle(x, y, 1);
     surface.setFillStyle(remplissage);
     surface.setFillColor(fond);
   }
@@ -167,8 +171,6 @@ void CStripRenderer::drawRythmePortée(int d, int x, int y, int h, int unité) {
                           ? -6 * m_s.TAB_VIEW_INTER_PORTEE
                           : h;
   drawScreenLine(x, y, 0, hauteur);
-  // Whole notes have no stem, dots are blitted beside the head, and the
-  // triplet's 3 is the tablature's, right under it: the staff repeats neither.
   const int pointe = y + hauteur;
   if (const int barres = nombreDeBarres(f); barres > 0) {
     const Barre b = étendueBarre(rythmePosition, rythmePrecedent != 0, rythmeSuivant != 0,
@@ -181,6 +183,9 @@ void CStripRenderer::drawRythmePortée(int d, int x, int y, int h, int unité) {
       m_surface.Line(x + b.dx, rang + 1, x + b.dx + b.len, rang + 1);
     }
   }
+  // Under the head, as the tablature marks them under its stems: a triplet's
+  // 3 and the dot of a dotted length.
+  marquesRythme(m_surface, d, x, y + m_s.TAB_VIEW_INTER_STRINGS);
 }
 
 }  // namespace vt

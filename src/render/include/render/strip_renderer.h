@@ -64,6 +64,8 @@ class CStripRenderer {
   void drawNotePortée(int p, int m, int c, int n);
   void drawNotePortéeSilences(int p, int m);
   void drawRythmePortée(int d, int x, int y, int h, int unité);
+  // The triplet's "3" and the dotted length's dot of a rhythm, centred on (x, y).
+  void marquesRythme(Surface& surface, int d, int x, int y);
   void drawScreenRectangle(int x, int y, int w, int h);
   void drawScreenLine(int x, int y, int dx, int dy);
   static void drawTextCenter(Surface& surface, double x, double y, std::string_view texte);
