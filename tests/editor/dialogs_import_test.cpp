@@ -345,7 +345,7 @@ TEST(ImportAscii, ConvertReplacesTheDocumentWithTheChosenColumnLength) {
   ok(d);
   ASSERT_TRUE(d.remplace());
   EXPECT_EQ(doc.getPisteLast(), 1);
-  EXPECT_EQ(doc.getMesureLast(), 1);
+  EXPECT_EQ(doc.getMesureLast(), 2);  // the closing bar line took the next bar
   EXPECT_EQ(doc.titre, "");
   EXPECT_EQ(corde(doc, 1, 1, 6), (std::vector<Note>{{0, 3, 12}}));
   EXPECT_EQ(corde(doc, 1, 1, 3), (std::vector<Note>{{12, 2, 12}}));
@@ -390,6 +390,16 @@ TEST(ImportAscii, CancelOrAMissingFileLeavesTheDocument) {
   EXPECT_FALSE(d.lu());
   EXPECT_TRUE(d.refus().startsWith(QString::fromUtf8("Ce fichier est introuvable.")));
   EXPECT_TRUE(doc == avant);
+}
+
+TEST(ImportAscii, AnEmptyFileIsSaidToHoldNoTablatureNotToBeCorrupted) {
+  Fichiers f;
+  CVantoroTablature doc = ancien();
+  for (const std::string& texte : {std::string(), std::string("\r\n  \r\n")}) {
+    Ftab2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("vide.txt", texte), doc);
+    EXPECT_FALSE(d.lu());
+    EXPECT_EQ(d.refus(), "This file holds no tablature.");
+  }
 }
 
 TEST(ImportAscii, TheTrackIsSixStringedWhateverTheCurrentInstrument) {

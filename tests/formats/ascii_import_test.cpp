@@ -34,17 +34,26 @@ std::vector<std::string> notes(const CVantoroTablature& doc) {
   return out;
 }
 
-TEST(AsciiImportBlocks, NoBlockIsString1013) {
-  CVantoroTablature doc;
-  doc.titre = "kept";
-  EXPECT_EQ(importer("", doc).stringId, kMsgAsciiCorrompue);
-  EXPECT_EQ(importer("just some words\nand no dashes at all\n", doc).stringId, kMsgAsciiCorrompue);
-  // Five lines are not a block.
-  EXPECT_EQ(importer("e|---\nB|---\nG|---\nD|---\nA|---\n", doc).stringId, kMsgAsciiCorrompue);
-  EXPECT_EQ(doc.titre, "kept");  // a refusal leaves the document alone
+TEST(AsciiImportBlocks, AnEmptyFileIsSaidToHoldNoTablatureSinceNothingInItIsDamaged) {
+  const struct {
+    const char* texte;
+    int message;
+  } kCas[] = {
+      {"", kMsgAsciiVide},
+      {" \r\n\t\n\n", kMsgAsciiVide},
+      {"just some words\nand no dashes at all\n", kMsgAsciiCorrompue},
+      {"e|---\nB|---\nG|---\nD|---\nA|---\n", kMsgAsciiCorrompue},  // five lines are no block
+  };
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(c.texte);
+    CVantoroTablature doc;
+    doc.titre = "kept";
+    EXPECT_EQ(importer(c.texte, doc).stringId, c.message);
+    EXPECT_EQ(doc.titre, "kept");  // a refusal leaves the document alone
+  }
 }
 
-TEST(AsciiImportBlocks, LabelsAndTrailingTextStayOutside) {
+TEST(AsciiImportBlocks, LabelsAndTrailingTextStayOutsideButAFretBeforeTheFirstDashesIsNotLost) {
   const auto blocs = trouverBlocsAscii(
       "Intro -- slowly\n"          // holds "--" but the next line does not: no block
       "\n"
@@ -57,6 +66,67 @@ TEST(AsciiImportBlocks, LabelsAndTrailingTextStayOutside) {
   ASSERT_EQ(blocs.size(), 1u);
   EXPECT_EQ(blocs[0].lignes[0], "|---0---|");
   EXPECT_EQ(blocs[0].lignes[4], "|3------|");
+}
+
+// The repeat signs of the bars ("1:|:" starts a repeat in bar 1, "2::|1" ends
+// one with its count), then the notes; and the number of bars.
+std::vector<std::string> lecture(const CVantoroTablature& doc) {
+  std::vector<std::string> out;
+  for (int m = 1; m <= doc.getMesureLast(); ++m) {
+    if (doc.getMesureLoopGaucheType(m) == barre::kRepetition)
+      out.push_back(std::to_string(m) + ":|:");
+    if (doc.getMesureLoopDroiteType(m) == barre::kRepetition)
+      out.push_back(std::to_string(m) + "::|" + std::to_string(doc.getMesureLoopDroiteData(m)));
+  }
+  for (const std::string& n : notes(doc))
+    out.push_back(n);
+  out.push_back(std::to_string(doc.getMesureLast()) + " bars");
+  return out;
+}
+
+TEST(AsciiImportBlocks, BlocksStartAtTheDashesAndBarLinesReadSoNoFretRepeatOrBeatOfTheTextIsLost) {
+  const struct {
+    const char* quoi;
+    const char* texte;
+    std::vector<std::string> attendu;
+  } kCas[] = {
+      {"a label of any length stands outside",
+       "High E|--0--|\nB     |--1--|\nG     |-----|\nD     |-----|\nA     |-----|\n"
+       "Low E |-----|\n",
+       {"1:1:48:0", "1:2:48:1", "2 bars"}},
+      {"a double line before the first bar starts no repeat",
+       "e ||--0--|\nB ||-----|\nG ||-----|\nD ||-----|\nA ||-----|\nE ||-----|\n",
+       {"1:1:48:0", "2 bars"}},
+      {"words above a tablature are not its first string",
+       "Verse -- capo 2\ne|--0--|\nB|-----|\nG|-----|\nD|-----|\nA|-----|\nE|-----|\n",
+       {"1:1:48:0", "2 bars"}},
+      {"string numbers are a label, a chord after the bar line is not",
+       "1|--0--|\n2|-----|\n3|-----|\n4|-----|\n5|-----|\n6|-----|\n"
+       "|3--5|\n|3---|\n|3---|\n|3---|\n|3---|\n|3---|\n",
+       {"1:1:48:0", "2:1:0:3", "2:1:72:5", "2:2:0:3", "2:3:0:3", "2:4:0:3", "2:5:0:3", "2:6:0:3",
+        "3 bars"}},
+      {"a double line closing a bar ends a repeat",
+       "e|--0--||--1--|\nB|-----||-----|\nG|-----||-----|\nD|-----||-----|\nA|-----||-----|\n"
+       "E|-----||-----|\n",
+       {"1::|1", "1:1:48:0", "2:1:48:1", "3 bars"}},
+      {"dots after a double line start a repeat and end none; dots take no time",
+       "e|--0--||--1--||\nB|-----||-----||\nG|-----||o---o||\nD|-----||o---o||\nA|-----||-----||\n"
+       "E|-----||-----||\n",
+       {"2:|:", "2::|1", "1:1:48:0", "2:1:24:1", "3 bars"}},
+      {"single lines shifted by a two-digit fret are one plain bar line",
+       "e|--12--|--0--|\nB|--3--|--1--|\nG|-----|-----|\nD|-----|-----|\nA|-----|-----|\n"
+       "E|-----|-----|\n",
+       {"1:1:48:12", "1:2:48:3", "2:1:48:0", "2:2:24:1", "3 bars"}},
+      {"a two-digit fret is one step of time",
+       "e|-12--3-\nB|-------\nG|-------\nD|-------\nA|-------\nE|-------\n",
+       {"1:1:24:12", "1:1:96:3", "1 bars"}},
+  };
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(c.quoi);
+    CVantoroTablature doc;
+    ASSERT_TRUE(importer(c.texte, doc).ok());
+    EXPECT_EQ(lecture(doc), c.attendu);
+  }
 }
 
 TEST(AsciiImportColumns, FretsTwoDigitsEffectsAndBars) {
@@ -82,7 +152,7 @@ TEST(AsciiImportColumns, FretsTwoDigitsEffectsAndBars) {
   EXPECT_EQ(doc.getNoteEffet(1, 2, 4, 2), 0);
   EXPECT_EQ(doc.getNoteVolume(1, 1, 1, 1), 127);
   EXPECT_EQ(doc.getNoteDurée(1, 1, 1, 1), 24);
-  EXPECT_EQ(doc.getMesureLast(), 2);  // the closing bar line leaves no empty bar
+  EXPECT_EQ(doc.getMesureLast(), 3);  // the closing bar line took the next bar at once
 }
 
 TEST(AsciiImportColumns, NotesThatDoNotFitGoToTheNextBar) {
@@ -105,7 +175,7 @@ TEST(AsciiImportColumns, RepeatSignsOnBothSides) {
                        "E||-----||---|\n",
                        doc)
                   .ok());
-  EXPECT_EQ(doc.getMesureLast(), 2);
+  EXPECT_EQ(doc.getMesureLast(), 3);
   EXPECT_EQ(doc.getMesureLoopGaucheType(1), barre::kRepetition);
   EXPECT_EQ(doc.getMesureLoopDroiteType(1), barre::kRepetition);
   EXPECT_EQ(doc.getMesureLoopDroiteData(1), 1);

@@ -9,10 +9,6 @@ namespace vt {
 
 namespace {
 
-// A string's label ("e|", "E ", "1)") is short; a longer text before the
-// dashes is a line of words, not a string.
-constexpr std::size_t kLabelMax = 3;
-
 bool chiffre(char c) { return c >= '0' && c <= '9'; }
 bool point(char c) { return c == 'o' || c == '*' || c == ':'; }
 // What a column of tablature may hold: dashes, bar lines, repeat dots, frets
@@ -54,12 +50,18 @@ class Convertisseur {
     std::size_t j = 0;
     while (j < fin) {
       if (barre(j)) {
-        const bool droite = j > 0 && points(j - 1);
+        const bool pointsAvant = j > 0 && points(j - 1);
         std::size_t k = j;
         while (k < fin && barre(k)) ++k;
-        const bool gauche = k < fin && points(k);
-        if (gauche) ++k;
-        if (!ligneDeBarre(droite, gauche)) return false;
+        // "||" on a line is a double line; lines whose single "|" stand in
+        // neighbouring columns (after a two-digit fret) are one bar line.
+        bool double_ = false;
+        for (std::size_t c = j; c + 1 < k; ++c)
+          for (int i = 0; i < 6; ++i)
+            double_ = double_ || (car(i, c) == '|' && car(i, c + 1) == '|');
+        const bool pointsAprès = k < fin && points(k);
+        if (pointsAprès) ++k;
+        if (!ligneDeBarre(pointsAvant, double_, pointsAprès)) return false;
         j = k;
         continue;
       }
@@ -67,7 +69,6 @@ class Convertisseur {
         ++j;
         continue;
       }
-      if (!colonne()) return false;
       if (vide(j)) {
         m_x += m_base;
         ++j;
@@ -153,33 +154,25 @@ class Convertisseur {
     return true;
   }
 
-  // A bar line closes a bar that has begun; the next bar is taken when a
-  // column comes, so a closing line at the end leaves no empty bar behind.
-  bool ligneDeBarre(bool droite, bool gauche) {
-    if (droite) {
-      const int m = (m_x > 0 || m_fermée) ? m_mesure : m_mesure - 1;
-      if (m >= 1) {
-        m_doc.setMesureLoopDroiteType(m, barre::kRepetition);
-        m_doc.setMesureLoopDroiteData(m, 1);
-      }
+  // A bar line closes the bar that has begun, and the next bar is taken at
+  // once. Repeat dots before it, or a second line with no dots after them,
+  // end a repeat at the bar it closes; dots after it start one at the bar
+  // it opens ("||o" starts a repeat and ends none). A repeat end at the very
+  // start of a line closes the bar before.
+  bool ligneDeBarre(bool pointsAvant, bool double_, bool pointsAprès) {
+    const bool fin = pointsAvant || (double_ && !pointsAprès);
+    if (m_x > 0) {
+      if (fin) finDeReprise(m_mesure);
+      if (!nouvelleMesure()) return false;
+    } else if (pointsAvant && m_mesure > 1) {
+      finDeReprise(m_mesure - 1);
     }
-    if (m_x > 0) m_fermée = true;
-    if (gauche) {
-      if (m_fermée)
-        m_repriseEnAttente = true;
-      else
-        m_doc.setMesureLoopGaucheType(m_mesure, barre::kRepetition);
-    }
+    if (pointsAprès) m_doc.setMesureLoopGaucheType(m_mesure, barre::kRepetition);
     return true;
   }
-
-  bool colonne() {
-    if (!m_fermée) return true;
-    if (!nouvelleMesure()) return false;
-    m_fermée = false;
-    if (m_repriseEnAttente) m_doc.setMesureLoopGaucheType(m_mesure, barre::kRepetition);
-    m_repriseEnAttente = false;
-    return true;
+  void finDeReprise(int m) {
+    m_doc.setMesureLoopDroiteType(m, barre::kRepetition);
+    m_doc.setMesureLoopDroiteData(m, 1);
   }
 
   CVantoroTablature& m_doc;
@@ -187,11 +180,13 @@ class Convertisseur {
   const AsciiBloc* m_b = nullptr;
   int m_mesure = 1;
   int m_x = 0;
-  bool m_fermée = false;
-  bool m_repriseEnAttente = false;
 };
 
 }  // namespace
+
+bool texteAsciiVide(std::string_view texte) {
+  return texte.find_first_not_of(" \t\r\n\f\v") == std::string_view::npos;
+}
 
 int rythmeAscii(int index) {
   static constexpr int kTicks[] = {192, 96, 48, 24, 12, 6, 3};
@@ -211,25 +206,30 @@ std::vector<AsciiBloc> trouverBlocsAscii(std::string_view texte) {
       const std::string_view l = lignes[i + k];
       ok = l.find("--") != std::string_view::npos && f < l.size() && deTablature(l[f]);
     }
-    // The block begins left of the dashes with the bar lines and frets that
-    // stand there on every line; a label ("e|", "E ") stays outside.
-    std::size_t s = f;
-    while (ok && s > 0) {
-      bool tous = true, chiffres = true;
+    // What stands before the dashes is a label of any length ("e|", "High
+    // E|", "e ||"), alike on the six lines: a line of words whose dashes come
+    // above a tablature's is not its first string.
+    const auto avantTablature = [&](std::size_t k) {
+      const std::string_view l = lignes[i + k];
+      return f > 0 && f - 1 < l.size() && deTablature(l[f - 1]);
+    };
+    for (std::size_t k = 1; ok && k < 6; ++k)
+      ok = avantTablature(k) == avantTablature(0);
+    // The block begins left of the dashes with the bar lines, repeat dots and
+    // frets that stand there on every line, so that none of them is lost.
+    const auto colonne = [&](std::size_t c, bool (*test)(char)) {
       for (std::size_t k = 0; k < 6; ++k) {
         const std::string_view l = lignes[i + k];
-        const char c = s - 1 < l.size() ? l[s - 1] : ' ';
-        tous = tous && deTablature(c);
-        chiffres = chiffres && chiffre(c);
+        if (!test(c < l.size() ? l[c] : ' ')) return false;
       }
-      if (!tous || (s == 1 && chiffres)) break;  // string numbers in the first column
+      return true;
+    };
+    std::size_t s = f;
+    while (ok && s > 0 && colonne(s - 1, deTablature)) {
+      // A digit on every line right after the label ("1|", "String 1 ")
+      // numbers the strings.
+      if (colonne(s - 1, chiffre) && (s == 1 || !colonne(s - 2, deTablature))) break;
       --s;
-    }
-    for (std::size_t k = 0; ok && k < 6; ++k) {
-      const std::string_view label = lignes[i + k].substr(0, s);
-      ok = static_cast<std::size_t>(std::count_if(label.begin(), label.end(), [](char c) {
-             return c != ' ' && c != '\t';
-           })) <= kLabelMax;
     }
     if (!ok) {
       ++i;
@@ -264,6 +264,7 @@ std::vector<AsciiBloc> trouverBlocsAscii(std::string_view texte) {
 InterchangeResult convertirAscii(std::string_view texte, const AsciiImportOptions& o,
                                  CVantoroTablature& doc, const std::function<void(int)>& étape) {
   if (étape) étape(kEtapeRechercheBlocs);
+  if (texteAsciiVide(texte)) return InterchangeResult::refus(kMsgAsciiVide);
   const std::vector<AsciiBloc> blocs = trouverBlocsAscii(texte);
   if (blocs.empty()) return InterchangeResult::refus(kMsgAsciiCorrompue);
   if (étape) étape(kEtapeConversionAscii);

@@ -60,6 +60,12 @@ Ftab2vtb::Ftab2vtb(const Textes& t, const CatalogueGuitares& catalogue, const tG
     return;
   }
   m_texte.assign(lu.octets.begin(), lu.octets.end());
+  // An empty file has nothing to show or to convert: it is said at once.
+  if (texteAsciiVide(m_texte)) {
+    m_lu = false;
+    m_refus = t.loadString(kMsgAsciiVide);
+    return;
+  }
   construit();
 }
 
