@@ -88,21 +88,24 @@ void VT::joueNote(int note) {
 }
 
 void VT::noteMidiEntrante(int corde, int note, bool enfoncee) {
+  // The editor's recording takes every note from here.
   emit noteMidiRecue(corde, note, enfoncee);
   if (auto* tab = m_fenetres.interface<FenetreTablature>(fen::FTab)) {
+    // A note being recorded is written, neither sounded nor heard by the tools.
+    if (tab->enregistre()) return;
     if (enfoncee) {
       tab->TabMIDINoteOn(note);
     } else {
       tab->TabMIDINoteOff(note);
     }
-    return;
-  }
-  if (!enfoncee) {
+  } else if (enfoncee) {
+    m_son->midiNoteOnGlobal(note);
+  } else {
     m_son->midiNoteOffGlobal(note);
-    return;
   }
-  m_son->midiNoteOnGlobal(note);
-  if (auto* h = m_fenetres.interface<FenetreVT>(fen::FHarmony)) h->receiveNote(note);
+  // The harmonizer hears what is played on the instrument.
+  if (enfoncee)
+    if (auto* h = m_fenetres.interface<FenetreVT>(fen::FHarmony)) h->receiveNote(note);
 }
 
 void VT::picManche_MouseDown(int c, int s, Qt::MouseButton bouton) {

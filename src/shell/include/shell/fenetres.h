@@ -33,6 +33,8 @@ class FenetreTablature {
  public:
   virtual ~FenetreTablature() = default;
   virtual bool isPlaying() const = 0;
+  // The MIDI input is being written into the document rather than sounded.
+  virtual bool enregistre() const { return false; }
   virtual int CurseurCorde() const = 0;
   // The cursor keys (Qt::Key_Up, Qt::Key_Down) as if typed in the editor.
   virtual void picTab_KeyDown(int key) = 0;

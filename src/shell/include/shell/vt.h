@@ -76,8 +76,9 @@ class VT : public QMainWindow {
   void setObservateur(std::function<void(const QString&)> o) { m_observateur = std::move(o); }
   // The MIDI ports; by default those of the system.
   void setSon(std::unique_ptr<SonLive> son);
-  // A note of the MIDI input: to the editor when it is loaded, else sounded
-  // on the settings' channel and handed to the harmonizer.
+  // A note of the MIDI input: sounded by the editor when it is loaded (unless
+  // it records the note), else on the settings' channel; a pressed one is
+  // handed to the harmonizer when it is open.
   void noteMidiEntrante(int corde, int note, bool enfoncee);
 
   // ---- What the windows share -------------------------------------------------
