@@ -30,6 +30,91 @@ TEST_F(Entree, TwoDigitsAtOnePlaceMakeOneFretOnlyAfterAOneOrATwo) {
   EXPECT_EQ(doc().getNoteLast(1, 1, 1), 1);
 }
 
+TEST_F(Entree, InInsertModeASecondDigitExtendsTheNoteJustTypedSoFretsAboveNineCanBeTyped) {
+  const struct {
+    const char* touches;  // digits, and "r" for the Right key
+    bool batterie;
+    std::vector<std::pair<int, int>> frets;  // (tick, fret) of string 1 in bar 1
+    int curseur;                             // the cursor's tick after them
+  } kCas[] = {
+      {"12", false, {{0, 12}}, 24},
+      {"123", false, {{0, 12}, {24, 3}}, 48},  // 12 takes no third digit
+      {"29", false, {{0, 29}}, 24},
+      {"34", false, {{0, 3}, {24, 4}}, 48},   // a 3 takes no second digit
+      {"1r2", false, {{0, 1}, {48, 2}}, 72},  // another key between: two notes
+      {"36", true, {{0, 36}}, 24},
+  };
+  ouvre();
+  insertion(true);
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(c.touches);
+    ftab->DebugInitialisation();
+    doc().setStaffType(1, c.batterie ? kStaffBatterie : kStaffGuitare);
+    for (const char* t = c.touches; *t != 0; ++t)
+      touche(*t == 'r' ? int(Qt::Key_Right) : Qt::Key_0 + (*t - '0'));
+    std::vector<std::pair<int, int>> lu;
+    for (int n = 1; n <= doc().getNoteLast(1, 1, 1); ++n)
+      lu.emplace_back(doc().getNoteX(1, 1, 1, n), doc().getNoteCase(1, 1, 1, n));
+    EXPECT_EQ(lu, c.frets);
+    EXPECT_EQ(doc().CurseurX(), c.curseur);
+  }
+  // The second digit is an edit of its own: undone, the first digit's note stays.
+  ftab->DebugInitialisation();
+  tape("12");
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(fret(1, 1, 0), 1);
+  // The first digit, in the bar's last column, sent the cursor to a new bar.
+  curseur(1, 168, 2);
+  tape("12");
+  EXPECT_EQ(doc().getNote(1, 1, 2, doc().searchNote(1, 1, 2, 168))->bytCase, 12);
+  EXPECT_EQ(doc().CurseurMesure(), 2);
+  EXPECT_EQ(doc().getNoteLast(1, 2, 2), 0);
+}
+
+TEST_F(Entree, KeysAreReadByTheirPlaceSoThatAFrenchKeyboardTypesFretsAndRhythms) {
+  // Key events as the X server gives them under "setxkbmap fr": Qt's key and
+  // text are what the key prints, the scan code its place.
+  const struct {
+    const char* quoi;
+    int key;
+    Qt::KeyboardModifiers mods;
+    const char* texte;
+    quint32 scanCode, keysym;
+    int fret;    // on a note of fret 5 at the cursor, in edit mode
+    int rythme;  // the rhythm chosen after it (3, an eighth, before)
+  } kCas[] = {
+      {"& is 1", Qt::Key_Ampersand, Qt::NoModifier, "&", 10, 0x26, 1, 3},
+      {"\xc3\xa9 is 2", Qt::Key_Eacute, Qt::NoModifier, "\xc3\xa9", 11, 0xe9, 2, 3},
+      {"\" is 3", Qt::Key_QuoteDbl, Qt::NoModifier, "\"", 12, 0x22, 3, 3},
+      {"- is 6, not the keypad's minus", Qt::Key_Minus, Qt::NoModifier, "-", 15, 0x2d, 6, 3},
+      {"\xc3\xa0 is 0", Qt::Key_Agrave, Qt::NoModifier, "\xc3\xa0", 19, 0xe0, 0, 3},
+      {"Shift+& is 1", Qt::Key_1, Qt::ShiftModifier, "1", 10, 0x31, 1, 3},
+      {"keypad 7", Qt::Key_7, Qt::KeypadModifier, "7", 79, 0xffb7, 7, 3},
+      {"Ctrl+& is the whole note", Qt::Key_Ampersand, Qt::ControlModifier, "", 10, 0x26, 5, 0},
+      {"Ctrl+- is the thirty-second", Qt::Key_Minus, Qt::ControlModifier, "", 15, 0x2d, 5, 5},
+      {"Ctrl+keypad 3 is the quarter", Qt::Key_3, Qt::ControlModifier | Qt::KeypadModifier, "", 89,
+       0xffb3, 5, 2},
+      {"the main row's - of a US keyboard is no command", Qt::Key_Minus, Qt::NoModifier, "-", 20,
+       0x2d, 5, 3},
+      {"the keypad's - lowers the fret", Qt::Key_Minus, Qt::KeypadModifier, "-", 82, 0xffad, 4, 3},
+      {"the keypad's + raises it", Qt::Key_Plus, Qt::KeypadModifier, "+", 86, 0xffab, 6, 3},
+  };
+  ouvre();
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(c.quoi);
+    ftab->DebugInitialisation();
+    ftab->mnuTabToolRythme(3);
+    pose(1, 1, 0, 5);
+    ftab->refreshPicture();
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+      QKeyEvent e(type, c.key, c.mods, c.scanCode, c.keysym, 0, QString::fromUtf8(c.texte));
+      QApplication::sendEvent(ftab->picTab(), &e);
+    }
+    EXPECT_EQ(fret(1, 1, 0), c.fret);
+    EXPECT_EQ(ftab->outils().rythme, c.rythme);
+  }
+}
+
 TEST_F(Entree, OnADrumStaffEveryFretBelowTenTakesASecondDigit) {
   ouvre();
   doc().setStaffType(1, kStaffBatterie);
@@ -120,7 +205,7 @@ TEST_F(Entree, InsertModeOpensRoomAndMovesOn) {
   EXPECT_EQ(fret(1, 1, 0), 5);
   EXPECT_EQ(fret(1, 1, 24), 9);
   EXPECT_EQ(doc().CurseurX(), 24);
-  tape("1");  // no two-digit entry while inserting
+  tape("1");  // a 5 takes no second digit: a new note
   EXPECT_EQ(fret(1, 1, 24), 1);
   EXPECT_EQ(fret(1, 1, 48), 9);
 

@@ -2,8 +2,10 @@
 // offers to show it; the MIDI file is proposed beside the tablature, with or
 // without the tablature's meta-events; the text tablature is the cursor's
 // track.
+#include <QAbstractButton>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <deque>
 
 #include "ftab_banc.h"
@@ -15,8 +17,9 @@ class Exports : public Editeur {
  protected:
   void prépare() {
     ouvre();
-    ftab->question = [this](const QString& texte, QMessageBox::StandardButtons) {
+    ftab->question = [this](const QString& texte, QMessageBox::StandardButtons b) {
       questions.push_back(texte);
+      boutons.push_back(b);
       const QMessageBox::StandardButton r = réponses.empty() ? QMessageBox::No : réponses.front();
       if (!réponses.empty()) réponses.pop_front();
       return r;
@@ -27,7 +30,7 @@ class Exports : public Editeur {
       titres.push_back(titre);
       return chemin;
     };
-    ftab->message = [this](const QString& t) { messages.push_back(t); };
+    ftab->message = [this](const QString& t, QMessageBox::Icon) { messages.push_back(t); };
   }
   QByteArray contenu(const QString& c) {
     QFile f(c);
@@ -38,6 +41,7 @@ class Exports : public Editeur {
   QString chemin;
   std::deque<QMessageBox::StandardButton> réponses;
   std::vector<QString> questions, proposés, titres, messages;
+  std::vector<QMessageBox::StandardButtons> boutons;
 };
 
 TEST_F(Exports, ABrokenRepeatWritesNothingAndYesShowsIt) {
@@ -67,6 +71,7 @@ TEST_F(Exports, TheMidiFileTakesTheMetaEventsOnlyWhenAsked) {
   ftab->mnuTabFileExportMIDI();
   ASSERT_EQ(questions.size(), 1u);
   EXPECT_TRUE(questions[0].startsWith("Add Rich MIDI Tablature Format (RMTF) information?"));
+  EXPECT_EQ(boutons[0], QMessageBox::Yes | QMessageBox::No | QMessageBox::Help);
   EXPECT_EQ(titres[0], "Export as a MIDI file");
   EXPECT_TRUE(proposés[0].isEmpty()) << "an unnamed tablature proposes no name";
   const QByteArray avec = contenu(chemin);
@@ -144,6 +149,41 @@ TEST_F(Exports, AnImportAsksAboutTheChangesAndLeavesThePieceUnnamed) {
   EXPECT_NE(ftab->bouton("tbPistes", "2"), nullptr);
   EXPECT_TRUE(ftab->fichier().isEmpty());
   EXPECT_EQ(ftab->windowTitle(), "Tablature");
+}
+
+TEST_F(Exports, TheEditorsQuestionKeepsItsBoxOpenForHelpAndWarnsOnlyBeforeWorkIsDropped) {
+  ouvre();
+  FTab propre(*vt);  // the editor's own boxes
+  const struct {
+    QMessageBox::StandardButtons boutons;
+    QMessageBox::Icon icône;
+  } kCas[] = {
+      {QMessageBox::Yes | QMessageBox::No | QMessageBox::Help, QMessageBox::Question},
+      {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Warning},
+  };
+  for (const auto& c : kCas) {
+    // Should the box not come, the guard closes whatever is modal.
+    QTimer garde;
+    garde.setSingleShot(true);
+    QObject::connect(&garde, &QTimer::timeout, [] {
+      if (QWidget* w = QApplication::activeModalWidget()) w->close();
+    });
+    garde.start(5000);
+    QTimer::singleShot(0, [&] {
+      auto* boîte = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (boîte == nullptr) {
+        ADD_FAILURE() << "no box";
+        return;
+      }
+      EXPECT_EQ(boîte->icon(), c.icône);
+      if (QAbstractButton* aide = boîte->button(QMessageBox::Help)) {
+        aide->click();
+        EXPECT_TRUE(boîte->isVisible()) << "Help leaves the question open";
+      }
+      boîte->button(QMessageBox::No)->click();
+    });
+    EXPECT_EQ(propre.question("?", c.boutons), QMessageBox::No);
+  }
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <deque>
 
+#include "../formats/old_files.h"
 #include "formats/vtb.h"
 #include "ftab_banc.h"
 
@@ -40,7 +41,10 @@ class Fichiers : public Editeur {
       chemins.pop_front();
       return c;
     };
-    ftab->message = [this](const QString& t) { messages.push_back(t); };
+    ftab->message = [this](const QString& t, QMessageBox::Icon i) {
+      messages.push_back(t);
+      icônes.push_back(i);
+    };
     return *ftab;
   }
 
@@ -85,6 +89,7 @@ class Fichiers : public Editeur {
   std::vector<QString> questions;
   std::vector<Dialogue> dialogues;
   std::vector<QString> messages;
+  std::vector<QMessageBox::Icon> icônes;
 };
 
 TEST_F(Fichiers, CancelInThePromptLeavesDocumentAndCaptionAlone) {
@@ -240,6 +245,115 @@ TEST_F(Fichiers, ADamagedFileKeepsTheDocumentAndLosesItsName) {
   EXPECT_EQ(ftab->windowTitle(), "Tablature");
   EXPECT_TRUE(ftab->fichier().isEmpty());
   EXPECT_TRUE(récents().front() == a || récents().front().isEmpty());
+}
+
+TEST_F(Fichiers, FilesThatCannotBeReadSayWhyWithTheCriticalIcon) {
+  prépare();
+  const struct {
+    const char* nom;
+    QByteArray octets;
+    std::vector<QString> messages;
+  } kCas[] = {
+      {"vide.vtb", "", {"Bad file size!", "This is not a VTB file!"}},
+      {"texte.vtb", "not a tablature", {"This is not a VTB file!"}},
+      {"vieux.vtb", QByteArray("VTB\x03", 4), {"Too old VTB file!"}},
+      {"neuf.vtb", QByteArray("VTB\x09", 4), {vt->loadString(6014)}},
+  };
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(c.nom);
+    const QString chemin = dossier.filePath(c.nom);
+    QFile f(chemin);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(c.octets);
+    f.close();
+    messages.clear();
+    icônes.clear();
+    ftab->MenuTabFileOpenLast(chemin);
+    EXPECT_EQ(messages, c.messages);
+    EXPECT_EQ(icônes, std::vector<QMessageBox::Icon>(c.messages.size(), QMessageBox::Critical));
+  }
+  messages.clear();
+  icônes.clear();
+  ftab->MenuTabFileOpenLast(dossier.filePath("absent.vtb"));
+  EXPECT_EQ(messages, std::vector<QString>{"This file is missing."});
+  EXPECT_EQ(icônes, std::vector<QMessageBox::Icon>{QMessageBox::Critical});
+}
+
+TEST_F(Fichiers, AnOpenedPieceBringsTheInstrumentOfItsTracks) {
+  prépare();
+  struct Piste {
+    std::vector<int> cordes;
+    int cases, capo;
+  };
+  const Piste dropD{{64, 59, 55, 50, 45, 38}, 24, 0};
+  const Piste inconnue{{65, 60, 56, 51, 46, 41}, 24, 0};
+  const Piste basse{{43, 38, 33, 28}, 20, 0};
+  const auto écrit = [this](const QString& nom, const std::vector<Piste>& pistes) {
+    CVantoroTablature d(vt->guitare());
+    for (std::size_t i = 0; i < pistes.size(); ++i) {
+      const int p = static_cast<int>(i) + 1;
+      if (p > 1) d.addPiste(p - 1, vt->guitare());
+      d.setGuitareNbrCordes(p, static_cast<byt>(pistes[i].cordes.size()));
+      for (std::size_t c = 0; c < pistes[i].cordes.size(); ++c)
+        d.setGuitareCorde(p, static_cast<int>(c) + 1, static_cast<byt>(pistes[i].cordes[c]));
+      d.setGuitareNbrCases(p, static_cast<byt>(pistes[i].cases));
+      d.setGuitareCapodastre(p, static_cast<byt>(pistes[i].capo));
+      d.changePisteNbrCordes(p);
+    }
+    const QString chemin = dossier.filePath(nom);
+    EXPECT_TRUE(io_enregistrer_vtb(d, QFile::encodeName(chemin).toStdString()).ok());
+    return chemin;
+  };
+  const auto ancien = [this](const QString& nom, const std::vector<std::uint8_t>& octets) {
+    const QString chemin = dossier.filePath(nom);
+    QFile f(chemin);
+    EXPECT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(reinterpret_cast<const char*>(octets.data()), static_cast<qint64>(octets.size()));
+    return chemin;
+  };
+  const struct {
+    const char* quoi;
+    QString chemin;
+    int instrument;  // of the catalogue; 1, the standard guitar, before each
+  } kCas[] = {
+      {"the first track, known whole", écrit("a.vtb", {dropD, basse}), 2},
+      {"another track when the first is unknown", écrit("b.vtb", {inconnue, basse}), 10},
+      {"the tuning even with another capo", écrit("c.vtb", {{dropD.cordes, 24, 3}}), 2},
+      {"no track known: the instrument stays", écrit("d.vtb", {inconnue}), 1},
+      {"a version 6 track, its strings alone", ancien("v6.vtb", test::fichierVersion6()), 2},
+  };
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(c.quoi);
+    vt->settings().setGuitare = 1;
+    vt->loadGuitare(1);
+    ftab->MenuTabFileOpenLast(c.chemin);
+    ASSERT_EQ(ftab->fichier(), c.chemin);
+    EXPECT_EQ(vt->settings().setGuitare, c.instrument);
+    const tGuitare attendu =
+        CatalogueGuitares::load(QFile::encodeName(vt->strAppPath() + "vt.ini").toStdString())
+            .loadGuitare(c.instrument, vt->setLang());
+    EXPECT_EQ(vt->guitare().nbrCordes, attendu.nbrCordes);
+    EXPECT_EQ(vt->guitare().corde, attendu.corde);
+  }
+}
+
+TEST_F(Fichiers, NewDocumentsTracksAndOldFilesTakeTheChosenSound) {
+  prépare();
+  vt->settings().setMIDIinstru = 40;
+  ftab->MenuTabFile(0);
+  EXPECT_EQ(doc().getMIDIPatch(1), 40);
+  ftab->mnutabPistes(1);
+  EXPECT_EQ(doc().getMIDIPatch(2), 40);
+  const QString v6 = dossier.filePath("v6.vtb");
+  QFile f(v6);
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  const std::vector<std::uint8_t> octets = test::fichierVersion6();
+  f.write(reinterpret_cast<const char*>(octets.data()), static_cast<qint64>(octets.size()));
+  f.close();
+  réponses = {QMessageBox::No};
+  ftab->MenuTabFileOpenLast(v6);
+  ASSERT_EQ(ftab->fichier(), v6);
+  EXPECT_EQ(doc().getMIDIPatch(1), 40);
 }
 
 TEST_F(Fichiers, ClosingTheEditorWithChangesAsksFirst) {

@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <utility>
 
 #include "ftab_banc.h"
@@ -81,7 +82,7 @@ class Jeu : public Editeur {
       questions.push_back(t);
       return réponse;
     };
-    ftab->message = [this](const QString& t) { messages.push_back(t); };
+    ftab->message = [this](const QString& t, QMessageBox::Icon) { messages.push_back(t); };
     for (int m = 2; m <= mesures; ++m)
       doc().addMesure();
     ftab->refreshPicture();
@@ -237,10 +238,41 @@ TEST_F(Jeu, BetweenTheMarkersTheCursorGoesToTheStartAndWrongMarkersSayNothing) {
   EXPECT_EQ(joueur->arrêts, 1);
   ASSERT_EQ(joueur->demandes.size(), 2u);
   EXPECT_FALSE(joueur->demandes[1].marker);
-  // The menu's entry stops whatever plays.
-  menu(3)->trigger();
-  EXPECT_FALSE(ftab->isPlaying());
-  EXPECT_FALSE(bouton("joue")->isChecked());
+}
+
+TEST_F(Jeu, ThePlayEntriesAndSpaceDoWhatTheirButtonsDoInEveryState) {
+  enum Etat { Arrêt, Joue, Marqueurs };
+  const struct {
+    Etat avant;
+    Etat après[5];  // after menu 0, "joue", Space, menu 3, "jouemarker"
+  } kCas[] = {
+      {Arrêt, {Joue, Joue, Joue, Marqueurs, Marqueurs}},
+      {Joue, {Arrêt, Arrêt, Arrêt, Marqueurs, Marqueurs}},
+      {Marqueurs, {Joue, Joue, Joue, Arrêt, Arrêt}},
+  };
+  const std::function<void()> kCommandes[5] = {
+      [this] { menu(0)->trigger(); }, [this] { bouton("joue")->trigger(); },
+      [this] { touche(Qt::Key_Space); }, [this] { menu(3)->trigger(); },
+      [this] { bouton("jouemarker")->trigger(); }};
+  ouvreEssai(3);
+  doc().setMarqueurStart(1, 24);
+  doc().setMarqueurStop(2, 48);
+  const auto état = [this] {
+    EXPECT_EQ(bouton("joue")->isChecked(), ftab->isPlaying() && !ftab->lecture().marker);
+    EXPECT_EQ(bouton("jouemarker")->isChecked(), ftab->isPlaying() && ftab->lecture().marker);
+    return !ftab->isPlaying() ? Arrêt : ftab->lecture().marker ? Marqueurs : Joue;
+  };
+  for (const auto& c : kCas)
+    for (int i = 0; i < 5; ++i) {
+      SCOPED_TRACE(testing::Message() << "from " << c.avant << ", command " << i);
+      ftab->TimerMIDIStop(true);
+      if (c.avant == Joue) bouton("joue")->trigger();
+      if (c.avant == Marqueurs) bouton("jouemarker")->trigger();
+      ASSERT_EQ(état(), c.avant);
+      kCommandes[i]();
+      EXPECT_EQ(état(), c.après[i]);
+    }
+  EXPECT_TRUE(questions.empty());
 }
 
 // ---- The screen timer --------------------------------------------------------------------
@@ -584,6 +616,40 @@ TEST_F(Jeu, RecordingFollowsItsButton) {
   EXPECT_EQ(doc().CurseurX(), 96);
   vt->noteMidiEntrante(4, corde(4) + 7, false);
   EXPECT_EQ(doc().getNoteLast(1, 2, 4), 1);
+}
+
+TEST_F(Jeu, AMidiNoteReachesTheOpenHarmonizerAndSoundsUnlessItIsRecorded) {
+  ouvreEssai();
+  const int n = corde(2) + 3;
+  // No harmonizer open: the note only sounds, on the track's channel.
+  vt->noteMidiEntrante(2, n, true);
+  vt->noteMidiEntrante(2, n, false);
+  EXPECT_TRUE(contient(sons, QStringLiteral("noteOn %1 1 127").arg(n)));
+  vt->fenetres().enregistrer(fen::FHarmony,
+                             [this](VT& v) { return new FenetreEssai(v, fen::FHarmony, journal); });
+  ASSERT_NE(vt->montreFenetre(fen::FHarmony), nullptr);
+
+  const struct {
+    bool enregistre, enfoncée;
+    bool entendue, sonnée;
+  } kCas[] = {
+      {false, true, true, true},
+      {false, false, false, true},
+      {true, true, false, false},
+      {true, false, false, false},
+  };
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(testing::Message() << "record " << c.enregistre << ", pressed " << c.enfoncée);
+    if (ftab->enregistre() != c.enregistre) bouton("record")->trigger();
+    journal.clear();
+    sons.clear();
+    vt->noteMidiEntrante(2, n, c.enfoncée);
+    EXPECT_EQ(contient(journal, QStringLiteral("FHarmony receiveNote %1").arg(n)), c.entendue);
+    const QString son = c.enfoncée ? QStringLiteral("noteOn %1 1 127").arg(n)
+                                   : QStringLiteral("noteOff %1 1").arg(n);
+    EXPECT_EQ(contient(sons, son), c.sonnée);
+  }
+  EXPECT_EQ(fret(1, 2, 0), 3) << "the note recorded was written";
 }
 
 // ---- The real player --------------------------------------------------------------------------

@@ -210,7 +210,7 @@ TEST_F(Fenetre, AFileFromTheCommandLineReplacesTheDocument) {
 
   // A file that is not a tablature: its message, and the document stays.
   std::vector<QString> messages;
-  ftab->message = [&](const QString& t) { messages.push_back(t); };
+  ftab->message = [&](const QString& t, QMessageBox::Icon) { messages.push_back(t); };
   const QString faux = dossier.filePath("faux.vtb");
   QFile f(faux);
   ASSERT_TRUE(f.open(QIODevice::WriteOnly));

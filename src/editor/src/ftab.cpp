@@ -2,6 +2,7 @@
 // bar by bars, the start of a fresh document, and what the main window asks.
 #include "editor/ftab.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -76,11 +77,22 @@ FTab::FTab(VT& vt, QWidget* parent)
   connect(m_hScroll, &QScrollBar::valueChanged, this, [this](int v) { hScroll_Change(v); });
   setFocusProxy(m_picTab);
 
-  message = [this](const QString& texte) {
-    QMessageBox::warning(this, m_vt.loadString(1200), texte);
+  message = [this](const QString& texte, QMessageBox::Icon icône) {
+    QMessageBox boîte(icône, m_vt.loadString(1200), texte, QMessageBox::Ok, this);
+    boîte.exec();
   };
   question = [this](const QString& texte, QMessageBox::StandardButtons boutons) {
-    return QMessageBox::warning(this, m_vt.loadString(1200), texte, boutons);
+    // The question before work is dropped warns; the others only ask.
+    const QMessageBox::Icon icône =
+        boutons.testFlag(QMessageBox::Cancel) ? QMessageBox::Warning : QMessageBox::Question;
+    QMessageBox boîte(icône, m_vt.loadString(1200), texte, boutons, this);
+    if (QAbstractButton* aide = boîte.button(QMessageBox::Help)) {
+      // Help shows its page and leaves the question open.
+      aide->disconnect();
+      connect(aide, &QAbstractButton::clicked, this,
+              [this, page = m_aideQuestion] { m_vt.montreAide(page); });
+    }
+    return static_cast<QMessageBox::StandardButton>(boîte.exec());
   };
   demandeMesures = [this](int mode, PositionsMesures& positions) {
     return FTabMesureEdit::getMesurePositions(this, Textes{m_vt.setLang()}, doc(), mode, positions);
@@ -133,8 +145,9 @@ QAction* FTab::entrée(const QString& nom) const {
 }
 
 void FTab::DebugInitialisation() {
-  // The one document is refilled, never replaced: everything holds it by reference.
-  doc().initialize(m_vt.guitare());
+  // The one document is refilled, never replaced: everything holds it by
+  // reference. Its track takes the current instrument and the chosen sound.
+  doc().initialize(m_vt.guitare(), m_vt.settings().setMIDIinstru);
   arrêteNotes();
   marquesVue();
   updateLastOpenFile();

@@ -3,6 +3,8 @@
 // Each edit keeps an undo snapshot of the track and marks the document; an
 // edit of one note repaints its bar only, one that moves later notes the strip.
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include "editor/ftab.h"
 #include "render/strip_renderer.h"
@@ -62,6 +64,40 @@ void FTab::key_generic_note(int fret) {
   saisitCase(fret, false);
 }
 
+bool FTab::deuxChiffres(int p, int ancienne) const {
+  // A 1 or a 2 on a guitar staff, anything below 10 on a drum staff.
+  if (doc().getStaffType(p) == kStaffBatterie) return ancienne < 10;
+  return ancienne == 1 || ancienne == 2;
+}
+
+bool FTab::secondChiffreInséré(int fret) {
+  const std::optional<CaseTapée> t = std::exchange(m_caseTapée, std::nullopt);
+  CVantoroTablature& d = doc();
+  // The cursor stands where the first digit's note sent it, on its string.
+  if (!t || t->piste != piste() || t->corde != d.CurseurCorde() ||
+      t->aprèsMesure != d.CurseurMesure() || t->aprèsX != d.CurseurX())
+    return false;
+  const int n = d.searchNote(t->piste, t->mesure, t->corde, t->x);
+  if (n == 0) return false;
+  const int ancienne = d.getNoteCase(t->piste, t->mesure, t->corde, n);
+  if (ancienne != t->fret || !deuxChiffres(t->piste, ancienne)) return false;
+
+  const int valeur = ancienne * 10 + fret;
+  if (!m_joue) d.storeUndo(true);
+  // The note may stand in the bar before the cursor's: the strip is then
+  // drawn whole.
+  const bool ici = t->mesure == d.CurseurMesure();
+  bool plein = ici ? avantEdition() : true;
+  if (!ici) cacheCurseur(false);
+  d.setNoteCase(t->piste, t->mesure, t->corde, n, static_cast<byt>(valeur));
+  arrêteNotes();
+  sonneNote(noteMIDI(t->piste, t->corde, valeur));
+  marqueModifié();
+  plein = ici ? apresEdition(plein) : true;
+  termine(plein);
+  return true;
+}
+
 void FTab::saisitCase(int fret, bool chiffre) {
   CVantoroTablature& d = doc();
   const int p = piste();
@@ -72,15 +108,15 @@ void FTab::saisitCase(int fret, bool chiffre) {
   const bool ouvre = insertion && !m_joue;  // the new note pushes later notes away
   const int durée = m_outils.tbGetNoteDurée();
 
-  // Two digits at one place: a 1 or a 2 on a guitar staff, anything below 10
-  // on a drum staff, followed by a digit, is one fret.
+  // Two digits at one place are one fret. In insert mode the first digit's
+  // note has sent the cursor on: the second digit goes back to it.
+  if (chiffre && insertion && secondChiffreInséré(fret)) return;
+  m_caseTapée.reset();
   int valeur = fret;
   if (chiffre && !insertion) {
     if (const int n = d.searchNote(p, m, c, x); n != 0) {
       const int ancienne = d.getNoteCase(p, m, c, n);
-      const bool batterie = d.getStaffType(p) == kStaffBatterie;
-      if ((!batterie && (ancienne == 1 || ancienne == 2)) || (batterie && ancienne < 10))
-        valeur = ancienne * 10 + fret;
+      if (deuxChiffres(p, ancienne)) valeur = ancienne * 10 + fret;
     }
   }
 
@@ -103,6 +139,9 @@ void FTab::saisitCase(int fret, bool chiffre) {
   plein = apresEdition(plein);
   if (insertion) plein = avanceAprèsNote(durée) || plein;
   termine(plein);
+  // A digit typed next may make this fret a two-digit one.
+  if (chiffre && insertion && n != 0)
+    m_caseTapée = CaseTapée{p, m, c, x, valeur, d.CurseurMesure(), d.CurseurX()};
 }
 
 bool FTab::avanceAprèsNote(int durée) {

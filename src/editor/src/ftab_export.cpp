@@ -46,8 +46,11 @@ void FTab::mnuTabFileExportMIDI() {
                                          m_vt.loadString(6012), m_vt.loadString(6010));
   if (fichier.isEmpty()) return;
   MidiExportOptions options;
-  options.rmtf =
-      question(m_vt.loadString(6015), QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+  // Help tells what the tablature's own events are, beside the question.
+  m_aideQuestion = QStringLiteral("files.html#midiexport");
+  options.rmtf = question(m_vt.loadString(6015), QMessageBox::Yes | QMessageBox::No |
+                                                     QMessageBox::Help) == QMessageBox::Yes;
+  m_aideQuestion.clear();
   const Settings& s = m_vt.settings();
   options.effets.setMIDIEffet1Ton = s.setMIDIEffet1Ton;
   options.effets.setMIDIPitchBendRange = s.setMIDIPitchBendRange;
@@ -75,11 +78,11 @@ void FTab::mnuTabFileExportASCII() {
 
 void FTab::rapporte(const InterchangeResult& r) {
   for (const int id : r.notices)
-    message(m_vt.loadString(id));
+    message(m_vt.loadString(id), QMessageBox::Information);
   if (r.ok()) return;
   QString texte = m_vt.loadString(r.stringId);
   if (!r.détail.empty()) texte += QLatin1Char('\n') + QString::fromStdString(r.détail);
-  message(texte);
+  message(texte, QMessageBox::Warning);
 }
 
 }  // namespace vt

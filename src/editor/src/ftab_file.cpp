@@ -106,7 +106,7 @@ void FTab::MenuTabFileOpen(bool boolDialog, const QString& nom) {
 void FTab::MenuTabFileOpenLast(const QString& nom) {
   // Looked at before the question: a vanished file changes nothing.
   if (nom.isEmpty() || !QFileInfo::exists(nom)) {
-    message(m_vt.loadString(msg::kFichierIntrouvable));
+    message(m_vt.loadString(msg::kFichierIntrouvable), QMessageBox::Critical);
     return;
   }
   // Reopening a recent file leaves the list in its order.
@@ -143,7 +143,7 @@ void FTab::MenuTabFileSaves(int index) {
     QString texte = m_vt.loadString(résultat.message);
     if (!résultat.détail.empty())
       texte += QStringLiteral("\n") + QString::fromStdString(résultat.détail);
-    message(texte);
+    message(texte, QMessageBox::Critical);
   }
 }
 
@@ -167,6 +167,8 @@ bool FTab::ouvreFichier(const QString& fichier) {
   VtbContexte ctx;
   ctx.catalogue = &guitares;
   ctx.guitare = m_vt.guitare();
+  // Files older than the track's own sound take the chosen one.
+  ctx.bytPatch = m_vt.settings().setMIDIinstru;
   ctx.setLang = m_vt.setLang();
   m_vt.showHourglass(true);
   VtbLecture lecture = io_ouvrir_vtb(chemin(fichier), ctx);
@@ -176,11 +178,19 @@ bool FTab::ouvreFichier(const QString& fichier) {
     // The document is refilled in place: the strip and the tools hold it.
     doc() = std::move(*lecture.document);
     m_fichier = fichier;
+    // The piece brings its instrument: the one of the catalogue whose strings
+    // a track has (the catalogue's first for the oldest files, which name
+    // none). The cursor's track has the last word below, when the catalogue
+    // knows it whole.
+    if (lecture.setGuitare > 0) m_vt.settings().setGuitare = static_cast<byt>(lecture.setGuitare);
+    const int instrument =
+        lecture.setGuitare > 0 ? lecture.setGuitare : (lecture.version == 4 ? 1 : 0);
+    if (instrument > 0) m_vt.loadGuitare(instrument);
   } else {
     // The document stays as it was; the messages say why.
     m_vt.showHourglass(false);
     for (const int id : lecture.messages)
-      message(m_vt.loadString(id));
+      message(m_vt.loadString(id), QMessageBox::Critical);
     m_fichier.clear();
     doc().m_lngScrollValue = 1;
   }

@@ -13,6 +13,12 @@ bool estChiffre(int key) {
 bool estEntrée(int key) {
   return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
+// A key that only changes what the next one means.
+bool estModificateur(int key) {
+  return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt ||
+         key == Qt::Key_AltGr || key == Qt::Key_Meta || key == Qt::Key_CapsLock ||
+         key == Qt::Key_NumLock;
+}
 
 // The effect of each letter key.
 byt effetDeLaTouche(int key) {
@@ -66,6 +72,8 @@ void FTab::picTab_KeyDown(int key, Qt::KeyboardModifiers mods, bool répétition
   const bool alt = mods.testFlag(Qt::AltModifier);
   // Where the digits of the main row need Shift, Shift only makes the digit.
   if (estChiffre(key) && maj && !ctrl && !alt && !mods.testFlag(Qt::KeypadModifier)) maj = false;
+  // Only a digit may follow a digit to make a two-digit fret.
+  if (!estModificateur(key) && (!estChiffre(key) || ctrl || alt)) m_caseTapée.reset();
 
   // 1. Ctrl+Insert flips the entry mode, whatever the other modifiers.
   if (ctrl && key == Qt::Key_Insert) m_vt.toggleInsert();
@@ -168,7 +176,6 @@ bool FTab::toucheCtrl(int key, Qt::KeyboardModifiers mods) {
 }
 
 void FTab::toucheSimple(int key, Qt::KeyboardModifiers mods, bool répétition) {
-  (void)mods;
   // While the piece plays only the frets and the keypad's + and - are taken,
   // and those only in insert mode.
   if (m_joue && !m_vt.booInsert()) return;
@@ -176,7 +183,8 @@ void FTab::toucheSimple(int key, Qt::KeyboardModifiers mods, bool répétition) 
     if (!répétition) saisitCase(key - Qt::Key_0, true);
     return;
   }
-  if (key == Qt::Key_Plus || key == Qt::Key_Minus) {
+  // The keypad's: the main row's "-" and "+" are characters, not commands.
+  if ((key == Qt::Key_Plus || key == Qt::Key_Minus) && mods.testFlag(Qt::KeypadModifier)) {
     changeCase(key == Qt::Key_Plus ? 1 : -1);
     return;
   }

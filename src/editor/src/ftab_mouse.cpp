@@ -22,6 +22,7 @@ void FTab::placeCurseurSouris(double x, double y) {
 
 void FTab::picTab_MouseDown(double x, double y, Qt::MouseButton bouton) {
   if (m_joue || (bouton != Qt::LeftButton && bouton != Qt::RightButton)) return;
+  m_caseTapée.reset();
   CVantoroTablature& d = doc();
   // The bar under the old cursor is drawn again, which clears what the raster
   // modes left on its ink; a selection over several cells reached further.

@@ -35,7 +35,9 @@ void FTab::mnutabPistes(int index) {
   CVantoroTablature& d = doc();
   switch (index) {
     case 1:
-      if (nbBoutonsPistes() >= kBoutonsMax || !d.addPiste(piste(), m_vt.guitare())) return;
+      if (nbBoutonsPistes() >= kBoutonsMax ||
+          !d.addPiste(piste(), m_vt.guitare(), m_vt.settings().setMIDIinstru))
+        return;
       d.setCurseurPiste(static_cast<byt>(piste() + 1));
       marqueModifié();
       break;

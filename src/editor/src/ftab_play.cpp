@@ -93,11 +93,13 @@ void FTab::mnuTabPlay(int index) {
   switch (index) {
     case 0:
     case 3: {
-      // Play / stop: whatever plays stops; otherwise the button goes down.
-      const bool joue = !m_joue;
-      if (QAction* b =
-              bouton(kBarre, index == 0 ? QStringLiteral("joue") : QStringLiteral("jouemarker")))
-        b->setChecked(joue);
+      // The entry is its button pressed: a button that is down comes up and
+      // stops its run; one that is up goes down, and a run of the other kind
+      // gives way to it.
+      QAction* b =
+          bouton(kBarre, index == 0 ? QStringLiteral("joue") : QStringLiteral("jouemarker"));
+      const bool joue = b == nullptr || !b->isChecked();
+      if (b != nullptr) b->setChecked(joue);
       if (index == 0) {
         commandeJoue(joue);
       } else {

@@ -8,6 +8,7 @@
 
 #include "editor/ftab.h"
 #include "render_qt/painter_surface.h"
+#include "touche_placee.h"
 
 namespace vt {
 
@@ -31,12 +32,14 @@ void PicTab::resizeEvent(QResizeEvent* e) {
 }
 
 void PicTab::keyPressEvent(QKeyEvent* e) {
-  m_ftab.picTab_KeyDown(e->key(), e->modifiers(), e->isAutoRepeat());
+  m_ftab.picTab_KeyDown(toucheDeLaPlace(e->key(), e->nativeScanCode()), e->modifiers(),
+                        e->isAutoRepeat());
   e->accept();
 }
 
 void PicTab::keyReleaseEvent(QKeyEvent* e) {
-  if (!e->isAutoRepeat()) m_ftab.picTab_KeyUp(e->key(), e->modifiers());
+  if (!e->isAutoRepeat())
+    m_ftab.picTab_KeyUp(toucheDeLaPlace(e->key(), e->nativeScanCode()), e->modifiers());
   e->accept();
 }
 

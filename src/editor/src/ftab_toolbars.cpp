@@ -28,12 +28,13 @@ struct BoutonBarre {
   const char* menu;   // the menu entry it stands for
   bool basculant;
   int touche = 0;  // a key of the strip it types instead, when not 0
+  const char* onglet = nullptr;  // the options' page it opens instead, when not null
 };
 
 namespace {
 
 // tbToolbar, in its order.
-constexpr std::array<BoutonBarre, 27> kCommandes{{
+constexpr std::array<BoutonBarre, 28> kCommandes{{
     {"nouveau", "TB_NOUVEAU", 1201, "mnuTabFile_0", false},
     {"ouvrir", "TB_OUVRIR", 1202, "mnuTabFile_1", false},
     {"enregistrer", "TB_ENREGISTRER", 1203, "mnuTabFile_2", false},
@@ -60,6 +61,8 @@ constexpr std::array<BoutonBarre, 27> kCommandes{{
     {"view_mode_3", "TB_VIEW_3", 1262, "mnuTabDisplay_2", true},
     {"view_mode_4", "TB_VIEW_4", 1281, "mnuTabDisplay_3", true},
     {"view_mode_triolet", "TB_VIEW_TRIOLET", 1282, "mnuTabDisplay_4", true},
+    // The options, opened on the tablature's page; available as the menu's entry.
+    {"options", "TB_OPTIONS_TAB", 5154, "mnuTabFile_16", false, 0, "KeyTab"},
     {"redraw", "TB_REDRAW", 5155, "mnuTabDisplay_10", false},
 }};
 
@@ -101,15 +104,17 @@ constexpr std::array<BoutonBarre, 8> kRythmes{{
     {"triolet", "TB_TRIOLET", 5139, "mnuTabToolRythme_8", true},
 }};
 
+// tbAttaque, in the toolbar's order, which is not the menu's: each button
+// runs the menu entry of its own attack.
 constexpr std::array<BoutonBarre, 12> kAttaques{{
     {"attaque none", "TA_NONE", 5112, "mnuTabToolAttaque_0", true},
     {"attaque tap", "TA_TAP", 5113, "mnuTabToolAttaque_1", true},
     {"attaque slap", "TA_SLAP", 5114, "mnuTabToolAttaque_2", true},
     {"attaque pop", "TA_POP", 5115, "mnuTabToolAttaque_3", true},
-    {"attaque harm", "TA_HARM", 5116, "mnuTabToolAttaque_4", true},
-    {"attaque ah", "TA_AH", 5117, "mnuTabToolAttaque_5", true},
-    {"attaque up", "TA_UP", 5118, "mnuTabToolAttaque_6", true},
-    {"attaque dn", "TA_DN", 5119, "mnuTabToolAttaque_7", true},
+    {"attaque harm", "TA_HARM", 5116, "mnuTabToolAttaque_6", true},
+    {"attaque ah", "TA_AH", 5117, "mnuTabToolAttaque_7", true},
+    {"attaque up", "TA_UP", 5118, "mnuTabToolAttaque_4", true},
+    {"attaque dn", "TA_DN", 5119, "mnuTabToolAttaque_5", true},
     {"attaque dead note", "TA_DEAD", 5120, "mnuTabToolAttaque_8", true},
     {"attaque palmmute", "TA_PALMMUTE", 5121, "mnuTabToolAttaque_9", true},
     {"attaque brush up", "TA_BRUSHUP", 5122, "mnuTabToolAttaque_10", true},
@@ -198,12 +203,15 @@ QToolBar* FTab::créeBarre(const QString& nom, const BoutonBarre* boutons, std::
     if (boutonDeJeu(c)) continue;
     const QString menu = texte(d.menu);
     const int touche = d.touche;
-    connect(a, &QAction::triggered, this, [this, a, menu, touche] {
+    const QString onglet = d.onglet != nullptr ? texte(d.onglet) : QString();
+    connect(a, &QAction::triggered, this, [this, a, menu, touche, onglet] {
       // A button's state is its entry's: the command sets it.
       if (a->isCheckable()) a->setChecked(!a->isChecked());
       if (touche != 0) {
         picTab_KeyDown(touche, Qt::NoModifier);
         picTab_KeyUp(touche, Qt::NoModifier);
+      } else if (!onglet.isEmpty()) {
+        m_vt.montreOptions(onglet);
       } else if (QAction* e = entrée(menu)) {
         e->trigger();
       }

@@ -207,7 +207,7 @@ bool VT::initialize(const Démarrage& d) {
   m_booInsert = false;
   m_mnuFileLang[0]->setChecked(m_settings.setLang == kLangFrançais);
   m_mnuFileLang[1]->setChecked(m_settings.setLang != kLangFrançais);
-  m_document = std::make_unique<CVantoroTablature>(m_guitare);
+  m_document = std::make_unique<CVantoroTablature>(m_guitare, m_settings.setMIDIinstru);
   étape(QStringLiteral("document"));
   return true;
 }

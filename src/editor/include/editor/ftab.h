@@ -21,6 +21,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -174,7 +175,7 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   // The shared fretboard takes the cursor's track's instrument.
   void initFretboard();
   // Recording: the toolbar's "record" is down.
-  bool enregistre() const;
+  bool enregistre() const override;
   // Playback's state: the timer, the player it polls (a stand-in in tests),
   // the modes of the run, the shown and the recorded notes.
   LectureTab& lecture();
@@ -189,10 +190,12 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   // A menu entry by its name, "mnuTabEdit_0", "mnuTabDisplay_2", ... (nullptr if none).
   QAction* entrée(const QString& nom) const;
 
-  // Shows a message of the system (an error of a file); a message box by default.
-  std::function<void(const QString& texte)> message;
+  // Shows a message of the system with its icon (Critical for a file that
+  // cannot be read or written); a message box by default.
+  std::function<void(const QString& texte, QMessageBox::Icon icône)> message;
   // Asks a question with these buttons and answers the one chosen; a message
-  // box with the editor's title by default.
+  // box with the editor's title by default, whose Help button shows the page
+  // the question is about and leaves it open.
   std::function<QMessageBox::StandardButton(const QString& texte,
                                             QMessageBox::StandardButtons boutons)>
       question;
@@ -279,6 +282,11 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
 
   // ---- Edits (ftab_entry.cpp) ----
   void saisitCase(int fret, bool chiffre);
+  // Whether a digit typed after this fret makes one fret of the two.
+  bool deuxChiffres(int p, int ancienne) const;
+  // In insert mode, a digit right after the first digit's note: that note
+  // takes both digits when they make one fret; false when they do not.
+  bool secondChiffreInséré(int fret);
   // The cursor after a note typed in insert mode; true when a bar was added.
   bool avanceAprèsNote(int durée);
   void changeCase(int delta);
@@ -438,10 +446,18 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   bool m_glisse = false;            // the left button is held over the strip
   bool m_défilementBloqué = false;  // the scroll bar is being set by the program
   QString m_fichier;                // the file of the document, empty when new
+  QString m_aideQuestion;           // the help page of the question being asked
   QRect m_sale;                     // what changed in the picture, not yet on screen
   bool m_toutSale = true;           // the whole picture changed
   // Notes sounding while their key is held: (channel, note).
   std::vector<std::pair<int, int>> m_notesTenues;
+  // The note a digit last wrote in insert mode and where the cursor went
+  // then; any other key forgets it.
+  struct CaseTapée {
+    int piste, mesure, corde, x, fret;
+    int aprèsMesure, aprèsX;
+  };
+  std::optional<CaseTapée> m_caseTapée;
 };
 
 }  // namespace vt
