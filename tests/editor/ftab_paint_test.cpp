@@ -75,7 +75,7 @@ TEST_F(Peinture, ChangingAndDeletingNotesLeaveNoTrace) {
   sansTrace("the note a tie of the bar before ended on");
 }
 
-TEST_F(Peinture, TheCursorLeavesNoTintOnTheInkItCrossed) {
+TEST_F(Peinture, TheCursorLeavesNoTintOnTheInkItCrossedSoNotesAndLinesReadTrue) {
   prépare();
   curseur(2, 0, 1);
   // Over a fret, the strings, the staff and a stem, then away by every key.

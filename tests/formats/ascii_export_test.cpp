@@ -80,7 +80,7 @@ TEST(AsciiExport, TwoDigitFretOverwritesTheEffectOfTheNoteBefore) {
   EXPECT_EQ(l[5].substr(0, 6), "|-9^--");
 }
 
-TEST(AsciiExport, BarLinesRepeatsAndSignatureLabels) {
+TEST(AsciiExport, BarLinesRepeatsAndASignatureLabelWiderThanItsBarWidensItSoColumnsStayAligned) {
   CVantoroTablature doc = test::document(3);
   doc.setGuitareNbrCordes(1, 5);
   doc.changePisteNbrCordes(1);
@@ -102,7 +102,7 @@ TEST(AsciiExport, BarLinesRepeatsAndSignatureLabels) {
                                       ""}));
 }
 
-TEST(AsciiExport, BlocksBreakAtTheWidthAWiderBarStandsAlone) {
+TEST(AsciiExport, BlocksBreakAtTheWidthAndAWiderBarStandsAloneWithNoEmptyBlockBeforeIt) {
   CVantoroTablature doc = test::document(4);
   for (int m = 1; m <= 4; ++m) poser(doc, 1, m, 1, 0, m, 48);  // 13 columns a bar
   poser(doc, 1, 3, 2, 0, 1, 12);                                  // 49 columns
@@ -122,6 +122,7 @@ TEST(AsciiExport, BlocksBreakAtTheWidthAWiderBarStandsAlone) {
   EXPECT_EQ(blocs(26), (std::vector<std::string>{"|-1----------|-2----------|", troisième + "|",
                                                  "|-4----------|"}));
   EXPECT_EQ(blocs(25).size(), 4u);
+  EXPECT_EQ(blocs(10).size(), 4u);  // the first bar too wide: no empty block before it
   EXPECT_EQ(blocs(200).size(), 1u);
 }
 

@@ -74,7 +74,7 @@ TEST(MidiExportLayout, DeltasAreTicksTimesTwoAndAHalfRoundedHalfToEven) {
   EXPECT_EQ(test::hex(chunk(io_enregistrer_mid(doc), 1)), test::hex(attendu));
 }
 
-TEST(MidiExportLayout, TrackSettingsBankAndBendRange) {
+TEST(MidiExportLayout, TrackSettingsBendRangeAndABankInSevenBitBytesSinceADataByteStopsAt127) {
   CVantoroTablature doc = test::document(1);
   doc.setPisteNom(1, "Lead");
   doc.setMIDIPatch(1, 30);
@@ -201,7 +201,7 @@ TEST(MidiExportConductor, SignatureWrittenAgainAfterAJumpToBarOneKeyNot) {
   EXPECT_EQ(doc.getMesureLast(), 2);
 }
 
-TEST(MidiExportConductor, SignatureInForceRestoredAtALaterRepeatStart) {
+TEST(MidiExportConductor, AJumpBackWritesTheSignatureInForceAgainSoTheSecondPassKeepsItsMetre) {
   // 4/4 | :4/4 | 3/4 | 3/4: | — the second pass must return to 4/4 at bar 2.
   CVantoroTablature doc = test::document(4);
   doc.setMesureSignature(3, 3, 4);
@@ -236,7 +236,7 @@ TEST(MidiExportRepeats, ARepeatEndingTheLastBarAppendsABar) {
   EXPECT_EQ(deux.getMesureLast(), 2);
 }
 
-TEST(MidiExportRepeats, TrackSilentAtTheJumpKeepsItsTime) {
+TEST(MidiExportRepeats, ATrackSilentThroughARepeatEntersOnTimeByTheUnrolledClock) {
   // Track 2 enters after a repeated intro: its first note lies after both
   // passes, three bars in.
   CVantoroTablature doc = test::document(3, 2);
@@ -250,7 +250,7 @@ TEST(MidiExportRepeats, TrackSilentAtTheJumpKeepsItsTime) {
   EXPECT_TRUE(contient(p, octets({0x8F, 0x00, 0x91, 69, 127})));
 }
 
-TEST(MidiExportEnd, ANoteRunningPastTheLastBarIsReleased) {
+TEST(MidiExportEnd, ANoteRunningPastTheLastBarIsReleasedSoNoPlayerHangsOnIt) {
   CVantoroTablature doc = test::document(1);
   const int n = poser(doc, 1, 1, 1, 144, 3, 48);
   doc.setNoteDurée(1, 1, 1, n, 96);

@@ -138,7 +138,7 @@ TEST(MidiImportMeta, PositionsPastTheLastPossibleBarAreDropped) {
   EXPECT_EQ(doc.getNoteLast(1, 1, 1), 1);
 }
 
-TEST(MidiImportMeta, TemposFromEveryTrackReadAndTheStartTempo) {
+TEST(MidiImportMeta, TheFirstChunksTemposAreReadUnchosenSoThePieceKeepsItsSpeed) {
   const Octets f = smf(1, 96, {PisteMidi().meta(0, 0x51, std::string("\x07\xA1\x20", 3)).fin(0),
                                PisteMidi().on(0, 64).off(96, 64).fin(96),
                                PisteMidi().on(0, 59).off(96, 59)
@@ -161,7 +161,7 @@ TEST(MidiImportMeta, TemposFromEveryTrackReadAndTheStartTempo) {
   EXPECT_EQ(aucun.getMesureTempoLast(1), 0);
 }
 
-TEST(MidiImportMeta, HeadTextsNamesAndTexts) {
+TEST(MidiImportMeta, HeadTextsAndATrackNameThatNamesItsTrackInsteadOfStandingAsAText) {
   const Octets f = smf(1, 96, {PisteMidi()
                                    .meta(0, 0x03, "Song").meta(0, 0x02, "(c) me")
                                    .meta(0, 0x01, "Slowly").meta(0, 0x01, "second")
@@ -221,7 +221,7 @@ TEST(MidiImportRmtf, TrackHeaderRestoresTheInstrumentAndHintsTheStrings) {
   EXPECT_EQ(doc.getMesureAccordCorde(1, 1, 1, 7), 255);
 }
 
-TEST(MidiImportChoice, FormatZeroChannelsFillTheirTargets) {
+TEST(MidiImportChoice, FormatZeroChannelsFillTheirTargetsWithTheirFirstProgramSoTheSoundsComeBack) {
   const Octets f = smf(0, 96, {PisteMidi()
                                    .evt(0, {0xC1, 33})
                                    .on(0, 64).on(0, 40, 80, 1).off(96, 64).off(96, 40, 1)
@@ -251,7 +251,7 @@ TEST(MidiImportChoice, Refusals) {
   EXPECT_EQ(r.détail, "F9");
 }
 
-TEST(MidiImportChoice, DefaultSourcesHoldNotesAtMostSeven) {
+TEST(MidiImportChoice, TheSourcesHoldingNotesAreChosenBeforehandAtMostSevenSoOkConvertsAtOnce) {
   std::vector<MidiSource> s(10);
   for (int i = 0; i < 10; ++i) {
     s[static_cast<std::size_t>(i)].numéro = i;

@@ -37,7 +37,7 @@ std::vector<std::vector<std::uint8_t>> fichiers() {
           test::fichierVersion4()};
 }
 
-TEST(VtbDamage, EveryTruncationIsRefusedUntilTheBodyIsWhole) {
+TEST(VtbDamage, EveryTruncationIsRefusedWholeSoNoHalfPieceIsEverLoaded) {
   for (const auto& f : fichiers()) {
     SCOPED_TRACE(int{f[3]});
     // The end marker is not read: the body is whole three bytes before the end.

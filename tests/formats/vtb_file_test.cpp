@@ -80,7 +80,7 @@ TEST_F(VtbFile, SaveThroughALinkReplacesWhatItPointsTo) {
   EXPECT_EQ(contenu(vrai).substr(0, 3), "VTB");
 }
 
-TEST_F(VtbFile, FailedSavesLeaveEverythingAsItWas) {
+TEST_F(VtbFile, FailedSavesLeaveTheOldFileWholeSinceTheyWriteATemporaryFileFirst) {
   CVantoroTablature d;
   d.modifi = kVrai;
   // A folder that does not exist.

@@ -150,7 +150,7 @@ TEST(PlayerStream, NotesMatchTheExportedFileReadBack) {
   }
 }
 
-TEST(PlayerStream, MutedAndNotSoloTracksSendNothingAtAll) {
+TEST(PlayerStream, MutedAndNotSoloTracksSendNotEvenTheirSetUpSoTheyCannotChangeAHeardChannel) {
   CVantoroTablature doc = morceau();
   doc.addPiste(2, tGuitare{});
   poser(doc, 3, 1, 1, 0, 2, 48);

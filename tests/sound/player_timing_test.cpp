@@ -19,7 +19,7 @@ std::vector<double> attaques(const std::vector<MessageJoué>& tout) {
   return t;
 }
 
-TEST(PlayerTiming, OneBarOfFourFourAtTempo120LastsExactlyTwoSeconds) {
+TEST(PlayerTiming, ABarAt120LastsTwoSecondsOnTheTrueTempoClockNotOnWholeMillisecondTicks) {
   CVantoroTablature doc = test::document(2);
   doc.tempo = 120;
   poser(doc, 1, 1, 1, 0, 0, 192);
@@ -61,13 +61,18 @@ TEST(PlayerTiming, TempoChangeInTheMiddleOfABar) {
   EXPECT_NEAR(t[1], 1000.0, 1e-6);  // two beats at 120
   EXPECT_NEAR(t[2], 2000.0, 1e-6);  // then one at 60
   EXPECT_NEAR(t[3], 3000.0, 1e-6);
+}
 
-  // A start after the change plays at the tempo reached there.
+TEST(PlayerTiming, AStartInTheMiddlePlaysAtTheTempoInForceThereSoThePassageKeepsItsPace) {
+  CVantoroTablature doc = test::document(2);
+  doc.tempo = 120;
+  doc.setMesureTempo(1, 96, 60);
+  poser(doc, 1, 2, 1, 0, 0, 24);
   doc.setCurseurMesure(2);
   poser(doc, 1, 2, 1, 48, 0, 24);
   const std::vector<double> suite = attaques(test::horsLigne(doc));
   ASSERT_EQ(suite.size(), 2u);
-  EXPECT_NEAR(suite[1], 1000.0, 1e-6);
+  EXPECT_NEAR(suite[1], 1000.0, 1e-6);  // a beat at 60, not half a second at 120
 }
 
 TEST(PlayerTiming, TripleFeelPutsTheOffBeatEighthAtTwoThirdsOfTheBeat) {
