@@ -184,12 +184,13 @@ TEST_F(CliConvert, RefusedInputsWriteNothing) {
   EXPECT_EQ(r.erreurs, loadString(kMsgAsciiCorrompue, kLangFrançais) + "\n");
   EXPECT_FALSE(fs::exists(dossier_ / "out.mid"));
 
-  // A repeat opened and never closed: the export names the bar.
+  // A repeat opened and never closed: the export names the last bar, the
+  // one the closing line took.
   poser("r.txt",
         "e||o---0---|\nB||----1---|\nG||o-------|\nD||o-------|\nA||--------|\nE||--------|\n");
   r = lancer("convert " + c("r.txt") + " " + c("out.mid"));
   EXPECT_EQ(r.code, 1);
-  EXPECT_EQ(r.erreurs, "There is a problem of repeat bar at measure 1\n");
+  EXPECT_EQ(r.erreurs, "There is a problem of repeat bar at measure 2\n");
   EXPECT_FALSE(fs::exists(dossier_ / "out.mid"));
 }
 
