@@ -113,6 +113,10 @@ TEST(AsciiImportBlocks, BlocksStartAtTheDashesAndBarLinesReadSoNoFretRepeatOrBea
        "e|--0--||--1--||\nB|-----||-----||\nG|-----||o---o||\nD|-----||o---o||\nA|-----||-----||\n"
        "E|-----||-----||\n",
        {"2:|:", "2::|1", "1:1:48:0", "2:1:24:1", "3 bars"}},
+      {"a repeat end opening the next line closes the bar before it",
+       "e|--0--|\nB|-----|\nG|-----|\nD|-----|\nA|-----|\nE|-----|\n"
+       "e-|--1--|\nB-|-----|\nGo|-----|\nDo|-----|\nA-|-----|\nE-|-----|\n",
+       {"1::|1", "1:1:48:0", "2:1:48:1", "3 bars"}},
       {"single lines shifted by a two-digit fret are one plain bar line",
        "e|--12--|--0--|\nB|--3--|--1--|\nG|-----|-----|\nD|-----|-----|\nA|-----|-----|\n"
        "E|-----|-----|\n",
