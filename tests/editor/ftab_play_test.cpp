@@ -229,15 +229,6 @@ TEST_F(Jeu, BetweenTheMarkersTheCursorGoesToTheStartAndWrongMarkersSayNothing) {
   EXPECT_EQ(doc().CurseurMesure(), 11);
   EXPECT_EQ(doc().CurseurX(), 24);
   EXPECT_EQ(premièreMontrée(), 11) << "the marker's bar was off the screen";
-
-  // "joue" while the markers play: that run stops, a plain one starts.
-  bouton("joue")->trigger();
-  EXPECT_TRUE(ftab->isPlaying());
-  EXPECT_FALSE(bouton("jouemarker")->isChecked());
-  EXPECT_TRUE(bouton("joue")->isChecked());
-  EXPECT_EQ(joueur->arrêts, 1);
-  ASSERT_EQ(joueur->demandes.size(), 2u);
-  EXPECT_FALSE(joueur->demandes[1].marker);
 }
 
 TEST_F(Jeu, ThePlayEntriesAndSpaceDoWhatTheirButtonsDoInEveryState) {
