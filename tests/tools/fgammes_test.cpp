@@ -1,5 +1,6 @@
 // The scale window on the real main window, offscreen: lists, marks on the
 // strip, playing, the copy and the print, the options, a damaged file.
+#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -59,6 +60,22 @@ TEST_F(Gammes, ListsInTheLanguageFollowAChangeOfLanguageAndKeepTheChoice) {
   // The one-note record: the key alone.
   choisit(ligne("Note seule"), 12);
   EXPECT_EQ(g.windowTitle(), "Gammes - Sol #");
+}
+
+TEST_F(Gammes, BothWindowsOpenFromTheMenuTheToolbarAndAtStart) {
+  règle("Options/setStartWith6", "True");
+  démarreAvec();
+  EXPECT_TRUE(vt->isFormLoaded(fen::FHarmony)) << "a start-up window";
+  EXPECT_FALSE(vt->isFormLoaded(fen::FGammes));
+  EXPECT_EQ(vt->mnuFen(1)->shortcut(), QKeySequence(Qt::Key_F4));
+  EXPECT_EQ(vt->mnuFen(6)->shortcut(), QKeySequence(Qt::Key_F9));
+  vt->boutonBarre("gammes")->trigger();
+  EXPECT_TRUE(vt->isFormLoaded(fen::FGammes));
+  vt->fenetres().décharge(fen::FHarmony);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ASSERT_FALSE(vt->isFormLoaded(fen::FHarmony));
+  vt->mnuFen(6)->trigger();
+  EXPECT_TRUE(vt->isFormLoaded(fen::FHarmony));
 }
 
 TEST_F(Gammes, MarksTheWholeStripRootsBlueOthersYellowLabelledBySetting) {
