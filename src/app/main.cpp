@@ -4,6 +4,7 @@
 #include <QApplication>
 
 #include "editor/ftab.h"
+#include "shell/foptions.h"
 #include "shell/vt.h"
 
 int main(int argc, char* argv[]) {
@@ -14,6 +15,9 @@ int main(int argc, char* argv[]) {
 
   vt::VT vt;
   vt.fenetres().enregistrer(vt::fen::FTab, [](vt::VT& v) { return new vt::FTab(v); });
+  vt.fenetres().enregistrer(
+      vt::fen::FOptions, [](vt::VT& v) { return new vt::FOptions(v); },
+      vt::RegistreFenetres::Genre::Dialogue);
   vt::VT::Démarrage démarrage;
   // The command line as typed: the whole of it names one file.
   démarrage.ligneDeCommande = QApplication::arguments().mid(1).join(QLatin1Char(' '));
