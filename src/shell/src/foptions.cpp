@@ -51,6 +51,8 @@ FOptions::FOptions(VT& vt) : QDialog(&vt), m_vt(vt) {
   setModal(true);
   m_onglets = new QTabWidget(this);
   m_onglets->setObjectName(QStringLiteral("TabStrip"));
+  // Every page's tab in sight, in both languages.
+  m_onglets->setUsesScrollButtons(false);
   m_div = new PageDiv(vt, m_onglets);
   m_tab = new PageTab(*this, m_onglets);
   m_gam = new PageGam(vt, m_onglets);
