@@ -176,8 +176,12 @@ int PageMidi::canal() const {
 }
 
 void PageMidi::envoie(int statut, int d1, int d2) {
+  envoieSur(canal(), statut, d1, d2);
+}
+
+void PageMidi::envoieSur(int canal0, int statut, int d1, int d2) {
   if (m_sortie)
-    m_sortie->shortMsg(midiPack(static_cast<std::uint8_t>(statut | canal()),
+    m_sortie->shortMsg(midiPack(static_cast<std::uint8_t>(statut | canal0),
                                 static_cast<std::uint8_t>(std::clamp(d1, 0, 127)),
                                 static_cast<std::uint8_t>(std::clamp(d2, 0, 127))));
 }
@@ -198,9 +202,7 @@ void PageMidi::silence() {
   // The session's own output gets its program back: nothing is applied yet.
   const Settings& s = m_vt.settings();
   if (m_sortie == midiHandleSortie(m_vt.son().midiOutHandle()))
-    m_sortie->shortMsg(
-        midiPack(static_cast<std::uint8_t>(0xC0 | (std::clamp<int>(s.setMIDIchannel, 1, 16) - 1)),
-                 static_cast<std::uint8_t>(std::min<int>(s.setMIDIinstru, 127))));
+    envoieSur(std::clamp<int>(s.setMIDIchannel, 1, 16) - 1, 0xC0, s.setMIDIinstru, 0);
 }
 
 void PageMidi::btnMIDItest_MouseDown() {

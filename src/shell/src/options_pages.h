@@ -241,7 +241,9 @@ class PageMidi : public QWidget {
   // The output for the device shown, opened once for as long as it stays chosen.
   MidiOut* sortie();
   int canal() const;
+  // A message on the page's channel, or on a 0-based one.
   void envoie(int statut, int d1, int d2);
+  void envoieSur(int canal0, int statut, int d1, int d2);
   void noteEssai();
   void silence();
 
