@@ -4,6 +4,7 @@
 #include <QApplication>
 
 #include "editor/ftab.h"
+#include "shell/foptions.h"
 #include "shell/vt.h"
 #include "tools/fgammes.h"
 #include "tools/fharmony.h"
@@ -18,6 +19,9 @@ int main(int argc, char* argv[]) {
   vt.fenetres().enregistrer(vt::fen::FTab, [](vt::VT& v) { return new vt::FTab(v); });
   vt.fenetres().enregistrer(vt::fen::FGammes, [](vt::VT& v) { return new vt::FGammes(v); });
   vt.fenetres().enregistrer(vt::fen::FHarmony, [](vt::VT& v) { return new vt::FHarmony(v); });
+  vt.fenetres().enregistrer(
+      vt::fen::FOptions, [](vt::VT& v) { return new vt::FOptions(v); },
+      vt::RegistreFenetres::Genre::Dialogue);
   vt::VT::Démarrage démarrage;
   // The command line as typed: the whole of it names one file.
   démarrage.ligneDeCommande = QApplication::arguments().mid(1).join(QLatin1Char(' '));
