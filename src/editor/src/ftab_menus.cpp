@@ -257,11 +257,9 @@ void FTab::disponibilités() {
     if (QAction* a = entrée(nom)) a->setEnabled(oui);
   };
   const auto dialogue = [this](DialogueTab d) { return dialogueDisponible(d) && !m_joue; };
-  // File: printing and the page setup have their own work to come; the
-  // options as the main window's.
+  // File: printing and the page setup have their own work to come.
   for (int i : {11, 12, 14})
     active(nomEntrée("mnuTabFile", i), false);
-  active(QStringLiteral("mnuTabFile_16"), m_vt.fenetres().estDisponible(fen::FOptions));
   // Edit: undo and redo by their stacks, the note and bar clipboards to come,
   // the dialogs when they are connected.
   active(QStringLiteral("mnuTabEdit_0"), doc().getUndoDepth() > 0 && !m_joue);

@@ -28,7 +28,6 @@ struct BoutonBarre {
   const char* menu;   // the menu entry it stands for
   bool basculant;
   int touche = 0;  // a key of the strip it types instead, when not 0
-  const char* onglet = nullptr;  // the options' page it opens instead, when not null
 };
 
 namespace {
@@ -61,8 +60,8 @@ constexpr std::array<BoutonBarre, 28> kCommandes{{
     {"view_mode_3", "TB_VIEW_3", 1262, "mnuTabDisplay_2", true},
     {"view_mode_4", "TB_VIEW_4", 1281, "mnuTabDisplay_3", true},
     {"view_mode_triolet", "TB_VIEW_TRIOLET", 1282, "mnuTabDisplay_4", true},
-    // The options, opened on the tablature's page; available as the menu's entry.
-    {"options", "TB_OPTIONS_TAB", 5154, "mnuTabFile_16", false, 0, "KeyTab"},
+    // The options on the tablature's page; available as the menu's entry is.
+    {"options", "TB_OPTIONS_TAB", 5154, "mnuTabFile_16", false},
     {"redraw", "TB_REDRAW", 5155, "mnuTabDisplay_10", false},
 }};
 
@@ -201,17 +200,20 @@ QToolBar* FTab::créeBarre(const QString& nom, const BoutonBarre* boutons, std::
     m_boutonsMenus.emplace_back(a, texte(d.menu));
     // The play buttons belong to playback (connecteJeu).
     if (boutonDeJeu(c)) continue;
+    // The options open on the editor's own page, which the menu's entry does not.
+    if (c == QStringLiteral("options")) {
+      connect(a, &QAction::triggered, this,
+              [this] { m_vt.montreOptions(QStringLiteral("KeyTab")); });
+      continue;
+    }
     const QString menu = texte(d.menu);
     const int touche = d.touche;
-    const QString onglet = d.onglet != nullptr ? texte(d.onglet) : QString();
-    connect(a, &QAction::triggered, this, [this, a, menu, touche, onglet] {
+    connect(a, &QAction::triggered, this, [this, a, menu, touche] {
       // A button's state is its entry's: the command sets it.
       if (a->isCheckable()) a->setChecked(!a->isChecked());
       if (touche != 0) {
         picTab_KeyDown(touche, Qt::NoModifier);
         picTab_KeyUp(touche, Qt::NoModifier);
-      } else if (!onglet.isEmpty()) {
-        m_vt.montreOptions(onglet);
       } else if (QAction* e = entrée(menu)) {
         e->trigger();
       }

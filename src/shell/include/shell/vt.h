@@ -80,6 +80,9 @@ class VT : public QMainWindow {
   // it records the note), else on the settings' channel; a pressed one is
   // handed to the harmonizer when it is open.
   void noteMidiEntrante(int corde, int note, bool enfoncee);
+  // What the sound has to say since it last spoke (no SoundFont, a port that
+  // cannot be opened), in one notice over the window; nothing when all is well.
+  void montreMessagesSon();
 
   // ---- What the windows share -------------------------------------------------
   Settings& settings() { return m_settings; }
