@@ -72,6 +72,7 @@ void CPageRenderer::dessineAttaque(int p, const PlaceMesure& b, int c, const tNo
   const double a = T - 2 * IS;
   FontSpec police = policeTab();
   police.gras = false;
+  police.taille *= 0.8;
   d.setFont(police);
   switch (note.bytAttaque) {
     case attaque::kHarmoniqueNaturelle: texteCentré(d, x, a, "Harm."); break;

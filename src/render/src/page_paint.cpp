@@ -354,7 +354,7 @@ void CPageRenderer::dessineAccords(int p, const PlaceMesure& b) {
   const double référence = m_s.cfgPrintPortée ? b.yPortée : b.yTab - 2 * IS;
   for (const tAccord& accord : pm->tabAccords)
     dessineDiagramme(accord, m_doc.getGuitareNbrCordes(p), b.xTick(accord.intX),
-                     référence - 5.4 * IS);
+                     référence - 5.7 * IS);
 }
 
 // A chord: its name over a grid of the strings and four frets, the fingering
@@ -448,7 +448,7 @@ void CPageRenderer::dessineTempos(const PlaceMesure& b) {
   for (int i = 1; i <= m_doc.getMesureTempoLast(b.m); ++i) {
     d.setFont(police);
     const double h = d.TextHeight("A");
-    const double y = référence - 3.4 * IS + h * (i - 1);
+    const double y = référence - 2.9 * IS + h * (i - 1);
     const double x = b.xTick(m_doc.getMesureTempoX(b.m, i)) - espace() / 2;
     // A quarter note, then "= 120".
     d.setForeColor(couleur);
@@ -478,10 +478,13 @@ void CPageRenderer::dessineTextes(int p, const PlaceMesure& b) {
   d.setFont(police);
   d.setFontTransparent(true);
   d.setForeColor(couleurLignes());
-  const auto écrit = [&](const OneBased<tTexte>& liste, double y0) {
+  // Upper texts stand on a line over the tempos and grow upwards; lower
+  // texts hang under the rhythm.
+  const auto écrit = [&](const OneBased<tTexte>& liste, double y0, bool versLeHaut) {
     for (const tTexte& t : liste) {
-      double y = y0;
-      for (const std::string& ligne : lignesDeTexte(t.strContenu)) {
+      const std::vector<std::string> lignes = lignesDeTexte(t.strContenu);
+      double y = versLeHaut ? y0 - static_cast<double>(lignes.size()) * d.TextHeight("A") : y0;
+      for (const std::string& ligne : lignes) {
         const std::string utf8 = utf8DepuisCp1252(ligne);
         d.setCurrentX(b.xTick(t.intX) - espace() / 2);
         d.setCurrentY(y);
@@ -490,8 +493,8 @@ void CPageRenderer::dessineTextes(int p, const PlaceMesure& b) {
       }
     }
   };
-  écrit(pm->tabTextesUp, référence - 5.0 * IS);
-  écrit(pm->tabTextesDn, b.yTab + (nb + 2) * IS);
+  écrit(pm->tabTextesUp, référence - 3.0 * IS, true);
+  écrit(pm->tabTextesDn, b.yTab + (nb + 2) * IS, false);
 }
 
 }  // namespace vt
