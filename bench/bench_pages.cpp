@@ -12,8 +12,8 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <chrono>
-#include <map>
 #include <filesystem>
+#include <map>
 
 #include "bench_piece.h"
 #include "formats/vtb.h"
@@ -81,8 +81,8 @@ BENCHMARK(BM_PdfOneTrack)
 // The piece of every benchmark (4 tracks x 1,000 bars of eighths, chords and
 // effects) saved, then converted by the tool as a user runs it.
 void BM_CliPdf4x1000(benchmark::State& state) {
-  const auto dossier = std::filesystem::temp_directory_path() /
-                       ("vt_bench_pages_" + std::to_string(::getpid()));
+  const auto dossier =
+      std::filesystem::temp_directory_path() / ("vt_bench_pages_" + std::to_string(::getpid()));
   std::filesystem::create_directories(dossier);
   const auto vtb = dossier / "piece.vtb";
   const auto pdf = dossier / "piece.pdf";

@@ -16,7 +16,9 @@
 
 namespace vt::cli {
 
-inline bool estPdf(const std::string& ext) { return ext == ".pdf"; }
+inline bool estPdf(const std::string& ext) {
+  return ext == ".pdf";
+}
 
 // The default page settings, with the page's words in the language asked.
 inline TabSettings réglagesPage(const Context& ctx) {
@@ -37,17 +39,19 @@ inline QPageLayout pageDemandée(const std::string& papier) {
   return page;
 }
 
-inline bool écrirePdfCli(Context& ctx, const CVantoroTablature& doc,
-                         const std::filesystem::path& f, const OptionsFormats& o) {
+inline bool écrirePdfCli(Context& ctx, const CVantoroTablature& doc, const std::filesystem::path& f,
+                         const OptionsFormats& o) {
   if (!pisteExiste(ctx, doc, o.piste)) return false;
   ApplicationHorsÉcran application;
   std::vector<int> pistes;
   if (o.piste > 0) {
     pistes.push_back(o.piste);
   } else {
-    for (int p = 1; p <= doc.getPisteLast(); ++p) pistes.push_back(p);
+    for (int p = 1; p <= doc.getPisteLast(); ++p)
+      pistes.push_back(p);
   }
-  const RésultatPdf r = écritPdf(doc, réglagesPage(ctx), pistes, f.string(), pageDemandée(o.papier));
+  const RésultatPdf r =
+      écritPdf(doc, réglagesPage(ctx), pistes, f.string(), pageDemandée(o.papier));
   if (!r.ok) refuse(ctx, 6122, f.string() + ": " + r.erreur);
   return r.ok;
 }

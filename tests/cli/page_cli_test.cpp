@@ -15,10 +15,12 @@ class PagesCli : public CliBanc {
     CVantoroTablature doc;
     doc.titre = "Etude";
     doc.addPiste(1, tGuitare{});
-    while (doc.getMesureLast() < 30) doc.addMesure();
+    while (doc.getMesureLast() < 30)
+      doc.addMesure();
     for (int p = 1; p <= 2; ++p)
       for (int m = 1; m <= 30; ++m)
-        for (int k = 0; k < 8; ++k) doc.setNoteWhole(p, m, 1 + (k + p) % 6, k * 24, (m + k) % 12, 24);
+        for (int k = 0; k < 8; ++k)
+          doc.setNoteWhole(p, m, 1 + (k + p) % 6, k * 24, (m + k) % 12, 24);
     ASSERT_TRUE(io_enregistrer_vtb(doc, dossier_ / nom).ok());
   }
   // A line of pdfinfo's report ("Pages", "Page size"); empty without it.
@@ -48,9 +50,8 @@ TEST_F(PagesCli, PdfOfEveryTrackOrOneOnTheAskedSheet) {
   morceau("a.vtb");
   ASSERT_EQ(lancer("convert " + c("a.vtb") + " " + c("toutes.pdf")).code, 0);
   ASSERT_EQ(lancer("convert " + c("a.vtb") + " " + c("une.pdf") + " --track 1").code, 0);
-  ASSERT_EQ(lancer("convert " + c("a.vtb") + " " + c("deux.pdf") + " --track 2 --paper letter")
-                .code,
-            0);
+  ASSERT_EQ(
+      lancer("convert " + c("a.vtb") + " " + c("deux.pdf") + " --track 2 --paper letter").code, 0);
   if (pages("toutes.pdf") < 0) GTEST_SKIP() << "pdfinfo is not installed";
   EXPECT_GE(pages("une.pdf"), 2);
   EXPECT_EQ(pages("toutes.pdf"), 2 * pages("une.pdf"));
@@ -59,14 +60,16 @@ TEST_F(PagesCli, PdfOfEveryTrackOrOneOnTheAskedSheet) {
 
 TEST_F(PagesCli, RenderDrawsAPageAtItsResolution) {
   morceau("a.vtb");
-  ASSERT_EQ(lancer("render " + c("a.vtb") + " " + c("p.png") + " --page 2 --track 2 --dpi 50 "
+  ASSERT_EQ(lancer("render " + c("a.vtb") + " " + c("p.png") +
+                   " --page 2 --track 2 --dpi 50 "
                    "--paper a4")
                 .code,
             0);
   const std::string png = lireTout(dossier_ / "p.png");
   ASSERT_GT(png.size(), 24U);
   const auto be = [&](std::size_t i) {
-    return (static_cast<unsigned char>(png[i]) << 24) | (static_cast<unsigned char>(png[i + 1]) << 16) |
+    return (static_cast<unsigned char>(png[i]) << 24) |
+           (static_cast<unsigned char>(png[i + 1]) << 16) |
            (static_cast<unsigned char>(png[i + 2]) << 8) | static_cast<unsigned char>(png[i + 3]);
   };
   // A4 at 50 dots to the inch.

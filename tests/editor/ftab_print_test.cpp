@@ -1,18 +1,18 @@
 // Printing from the editor: the menu entries and buttons, the print dialog's
 // pages and copies on a printer that writes a PDF, a cancelled or failed print,
 // the preview's page bar and copy, the page setup's controls, the PDF export.
+#include <QCheckBox>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPrinter>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QToolButton>
-#include <QCheckBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QRadioButton>
 #include <cstdio>
 
 #include "dialogs/ftab_page_setup.h"
@@ -41,9 +41,11 @@ class Impressions : public Editeur {
   void prépare(int mesures) {
     ouvre();
     ftab->message = [this](const QString& t) { messages.push_back(t); };
-    for (int m = 2; m <= mesures; ++m) doc().addMesure();
+    for (int m = 2; m <= mesures; ++m)
+      doc().addMesure();
     for (int m = 1; m <= mesures; ++m)
-      for (int k = 0; k < 8; ++k) pose(m, 1 + k % 6, k * 24, (m + k) % 12);
+      for (int k = 0; k < 8; ++k)
+        pose(m, 1 + k % 6, k * 24, (m + k) % 12);
     doc().titre = "Etude";
   }
   int pagesPiste(int piste) {
@@ -149,7 +151,8 @@ TEST_F(Impressions, PreviewPagesZoomAndCopy) {
   const QImage page1 = aperçu.image();
   aperçu.hsbPage()->setValue(2);
   EXPECT_NE(aperçu.image(), page1);
-  EXPECT_EQ(aperçu.findChild<QLabel*>("labPage")->text(), QStringLiteral("Page 2 of %1").arg(pages));
+  EXPECT_EQ(aperçu.findChild<QLabel*>("labPage")->text(),
+            QStringLiteral("Page 2 of %1").arg(pages));
   aperçu.btnCopy_Click();
   EXPECT_EQ(QGuiApplication::clipboard()->image().size(), aperçu.image().size());
 

@@ -41,9 +41,11 @@ struct Pages {
   }
   // `mesures` bars of 4/4, each with eighths on string 1 (`fret` from 1).
   void croches(int mesures) {
-    while (doc.getMesureLast() < mesures) doc.addMesure();
+    while (doc.getMesureLast() < mesures)
+      doc.addMesure();
     for (int m = 1; m <= mesures; ++m)
-      for (int k = 0; k < 8; ++k) test::note(doc, m, 1, k * 24, 1 + (m + k) % 12, 24);
+      for (int k = 0; k < 8; ++k)
+        test::note(doc, m, 1, k * 24, 1 + (m + k) % 12, 24);
   }
 };
 
@@ -87,8 +89,10 @@ TEST(PageLayout, SignatureRoomFollowsTheNumeratorTest) {
   for (const auto& c : cas) {
     SCOPED_TRACE(std::to_string(c.up) + "/" + std::to_string(c.dn));
     Pages t;
-    for (int i = 0; i < 3; ++i) t.doc.addMesure();
-    for (int m = 1; m <= 4; ++m) t.doc.setMesureSignature(m, c.up, c.dn);
+    for (int i = 0; i < 3; ++i)
+      t.doc.addMesure();
+    for (int m = 1; m <= 4; ++m)
+      t.doc.setMesureSignature(m, c.up, c.dn);
     const MiseEnPage mise = t.mise();
     ASSERT_EQ(mise.nombrePages(), 1);
     for (int m = 2; m <= 4; ++m)
@@ -105,7 +109,9 @@ TEST(PageLayout, SystemHeightWithAndWithoutStaffAndChords) {
   const struct {
     bool portée, accords;
     lng salle, tab;
-  } cas[] = {{true, true, 420, 288}, {false, true, 420, 0}, {true, false, 210, 288},
+  } cas[] = {{true, true, 420, 288},
+             {false, true, 420, 0},
+             {true, false, 210, 288},
              {false, false, 210, 0}};
   for (const auto& c : cas) {
     SCOPED_TRACE(std::to_string(c.portée) + std::to_string(c.accords));
@@ -140,7 +146,8 @@ TEST(PageLayout, HeadElementsInTheirOrderAndEmptyOnesCostNothing) {
   t.croches(1);
   CPageRenderer r(t.doc, t.s);
   std::vector<int> ordre;
-  for (const auto& [i, texte] : r.textesEntête(1)) ordre.push_back(i);
+  for (const auto& [i, texte] : r.textesEntête(1))
+    ordre.push_back(i);
   EXPECT_EQ(ordre, (std::vector<int>{kEntêteTitre, kEntêteAuteur, kEntêteCommentaires,
                                      kEntêteNomPiste, kEntêteTempo}));
   const lng sans = t.mise().hauteurEntête;
@@ -191,7 +198,8 @@ TEST(PageLayout, ABarWiderThanThePageStandsAloneAndFits) {
   Pages t;
   t.croches(3);
   t.doc.setMesureSignature(2, 12, 4);
-  for (int x = 0; x < 576; x += 6) test::note(t.doc, 2, 2, x, 5, 6);
+  for (int x = 0; x < 576; x += 6)
+    test::note(t.doc, 2, 2, x, 5, 6);
   const MiseEnPage m = t.mise();
   std::vector<SystèmePage> systèmes;
   for (const PagePlan& p : m.pages)
@@ -240,7 +248,8 @@ TEST(PagePaint, PageNumbersClefsAndColours) {
   ASSERT_NE(numéro, page2.end());
   EXPECT_EQ(numéro->y1, 0);
   // Page 1 carries the head, not its number.
-  for (const Primitive& p : t.page(1)) EXPECT_NE(p.text, "- 1 -");
+  for (const Primitive& p : t.page(1))
+    EXPECT_NE(p.text, "- 1 -");
   // A bass clef at the head of every system.
   EXPECT_EQ(glyphes(page2, glyphe::kCléFa.code).size(), t.mise().pages[1].systèmes.size());
   EXPECT_TRUE(glyphes(page2, glyphe::kCléSol.code).empty());
@@ -338,7 +347,8 @@ TEST(PageRandom, PageCountMatchesThePagesDrawnAndEveryNoteOnce) {
     t.s.cfgPrintTabRythme = aléa() % 4 != 0;
     if (aléa() % 2) t.doc.titre = "Piece " + std::to_string(essai);
     const int mesures = 1 + static_cast<int>(aléa() % 90);
-    while (t.doc.getMesureLast() < mesures) t.doc.addMesure();
+    while (t.doc.getMesureLast() < mesures)
+      t.doc.addMesure();
     int notes = 0;
     for (int m = 1; m <= mesures; ++m) {
       const auto& sig = signatures[aléa() % std::size(signatures)];
@@ -353,13 +363,15 @@ TEST(PageRandom, PageCountMatchesThePagesDrawnAndEveryNoteOnce) {
       }
       if (aléa() % 5 == 0) {
         OneBased<byt> accord(6);
-        for (int c = 1; c <= 6; ++c) accord[c] = static_cast<byt>(aléa() % 5);
+        for (int c = 1; c <= 6; ++c)
+          accord[c] = static_cast<byt>(aléa() % 5);
         t.doc.setMesureAccord(1, m, t.doc.addandplaceMesureAccord(1, m, 0), "Am", accord);
       }
     }
     notes = 0;
     for (int m = 1; m <= mesures; ++m)
-      for (int c = 1; c <= 6; ++c) notes += t.doc.getNoteLast(1, m, c);
+      for (int c = 1; c <= 6; ++c)
+        notes += t.doc.getNoteLast(1, m, c);
 
     CPageRenderer r(t.doc, t.s);
     const int compte = r.getNumberOfPages(t.surface, t.s.cfgPrintFactor / 3.0, 1);

@@ -44,7 +44,8 @@ std::string sortie(const std::string& commande) {
   FILE* f = popen(commande.c_str(), "r");
   if (f == nullptr) return texte;
   char tampon[4096];
-  while (const std::size_t n = std::fread(tampon, 1, sizeof tampon, f)) texte.append(tampon, n);
+  while (const std::size_t n = std::fread(tampon, 1, sizeof tampon, f))
+    texte.append(tampon, n);
   pclose(f);
   return texte;
 }
@@ -56,9 +57,11 @@ CVantoroTablature morceau() {
   doc.Auteur = "J. Doe";
   doc.addPiste(1, tGuitare{});
   doc.setPisteNom(2, "Rhythm");
-  while (doc.getMesureLast() < 48) doc.addMesure();
+  while (doc.getMesureLast() < 48)
+    doc.addMesure();
   for (int m = 10; m <= 48; ++m)
-    for (int k = 0; k < 8; ++k) test::note(doc, m, 1 + k % 6, k * 24, (m + k) % 13, 24);
+    for (int k = 0; k < 8; ++k)
+      test::note(doc, m, 1 + k % 6, k * 24, (m + k) % 13, 24);
   return doc;
 }
 
@@ -200,8 +203,8 @@ TEST_F(QtPages, APdfThatCannotBeWrittenLeavesNothing) {
     EXPECT_EQ(f.readAll(), "older");
     EXPECT_EQ(QDir(fermé).entryList(QDir::Files), QStringList{"piece.pdf"});
   }
-  QFile::setPermissions(fermé, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                   QFileDevice::ExeOwner);
+  QFile::setPermissions(fermé,
+                        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
 }  // namespace

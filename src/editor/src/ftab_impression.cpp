@@ -64,7 +64,8 @@ void FTab::mnuTabFileExportPDF(bool toutesLesPistes) {
   if (QFileInfo(fichier).suffix().isEmpty()) fichier += QStringLiteral(".pdf");
   std::vector<int> pistes;
   if (toutesLesPistes) {
-    for (int p = 1; p <= doc().getPisteLast(); ++p) pistes.push_back(p);
+    for (int p = 1; p <= doc().getPisteLast(); ++p)
+      pistes.push_back(p);
   } else {
     pistes.push_back(piste());
   }

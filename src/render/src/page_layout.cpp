@@ -16,7 +16,8 @@ std::vector<std::string> lignes(const std::string& texte) {
   std::vector<std::string> out;
   std::string courante;
   const auto coupe = [&] {
-    for (std::string& morceau : lignesDeTexte(courante)) out.push_back(std::move(morceau));
+    for (std::string& morceau : lignesDeTexte(courante))
+      out.push_back(std::move(morceau));
     courante.clear();
   };
   for (std::size_t i = 0; i < texte.size(); ++i) {
@@ -51,11 +52,16 @@ double PlaceMesure::xTick(int X) const {
 
 std::vector<int> accordageStandard(int nbCordes) {
   switch (nbCordes) {
-    case 4: return {43, 38, 33, 28};
-    case 5: return {43, 38, 33, 28, 23};
-    case 6: return {64, 59, 55, 50, 45, 40};
-    case 7: return {64, 59, 55, 50, 45, 40, 35};
-    default: return {};
+    case 4:
+      return {43, 38, 33, 28};
+    case 5:
+      return {43, 38, 33, 28, 23};
+    case 6:
+      return {64, 59, 55, 50, 45, 40};
+    case 7:
+      return {64, 59, 55, 50, 45, 40, 35};
+    default:
+      return {};
   }
 }
 
@@ -74,7 +80,8 @@ std::string CPageRenderer::ligneAccordage(int p) const {
   if (!m_doc.hasPiste(p) || m_doc.getStaffType(p) == kStaffBatterie) return {};
   const int nb = m_doc.getGuitareNbrCordes(p);
   std::vector<int> cordes;
-  for (int c = 1; c <= nb; ++c) cordes.push_back(m_doc.getGuitareCorde(p, c));
+  for (int c = 1; c <= nb; ++c)
+    cordes.push_back(m_doc.getGuitareCorde(p, c));
   const int capo = m_doc.getGuitareCapodastre(p);
   const TextesPage& t = m_s.textesPage;
   std::string ligne;
@@ -99,13 +106,27 @@ std::vector<std::pair<int, std::string>> CPageRenderer::textesEntête(int p) con
     if (!imprimé(i)) continue;
     std::string texte;
     switch (i) {
-      case kEntêteTitre: texte = m_doc.titre; break;
-      case kEntêteSousTitre: texte = m_doc.SousTitre; break;
-      case kEntêteAuteur: texte = m_doc.Auteur; break;
-      case kEntêteCopyright: texte = m_doc.Copy; break;
-      case kEntêteCommentaires: texte = m_doc.Comments; break;
-      case kEntêteNomPiste: texte = m_doc.getPisteNom(p); break;
-      default: texte = m_s.textesPage.tempo + ' ' + std::to_string(m_doc.tempo); break;
+      case kEntêteTitre:
+        texte = m_doc.titre;
+        break;
+      case kEntêteSousTitre:
+        texte = m_doc.SousTitre;
+        break;
+      case kEntêteAuteur:
+        texte = m_doc.Auteur;
+        break;
+      case kEntêteCopyright:
+        texte = m_doc.Copy;
+        break;
+      case kEntêteCommentaires:
+        texte = m_doc.Comments;
+        break;
+      case kEntêteNomPiste:
+        texte = m_doc.getPisteNom(p);
+        break;
+      default:
+        texte = m_s.textesPage.tempo + ' ' + std::to_string(m_doc.tempo);
+        break;
     }
     const std::string utf8 = i == kEntêteTempo ? texte : utf8DepuisCp1252(texte);
     if (!utf8.empty()) out.emplace_back(i, utf8);
@@ -169,7 +190,8 @@ MiseEnPage CPageRenderer::miseEnPage(Surface& device, double zoom, int p) {
   m_salleHaut = mise.salleHaut;
 
   lng y = 0;
-  for (const auto& [i, texte] : textesEntête(p)) y = drawOnPageText(y, i, texte, device, false, zoom);
+  for (const auto& [i, texte] : textesEntête(p))
+    y = drawOnPageText(y, i, texte, device, false, zoom);
   mise.hauteurEntête = y;
 
   const lng largeurPage = device.ScaleWidth();
@@ -237,9 +259,8 @@ void CPageRenderer::drawOnPage(Surface& device, const MiseEnPage& mise, int page
     for (const auto& [i, texte] : textesEntête(mise.piste))
       y = drawOnPageText(y, i, texte, device, true, mise.zoom);
   } else if (m_s.cfgPrint[kEntêteNuméroPage] == 1) {
-    drawOnPageText(0, kEntêteNuméroPage,
-                   remplace(m_s.cfgPrintNumpage, "%c", std::to_string(page)), device, true,
-                   mise.zoom);
+    drawOnPageText(0, kEntêteNuméroPage, remplace(m_s.cfgPrintNumpage, "%c", std::to_string(page)),
+                   device, true, mise.zoom);
   }
   const auto& systèmes = mise.pages[static_cast<std::size_t>(page - 1)].systèmes;
   for (std::size_t i = 0; i < systèmes.size(); ++i) {

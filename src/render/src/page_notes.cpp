@@ -11,7 +11,9 @@
 namespace vt {
 
 namespace {
-int px(double v) { return static_cast<int>(std::nearbyint(v)); }
+int px(double v) {
+  return static_cast<int>(std::nearbyint(v));
+}
 
 EtatRythmePage pourLaPage(const EtatRythme& e) {
   return EtatRythmePage{e.précédent, e.suivant, e.suivantMêmeDurée, e.suivantLong, e.position};
@@ -75,11 +77,21 @@ void CPageRenderer::dessineAttaque(int p, const PlaceMesure& b, int c, const tNo
   police.taille *= 0.8;
   d.setFont(police);
   switch (note.bytAttaque) {
-    case attaque::kHarmoniqueNaturelle: texteCentré(d, x, a, "Harm."); break;
-    case attaque::kHarmoniqueArtificielle: texteCentré(d, x, a, "A.H."); break;
-    case attaque::kTap: texteCentré(d, x, a, "T"); break;
-    case attaque::kSlap: texteCentré(d, x, a, "S"); break;
-    case attaque::kPop: texteCentré(d, x, a, "P"); break;
+    case attaque::kHarmoniqueNaturelle:
+      texteCentré(d, x, a, "Harm.");
+      break;
+    case attaque::kHarmoniqueArtificielle:
+      texteCentré(d, x, a, "A.H.");
+      break;
+    case attaque::kTap:
+      texteCentré(d, x, a, "T");
+      break;
+    case attaque::kSlap:
+      texteCentré(d, x, a, "S");
+      break;
+    case attaque::kPop:
+      texteCentré(d, x, a, "P");
+      break;
     case attaque::kPalmMute: {
       d.setCurrentX(x);
       d.setCurrentY(a - d.TextHeight("P.M.") / 2.0);
@@ -140,7 +152,8 @@ void CPageRenderer::dessineAttaque(int p, const PlaceMesure& b, int c, const tNo
       d.setDrawWidth(1);
       break;
     }
-    default: break;
+    default:
+      break;
   }
 }
 
@@ -235,8 +248,8 @@ void CPageRenderer::drawOnPageEffet(int p, const PlaceMesure& b, int c, int n,
   }
   d.setDrawWidth(épaisseur(2));
   const auto liaison = [&] {
-    d.Arc(px(x), px((c - 2) * IS + T), px(nx), px((c - 1) * IS + T), px(nx),
-          px((c - 1.5) * IS + T), px(x), px((c - 1.5) * IS + T));
+    d.Arc(px(x), px((c - 2) * IS + T), px(nx), px((c - 1) * IS + T), px(nx), px((c - 1.5) * IS + T),
+          px(x), px((c - 1.5) * IS + T));
   };
   const auto relâche = [&] {
     d.Arc(px(x - w), px(T), px(x + w), px(T - 2 * IS), px(x + w), px(T - IS), px(x),
@@ -284,7 +297,9 @@ void CPageRenderer::drawOnPageEffet(int p, const PlaceMesure& b, int c, int n,
       d.LineStepOn(-barbe, 0);
       break;
     }
-    case effet::kBendReturn: relâche(); break;
+    case effet::kBendReturn:
+      relâche();
+      break;
     case effet::kBendDown:
       d.LineStep(x, T - 2 * IS, 0, IS);
       relâche();
@@ -310,7 +325,8 @@ void CPageRenderer::drawOnPageEffet(int p, const PlaceMesure& b, int c, int n,
     case effet::kSlideDown:
       if (suite) d.Line(x + IN / 2, (c - 1.25) * IS + T, nx - IN / 2, (c - 0.75) * IS + T);
       break;
-    default: break;
+    default:
+      break;
   }
   d.setDrawWidth(1);
 }

@@ -13,7 +13,9 @@
 namespace vt {
 
 namespace {
-double arrondi(double v) { return std::nearbyint(v); }
+double arrondi(double v) {
+  return std::nearbyint(v);
+}
 }  // namespace
 
 Colour CPageRenderer::couleurLignes() const {
@@ -88,15 +90,14 @@ void CPageRenderer::dessineSystème(int p, const SystèmePage& s, bool) {
     const PlaceMesure& b = places[i];
     const double tonalité =
         b.étirement * static_cast<double>(getOnPageLargeurTonalité(m_doc, m_prn, b.m, s.première));
-    const double signature = b.étirement * static_cast<double>(
-                                               getOnPageLargeurSignature(m_doc, m_prn, b.m, s.première));
+    const double signature =
+        b.étirement * static_cast<double>(getOnPageLargeurSignature(m_doc, m_prn, b.m, s.première));
     double x = b.xDébut;
     if (tonalité > 0 && m_s.cfgPrintPortée) dessineArmure(p, b, x, tonalité);
     if (signature > 0) {
       // The key's signs may reach past their room: the signature follows them.
       const int n = std::abs(m_doc.getMesureTonalitéAltérations(b.m));
-      const double finArmure =
-          tonalité > 0 && m_s.cfgPrintPortée ? x + (0.4 + n) * espace() : x;
+      const double finArmure = tonalité > 0 && m_s.cfgPrintPortée ? x + (0.4 + n) * espace() : x;
       dessineSignature(p, b, std::max(x + tonalité, finArmure), signature);
     }
     d.setForeColor(couleurLignes());
@@ -128,7 +129,8 @@ void CPageRenderer::dessineSystème(int p, const SystèmePage& s, bool) {
     for (const PlaceMesure& b : places) {
       m_altérations = altérationsDeTonalité(m_doc.getMesureTonalitéAltérations(b.m));
       for (int c = 1; c <= nb; ++c)
-        for (int n = 1; n <= m_doc.getNoteLast(p, b.m, c); ++n) drawOnPageNotePortée(p, b, c, n);
+        for (int n = 1; n <= m_doc.getNoteLast(p, b.m, c); ++n)
+          drawOnPageNotePortée(p, b, c, n);
       if (m_s.cfgPrintPortéeSilence) drawOnPageNotePortéeSilences(p, b);
     }
   }
@@ -141,7 +143,8 @@ void CPageRenderer::dessineSystème(int p, const SystèmePage& s, bool) {
     d.setFontTransparent(true);
     d.setForeColor(couleurLignes());
     const std::string numéro = std::to_string(s.première);
-    const double haut = m_s.cfgPrintPortée ? places.front().yPortée : places.front().yTab - 2.0 * IS;
+    const double haut =
+        m_s.cfgPrintPortée ? places.front().yPortée : places.front().yTab - 2.0 * IS;
     d.setCurrentX(static_cast<double>(m_prn.PRN_VIEW_MARGIN_LEFT));
     d.setCurrentY(haut - d.TextHeight(numéro) - espace() / 2);
     d.Print(numéro);
@@ -156,12 +159,15 @@ void CPageRenderer::dessineLignes(int p, const SystèmePage& s, double xFin) {
   const int nb = m_doc.getGuitareNbrCordes(p);
   d.setDrawWidth(épaisseur(2));
   d.setForeColor(couleurLignes());
-  for (int c = 1; c <= nb; ++c) d.Line(marge, yTab + (c - 1) * IS, xFin, yTab + (c - 1) * IS);
+  for (int c = 1; c <= nb; ++c)
+    d.Line(marge, yTab + (c - 1) * IS, xFin, yTab + (c - 1) * IS);
   d.Line(marge, yTab, marge, yTab + (nb - 1) * IS);
   if (m_s.cfgPrintPortée) {
-    const double yPortée = static_cast<double>(s.y + m_salleHaut + m_prn.PRN_VIEW_MARGIN_TOP_PORTEE);
+    const double yPortée =
+        static_cast<double>(s.y + m_salleHaut + m_prn.PRN_VIEW_MARGIN_TOP_PORTEE);
     d.setForeColor(kNoir);
-    for (int k = 0; k <= 4; ++k) d.Line(marge, yPortée + k * espace(), xFin, yPortée + k * espace());
+    for (int k = 0; k <= 4; ++k)
+      d.Line(marge, yPortée + k * espace(), xFin, yPortée + k * espace());
     d.Line(marge, yPortée, marge, yPortée + 4 * espace());
   }
   d.setDrawWidth(1);
@@ -170,12 +176,13 @@ void CPageRenderer::dessineLignes(int p, const SystèmePage& s, double xFin) {
 void CPageRenderer::dessineClé(int p, const SystèmePage& s) {
   Surface& d = *m_dev;
   const double marge = static_cast<double>(m_prn.PRN_VIEW_MARGIN_LEFT);
-  const double salle =
-      s.étirement * static_cast<double>(m_prn.PRN_VIEW_INTER_MESURE / 2 + m_prn.PRN_VIEW_INTER_NOTE);
+  const double salle = s.étirement * static_cast<double>(m_prn.PRN_VIEW_INTER_MESURE / 2 +
+                                                         m_prn.PRN_VIEW_INTER_NOTE);
   const double sp = espace();
   const double cx = marge + salle / 2;
   if (m_s.cfgPrintPortée) {
-    const double yPortée = static_cast<double>(s.y + m_salleHaut + m_prn.PRN_VIEW_MARGIN_TOP_PORTEE);
+    const double yPortée =
+        static_cast<double>(s.y + m_salleHaut + m_prn.PRN_VIEW_MARGIN_TOP_PORTEE);
     d.setForeColor(kNoir);
     if (m_doc.getPortéeClef(p) == 1) {
       // Seven spaces high, from a space and a half above the staff.
@@ -283,18 +290,20 @@ void CPageRenderer::dessineBarre(int p, const PlaceMesure& b, double x, bool gau
   std::vector<Portion> portions;
   if (m_s.cfgPrintPortée)
     portions.push_back({b.yPortée, b.yPortée + 4 * sp, b.yPortée + 1.5 * sp, b.yPortée + 2.5 * sp});
-  portions.push_back({b.yTab, b.yTab + (nb - 1) * IS, b.yTab + IS + IS / 2,
-                      b.yTab + (nb - 2) * IS - IS / 2});
+  portions.push_back(
+      {b.yTab, b.yTab + (nb - 1) * IS, b.yTab + IS + IS / 2, b.yTab + (nb - 2) * IS - IS / 2});
   d.setForeColor(couleurLignes());
   d.setFillColor(couleurLignes());
   const int type = gauche ? m_doc.getMesureLoopGaucheType(b.m) : m_doc.getMesureLoopDroiteType(b.m);
   const auto trait = [&](double xt, int largeur) {
     d.setDrawWidth(épaisseur(largeur));
-    for (const Portion& q : portions) d.Line(xt, q.haut, xt, q.bas);
+    for (const Portion& q : portions)
+      d.Line(xt, q.haut, xt, q.bas);
     d.setDrawWidth(1);
   };
   const auto épais = [&](double x1, double x2) {
-    for (const Portion& q : portions) d.Line(x1, q.haut, x2, q.bas, LineForm::FilledBox);
+    for (const Portion& q : portions)
+      d.Line(x1, q.haut, x2, q.bas, LineForm::FilledBox);
   };
   const auto points = [&](double xp) {
     const FillStyle avant = d.fillStyle();
@@ -309,18 +318,23 @@ void CPageRenderer::dessineBarre(int p, const PlaceMesure& b, double x, bool gau
   if (!gauche) trait(x, 3);
   if (gauche) {
     switch (type) {
-      case barre::kDouble: trait(x + 3 * f, 2); break;
+      case barre::kDouble:
+        trait(x + 3 * f, 2);
+        break;
       case barre::kRepetition:
         épais(x - f, x + f);
         trait(x + 5 * f, 2);
         points(x + 8 * f);
         break;
-      default: break;
+      default:
+        break;
     }
     return;
   }
   switch (type) {
-    case barre::kDouble: trait(x - 3 * f, 2); break;
+    case barre::kDouble:
+      trait(x - 3 * f, 2);
+      break;
     case barre::kRepetition: {
       épais(x - f, x + f);
       trait(x - 4 * f, 2);
@@ -343,7 +357,8 @@ void CPageRenderer::dessineBarre(int p, const PlaceMesure& b, double x, bool gau
       épais(x - f, x + f);
       trait(x - 4 * f, 2);
       break;
-    default: break;
+    default:
+      break;
   }
 }
 
@@ -389,7 +404,8 @@ void CPageRenderer::dessineDiagramme(const tAccord& accord, int nbCordes, double
     for (int i = 0; i < nbCordes; ++i)
       d.Line(gauche + i * pasCorde, haut, gauche + i * pasCorde, yBas);
     d.setDrawWidth(1);
-    if (première == 1) d.Line(gauche, haut - pasCase / 5, gauche + largeur, haut, LineForm::FilledBox);
+    if (première == 1)
+      d.Line(gauche, haut - pasCase / 5, gauche + largeur, haut, LineForm::FilledBox);
     const FillStyle avant = d.fillStyle();
     const double r = pasCorde * 0.36;
     for (int c = 1; c <= nbCordes && c <= accord.tabCordes.last(); ++c) {

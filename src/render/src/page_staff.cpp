@@ -12,7 +12,9 @@
 namespace vt {
 
 namespace {
-int px(double v) { return static_cast<int>(std::nearbyint(v)); }
+int px(double v) {
+  return static_cast<int>(std::nearbyint(v));
+}
 }  // namespace
 
 namespace glyphe {
@@ -105,8 +107,7 @@ void CPageRenderer::drawOnPageNotePortée(int p, const PlaceMesure& b, int c, in
 
 // The stem of a chord, drawn by its highest note through its lowest head, with
 // the beams or the flags at its tip.
-void CPageRenderer::dessineTêteEtHampe(int p, const PlaceMesure& b, int c, int n, int u,
-                                        double x) {
+void CPageRenderer::dessineTêteEtHampe(int p, const PlaceMesure& b, int c, int n, int u, double x) {
   const tNote* note = m_doc.getNote(p, b.m, c, n);
   Surface& d = *m_dev;
   const double H = static_cast<double>(m_prn.PRN_VIEW_INTER_PORTEE);
@@ -152,8 +153,8 @@ void CPageRenderer::dessineTêteEtHampe(int p, const PlaceMesure& b, int c, int 
   if (barres == 0) return;
   const EtatRythme e = étatRythme(m_doc, p, b.m, c, n);
   const int échelle = b.échelle > 0 ? b.échelle : 192;
-  const double U = std::nearbyint(b.étirement * static_cast<double>(note->bytDurée * b.interNote /
-                                                                      échelle)) / 2;
+  const double U =
+      std::nearbyint(b.étirement * static_cast<double>(note->bytDurée * b.interNote / échelle)) / 2;
   const double F = static_cast<double>(m_prn.PRN_VIEW_INTER_NOTE) * b.étirement / 4;
   const bool seule = (e.position == 0 && !(e.suivant && !e.suivantLong)) ||
                      (e.position == 1 && !e.précédent && !e.suivant) ||

@@ -40,8 +40,12 @@ QIcon iconeAlignement(int alignement) {
   return QIcon(p);
 }
 
-QColor qCouleur(lng c) { return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF); }
-lng vbCouleur(const QColor& c) { return c.red() | (c.green() << 8) | (c.blue() << 16); }
+QColor qCouleur(lng c) {
+  return QColor(c & 0xFF, (c >> 8) & 0xFF, (c >> 16) & 0xFF);
+}
+lng vbCouleur(const QColor& c) {
+  return c.red() | (c.green() << 8) | (c.blue() << 16);
+}
 
 }  // namespace
 

@@ -50,9 +50,8 @@ Impression imprimePiste(QPrinter& printer, const CVantoroTablature& doc, const T
                                                          : Impression::Echouee;
 }
 
-FTabPrint::FTabPrint(std::function<TabSettings()> reglages, const CVantoroTablature& doc,
-                     int piste, QPrinter& printer, std::function<QString(int)> texte,
-                     QWidget* parent)
+FTabPrint::FTabPrint(std::function<TabSettings()> reglages, const CVantoroTablature& doc, int piste,
+                     QPrinter& printer, std::function<QString(int)> texte, QWidget* parent)
     : QDialog(parent),
       m_reglages(std::move(reglages)),
       m_doc(doc),
@@ -109,7 +108,9 @@ FTabPrint::FTabPrint(std::function<TabSettings()> reglages, const CVantoroTablat
   affiche();
 }
 
-QScrollBar* FTabPrint::vsbPage() const { return m_picFond->verticalScrollBar(); }
+QScrollBar* FTabPrint::vsbPage() const {
+  return m_picFond->verticalScrollBar();
+}
 
 void FTabPrint::affiche() {
   m_pages = std::max(
@@ -135,7 +136,8 @@ void FTabPrint::btnImprimer_Click() {
     case Impression::Echouee:
       if (message) message(m_texte(1378));
       break;
-    default: break;
+    default:
+      break;
   }
 }
 

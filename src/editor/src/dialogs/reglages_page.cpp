@@ -7,7 +7,9 @@
 namespace vt {
 
 namespace {
-Colour couleurDe(lng valeur) { return static_cast<Colour>(valeur) & 0xFFFFFFu; }
+Colour couleurDe(lng valeur) {
+  return static_cast<Colour>(valeur) & 0xFFFFFFu;
+}
 }  // namespace
 
 TabSettings réglagesPage(const Settings& s, const Textes& t) {

@@ -43,10 +43,9 @@ inline constexpr Signe kHampe{0xFA, -117, -181, -67, 974};
 inline constexpr Signe kChiffre{0x30, 79, -23, 945, 1365};
 
 inline constexpr Signe kTous[] = {
-    kCléSol,   kCléFa,        kDièse,        kBémol,      kBécarre,     kPoint,
-    kRonde,    kBlanche,      kNoire,        kCroche,     kDoubleCroche, kTripleCroche,
-    kPauseRonde, kPauseBlanche, kSoupir,     kDemiSoupir, kQuartSoupir, kHuitièmeSoupir,
-    kTêtePleine, kHampe,
+    kCléSol,  kCléFa,      kDièse,       kBémol,          kBécarre,      kPoint,      kRonde,
+    kBlanche, kNoire,      kCroche,      kDoubleCroche,   kTripleCroche, kPauseRonde, kPauseBlanche,
+    kSoupir,  kDemiSoupir, kQuartSoupir, kHuitièmeSoupir, kTêtePleine,   kHampe,
 };
 
 // A sign as text: its code in UTF-8.

@@ -29,11 +29,11 @@ inline constexpr double kUnitésParPouce = 360;
 
 // A line of bars on a page.
 struct SystèmePage {
-  int première = 1;       // its first bar
-  int dernière = 1;       // its last bar
-  double étirement = 1;   // every x inside it is multiplied by this
-  lng largeur = 0;        // its natural width, before the stretch
-  lng y = 0;              // its top on the page
+  int première = 1;      // its first bar
+  int dernière = 1;      // its last bar
+  double étirement = 1;  // every x inside it is multiplied by this
+  lng largeur = 0;       // its natural width, before the stretch
+  lng y = 0;             // its top on the page
   bool operator==(const SystèmePage&) const = default;
 };
 
@@ -45,12 +45,12 @@ struct PagePlan {
 // Where everything of one track goes: the pages and their systems.
 struct MiseEnPage {
   int piste = 1;
-  double zoom = 1;          // the page factor over 3: fonts grow with it
+  double zoom = 1;  // the page factor over 3: fonts grow with it
   PrintMetrics prn;
-  lng salleHaut = 0;        // room above the staff for chords, texts and tempos
+  lng salleHaut = 0;  // room above the staff for chords, texts and tempos
   lng hauteurSystème = 0;
-  lng débordBas = 0;        // what hangs below a system: the tablature's stems
-  lng hauteurEntête = 0;    // the head of page 1
+  lng débordBas = 0;      // what hangs below a system: the tablature's stems
+  lng hauteurEntête = 0;  // the head of page 1
   std::vector<PagePlan> pages;
   int nombrePages() const { return static_cast<int>(pages.size()); }
 };
@@ -58,15 +58,15 @@ struct MiseEnPage {
 // Where a bar stands in its system.
 struct PlaceMesure {
   int m = 1;
-  double xDébut = 0;   // its left edge
-  double xNotes = 0;   // the origin of its notes, after its key and signature
-  double xFin = 0;     // its right bar line
-  int échelle = 192;   // ticks per column (getOnPageViewMode)
+  double xDébut = 0;  // its left edge
+  double xNotes = 0;  // the origin of its notes, after its key and signature
+  double xFin = 0;    // its right bar line
+  int échelle = 192;  // ticks per column (getOnPageViewMode)
   double étirement = 1;
-  lng interNote = 0;   // PRN_VIEW_INTER_NOTE
-  lng interMesure = 0; // PRN_VIEW_INTER_MESURE
-  double yPortée = 0;  // the staff's top line
-  double yTab = 0;     // the first string
+  lng interNote = 0;    // PRN_VIEW_INTER_NOTE
+  lng interMesure = 0;  // PRN_VIEW_INTER_MESURE
+  double yPortée = 0;   // the staff's top line
+  double yTab = 0;      // the first string
   // The x of tick X: the bar's x and the stretched column and padding.
   double xTick(int X) const;
 };
@@ -101,8 +101,7 @@ class CPageRenderer {
   // ---- The page's twins of the strip's routines ----------------------------------
   void drawOnPageNote(int p, const PlaceMesure& b, int c, int n);
   void drawOnPageEffet(int p, const PlaceMesure& b, int c, int n, const PlaceMesure* suivante);
-  void drawOnPageRythme(int d, double x, double y, double h, double unité,
-                        const EtatRythmePage& e);
+  void drawOnPageRythme(int d, double x, double y, double h, double unité, const EtatRythmePage& e);
   void drawOnPageNotePortée(int p, const PlaceMesure& b, int c, int n);
   void drawOnPageNotePortéeSilences(int p, const PlaceMesure& b);
 

@@ -46,7 +46,7 @@ QImage imagePage(const CVantoroTablature& doc, const TabSettings& settings, int 
 }
 
 int peintPages(QPainter& painter, QPagedPaintDevice& device, const CVantoroTablature& doc,
-                const TabSettings& settings, const std::vector<int>& pistes, int de, int à) {
+               const TabSettings& settings, const std::vector<int>& pistes, int de, int à) {
   const QPageLayout page = device.pageLayout();
   PageSurface surface(&painter, page, device.logicalDpiX(), PageSurface::Origine::Zone);
   CPageRenderer r(doc, settings);

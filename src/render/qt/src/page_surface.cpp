@@ -100,8 +100,8 @@ void PageSurface::drawSegment(double x1, double y1, double x2, double y2) {
 
 void PageSurface::drawBox(double x1, double y1, double x2, double y2, bool filled) {
   if (m_painter == nullptr) return;
-  const QRectF r = QRectF(point(std::min(x1, x2), std::min(y1, y2)),
-                          point(std::max(x1, x2), std::max(y1, y2)));
+  const QRectF r =
+      QRectF(point(std::min(x1, x2), std::min(y1, y2)), point(std::max(x1, x2), std::max(y1, y2)));
   m_painter->setCompositionMode(QPainter::CompositionMode_SourceOver);
   if (filled) {
     m_painter->fillRect(r, couleurQt(ForeColor()));
@@ -140,7 +140,9 @@ void PageSurface::drawGlyph(double x, double y, std::string_view texte) {
   m_painter->drawText(point(x, y), texteQt(texte));
 }
 
-void PageSurface::drawDeviceLine(int x1, int y1, int x2, int y2) { drawSegment(x1, y1, x2, y2); }
+void PageSurface::drawDeviceLine(int x1, int y1, int x2, int y2) {
+  drawSegment(x1, y1, x2, y2);
+}
 
 void PageSurface::clear() {
   if (m_painter == nullptr) return;
@@ -169,7 +171,8 @@ void PageSurface::Arc(int l, int t, int r, int b, int xs, int ys, int xe, int ye
   const double début = std::atan2(-(ys - cy) / ry, (xs - cx) / rx) * kDegrés;
   const double fin = std::atan2(-(ye - cy) / ry, (xe - cx) / rx) * kDegrés;
   double étendue = fin - début;
-  while (étendue <= 0) étendue += 360;
+  while (étendue <= 0)
+    étendue += 360;
   préparePlume();
   m_painter->drawArc(rect, static_cast<int>(std::lround(début * 16)),
                      static_cast<int>(std::lround(étendue * 16)));

@@ -38,8 +38,7 @@ QImage imagePage(const CVantoroTablature& doc, const TabSettings& settings, int 
 // them in that order, those from `de` to `à` (from 1; `à` 0 for all). The
 // number of pages painted; -1 when the device refused a new page.
 int peintPages(QPainter& painter, QPagedPaintDevice& device, const CVantoroTablature& doc,
-                const TabSettings& settings, const std::vector<int>& pistes, int de = 1,
-                int à = 0);
+               const TabSettings& settings, const std::vector<int>& pistes, int de = 1, int à = 0);
 
 struct RésultatPdf {
   bool ok = false;
