@@ -42,11 +42,12 @@ void FTab::connecteImpression() {
 
 void FTab::imprime() {
   TimerMIDIStop(true);
-  m_vt.showHourglass(true);
+  // The hourglass while the pages go to the printer, not over the dialog.
   const Impression r = imprimePiste(m_vt.printer(), doc(), réglagesPage(), piste(),
                                     [this](QPrinter& printer, int pages) {
-                                      m_vt.showHourglass(false);
-                                      return dialogueImpression(printer, pages);
+                                      const bool ok = dialogueImpression(printer, pages);
+                                      if (ok) m_vt.showHourglass(true);
+                                      return ok;
                                     });
   m_vt.showHourglass(false);
   if (r == Impression::Echouee) message(m_vt.loadString(1378));
