@@ -263,10 +263,10 @@ void CPageRenderer::drawOnPage(Surface& device, const MiseEnPage& mise, int page
                    device, true, mise.zoom);
   }
   const auto& systèmes = mise.pages[static_cast<std::size_t>(page - 1)].systèmes;
-  for (std::size_t i = 0; i < systèmes.size(); ++i) {
-    m_premièreMesure = systèmes[i].première;
-    m_étirement = systèmes[i].étirement;
-    dessineSystème(mise.piste, systèmes[i], i == 0);
+  for (const SystèmePage& s : systèmes) {
+    m_premièreMesure = s.première;
+    m_étirement = s.étirement;
+    dessineSystème(mise.piste, s);
   }
   m_dev = nullptr;
 }

@@ -74,7 +74,7 @@ std::vector<PlaceMesure> CPageRenderer::placesMesures(int p, const SystèmePage&
   return places;
 }
 
-void CPageRenderer::dessineSystème(int p, const SystèmePage& s, bool) {
+void CPageRenderer::dessineSystème(int p, const SystèmePage& s) {
   const std::vector<PlaceMesure> places = placesMesures(p, s);
   if (places.empty()) return;
   const double xFin = places.back().xFin;

@@ -102,12 +102,12 @@ void CPageRenderer::drawOnPageNotePortée(int p, const PlaceMesure& b, int c, in
 
   if (famille == Famille::Ronde || famille == Famille::Blanche || famille == Famille::Aucune)
     return;
-  dessineTêteEtHampe(p, b, c, n, u, x);
+  dessineHampe(p, b, c, n, u, x);
 }
 
 // The stem of a chord, drawn by its highest note through its lowest head, with
 // the beams or the flags at its tip.
-void CPageRenderer::dessineTêteEtHampe(int p, const PlaceMesure& b, int c, int n, int u, double x) {
+void CPageRenderer::dessineHampe(int p, const PlaceMesure& b, int c, int n, int u, double x) {
   const tNote* note = m_doc.getNote(p, b.m, c, n);
   Surface& d = *m_dev;
   const double H = static_cast<double>(m_prn.PRN_VIEW_INTER_PORTEE);

@@ -119,7 +119,7 @@ class CPageRenderer {
 
  private:
   // Painting of one system.
-  void dessineSystème(int p, const SystèmePage& s, bool premierDeLaPage);
+  void dessineSystème(int p, const SystèmePage& s);
   std::vector<PlaceMesure> placesMesures(int p, const SystèmePage& s) const;
   void dessineLignes(int p, const SystèmePage& s, double xFin);
   void dessineClé(int p, const SystèmePage& s);
@@ -131,7 +131,7 @@ class CPageRenderer {
   void dessineTempos(const PlaceMesure& b);
   void dessineTextes(int p, const PlaceMesure& b);
   void dessineAttaque(int p, const PlaceMesure& b, int c, const tNote& note, double x);
-  void dessineTêteEtHampe(int p, const PlaceMesure& b, int c, int n, int u, double x);
+  void dessineHampe(int p, const PlaceMesure& b, int c, int n, int u, double x);
   void dessineDrapeaux(double x, double pointe, int barres, bool versLeBas);
 
   // A sign of the music font, its outline `hauteur` units high, placed by the
