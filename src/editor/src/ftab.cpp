@@ -108,6 +108,7 @@ FTab::FTab(VT& vt, QWidget* parent)
   connecteJeu();
   connecteDialogues();
   connecteImports();
+  connecteImpression();
   load_lang();
   DebugInitialisation();
 }
