@@ -37,6 +37,7 @@ namespace vt {
 class Manche;
 class PanneauStatut;
 class FAideNavigateur;
+class TraductionQt;
 
 // The fixed note names, index 0 being A: the pitch class of MIDI note m is (m + 3) % 12.
 inline constexpr std::array<const char*, 12> kNotes = {"A",  "A#", "B", "C",  "C#", "D",
@@ -196,6 +197,8 @@ class VT : public QMainWindow {
   void appliqueGéométrie();
   void ligneDeCommande(const QString& ligne);
   void fenêtresAuDémarrage();
+  // The sound's notices, each notice about the machine once for good.
+  void avertitSon();
   void Form_Unload();
 
   // Chrome.
@@ -209,6 +212,9 @@ class VT : public QMainWindow {
   void libellésBarre();
   void arrangeIcônes();
   void mosaïque(Qt::Orientation sens);
+
+  // Makes the help window a window of this modal dialog, beside it.
+  void aideÀCôtéDe(QWidget& dialogue);
 
   // Fretboard events.
   void picManche_MouseMove(int c, int s, Qt::MouseButtons boutons);
@@ -259,6 +265,8 @@ class VT : public QMainWindow {
   PanneauStatut* m_insert = nullptr;
   int m_statusTextId = 0;
   QPointer<FAideNavigateur> m_aide;
+  // Qt's own texts in the current language.
+  std::unique_ptr<TraductionQt> m_traductionQt;
 };
 
 }  // namespace vt
