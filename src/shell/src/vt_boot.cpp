@@ -130,11 +130,11 @@ bool VT::MDIForm_Load(const Démarrage& d) {
   activateWindow();
   // Last, once the start page and the tip are gone, so that nothing modal
   // covers it: the user learns why nothing may be heard.
-  avertitSon();
+  montreMessagesSon();
   return true;
 }
 
-void VT::avertitSon() {
+void VT::montreMessagesSon() {
   QStringList dits = m_settings.setAvisSonDits.split(QLatin1Char(','), Qt::SkipEmptyParts);
   QStringList textes;
   for (const AvisSon& a : m_son->prendMessages()) {
@@ -146,7 +146,7 @@ void VT::avertitSon() {
     textes << a.texte;
   }
   m_settings.setAvisSonDits = dits.join(QLatin1Char(','));
-  if (textes.isEmpty()) return;
+  if (textes.isEmpty() || !m_interactions.avertissement) return;
   étape(QStringLiteral("avertissement"));
   m_interactions.avertissement(textes.join(QStringLiteral("\n\n")));
 }

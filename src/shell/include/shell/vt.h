@@ -80,6 +80,11 @@ class VT : public QMainWindow {
   // A note of the MIDI input: to the editor when it is loaded, else sounded
   // on the settings' channel and handed to the harmonizer.
   void noteMidiEntrante(int corde, int note, bool enfoncee);
+  // What the sound has to say since it last spoke (no SoundFont, a port that
+  // cannot be opened), in one notice over the window; nothing when all is well.
+  // What it says about the machine itself (no audio output, no usable
+  // SoundFont) is said once on that machine, remembered in the settings.
+  void montreMessagesSon();
 
   // ---- What the windows share -------------------------------------------------
   Settings& settings() { return m_settings; }
@@ -197,8 +202,6 @@ class VT : public QMainWindow {
   void appliqueGéométrie();
   void ligneDeCommande(const QString& ligne);
   void fenêtresAuDémarrage();
-  // The sound's notices, each notice about the machine once for good.
-  void avertitSon();
   void Form_Unload();
 
   // Chrome.
