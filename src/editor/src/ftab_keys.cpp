@@ -18,7 +18,6 @@ bool estEntrée(int key) {
   return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
-// The effect of each letter key.
 // The Edit menu's entry of Ctrl with this key: 3 cut, 4 copy, 5 paste; 0 for
 // any other key.
 int indexPressePapier(int key) {
@@ -34,6 +33,7 @@ int indexPressePapier(int key) {
   }
 }
 
+// The effect of each letter key.
 byt effetDeLaTouche(int key) {
   switch (key) {
     case Qt::Key_L:
