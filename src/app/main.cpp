@@ -5,6 +5,9 @@
 
 #include "editor/ftab.h"
 #include "shell/vt.h"
+#include "tools/faccordeur.h"
+#include "tools/fmetronome.h"
+#include "tools/fmultimedia.h"
 
 int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
@@ -14,6 +17,9 @@ int main(int argc, char* argv[]) {
 
   vt::VT vt;
   vt.fenetres().enregistrer(vt::fen::FTab, [](vt::VT& v) { return new vt::FTab(v); });
+  vt.fenetres().enregistrer(vt::fen::FAccordeur, [](vt::VT& v) { return new vt::FAccordeur(v); });
+  vt.fenetres().enregistrer(vt::fen::FMetronome, [](vt::VT& v) { return new vt::FMetronome(v); });
+  vt.fenetres().enregistrer(vt::fen::FMultimedia, [](vt::VT& v) { return new vt::FMultimedia(v); });
   vt::VT::Démarrage démarrage;
   // The command line as typed: the whole of it names one file.
   démarrage.ligneDeCommande = QApplication::arguments().mid(1).join(QLatin1Char(' '));

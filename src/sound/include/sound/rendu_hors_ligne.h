@@ -23,6 +23,10 @@ struct OptionsRendu {
   std::vector<std::string> soundFontsSystème = soundFontsDuSystème();
   // Time left after the last message for the notes to die away.
   double traîneMs = 2000;
+  // Reverberation and chorus as the live synthesizer has them; without them,
+  // the instruments as a microphone close to them would hear them (the
+  // tuner's tests measure pitch on such a dry sound).
+  bool effets = true;
 };
 
 inline constexpr int kFréquenceRendu = 44100;
