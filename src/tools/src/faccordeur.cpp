@@ -304,19 +304,19 @@ void FAccordeur::texteCorde() {
 
 void FAccordeur::texteEcoute() {
   if (!m_pageEcoute) return;
-  switch (m_écoute->entree().etat()) {
-    case EntreeAudio::Etat::SansPeripherique:
-      m_txt->setText(m_vt.loadString(1608));
-      return;
-    case EntreeAudio::Etat::EnErreur:
-      m_txt->setText(m_vt.loadString(1609) + m_écoute->entree().erreur());
-      return;
-    default:
-      break;
-  }
   const LectureAccordeur& l = m_écoute->lecture();
   if (!l.voisée || l.note.corde <= 0) {
-    m_txt->setText(m_vt.loadString(1607));
+    switch (m_écoute->entree().etat()) {
+      case EntreeAudio::Etat::SansPeripherique:
+        m_txt->setText(m_vt.loadString(1608));
+        break;
+      case EntreeAudio::Etat::EnErreur:
+        m_txt->setText(m_vt.loadString(1609) + m_écoute->entree().erreur());
+        break;
+      default:
+        m_txt->setText(m_vt.loadString(1607));
+        break;
+    }
     return;
   }
   const QLocale langue(m_vt.setLang() == 0 ? QLocale::French : QLocale::English);

@@ -324,7 +324,8 @@ void FMultimedia::combFileType_Change(int index) {
 
 bool FMultimedia::choisitFichier(const QString& chemin) {
   const QFileInfo f(chemin);
-  if (!f.isFile()) return false;
+  // A file the type filter hides cannot be chosen in the list either.
+  if (!f.isFile() || !QDir::match(m_modèleFichiers->nameFilters(), f.fileName())) return false;
   const int lecteur = m_lecteur_->findData(QStorageInfo(f.absolutePath()).rootPath());
   if (lecteur >= 0 && lecteur != m_lecteur_->currentIndex()) {
     m_lecteur_->setCurrentIndex(lecteur);

@@ -27,6 +27,18 @@ LecteurMci::LecteurMci(QObject* parent)
             if (s == QMediaPlayer::EndOfMedia) emit fin();
           });
   connect(m_player.get(), &QMediaPlayer::positionChanged, this, &LecteurMci::suitBoucle);
+  m_suivi.setInterval(15);
+  connect(&m_suivi, &QTimer::timeout, this, [this] { suitBoucle(m_player->position()); });
+  connect(m_player.get(), &QMediaPlayer::playbackStateChanged, this,
+          [this](QMediaPlayer::PlaybackState) { suisLaBoucle(); });
+}
+
+void LecteurMci::suisLaBoucle() {
+  if (boucle() && m_player->playbackState() == QMediaPlayer::PlayingState) {
+    m_suivi.start();
+  } else {
+    m_suivi.stop();
+  }
 }
 
 LecteurMci::~LecteurMci() {
@@ -76,15 +88,18 @@ void LecteurMci::setVitesse(double v) {
 void LecteurMci::setBoucleA(qint64 ms) {
   m_a = ms;
   if (m_b >= 0 && m_b <= m_a) m_b = -1;
+  suisLaBoucle();
 }
 
 void LecteurMci::setBoucleB(qint64 ms) {
   if (m_a < 0 || ms <= m_a) return;
   m_b = ms;
+  suisLaBoucle();
 }
 
 void LecteurMci::effaceBoucle() {
   m_a = m_b = -1;
+  suisLaBoucle();
 }
 
 void LecteurMci::suitBoucle(qint64 position) {

@@ -9,6 +9,7 @@
 #include <QMediaPlayer>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <QUrl>
 #include <memory>
 
@@ -51,7 +52,9 @@ class LecteurMci : public QObject {
   qint64 boucleA() const { return m_a; }
   qint64 boucleB() const { return m_b; }
   bool boucle() const { return m_a >= 0 && m_b > m_a; }
-  // Goes back to A when B is passed; called as the position moves.
+  // Goes back to A when B is passed; called as the position moves, and every
+  // few milliseconds while a loop plays (the backend tells the position only
+  // now and then).
   void suitBoucle(qint64 position);
 
   QMediaPlayer& player() { return *m_player; }
@@ -65,6 +68,8 @@ class LecteurMci : public QObject {
   void fin();
 
  private:
+  void suisLaBoucle();
+
   std::unique_ptr<QMediaPlayer> m_player;
   std::unique_ptr<QAudioOutput> m_sortie;
   QUrl m_commande;
@@ -74,6 +79,7 @@ class LecteurMci : public QObject {
   double m_vitesse = 1;
   qint64 m_a = -1;
   qint64 m_b = -1;
+  QTimer m_suivi;
 };
 
 }  // namespace vt
