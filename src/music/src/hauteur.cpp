@@ -199,18 +199,23 @@ double DétecteurHauteur::affine(double tau0, double valeur) const {
   return tau;
 }
 
-// Two Hann windows of three quarters of the frame, at its start and a
-// quarter later, into the two spectra.
+// Two Blackman-Harris windows of three quarters of the frame, at its start
+// and a quarter later, into the two spectra (up to half the sampling rate):
+// one transform of the first plus i times the second, taken apart by symmetry.
 void DétecteurHauteur::spectres(std::span<const float> trame, double moyenne) {
   const std::size_t N = static_cast<std::size_t>(m_r.taille);
   const std::size_t L = m_fenêtre.size();
-  for (int fenêtre = 0; fenêtre < 2; ++fenêtre) {
-    auto& x = fenêtre == 0 ? m_spectre : m_spectre2;
-    const std::size_t début = fenêtre == 0 ? 0 : N - L;
-    for (std::size_t i = 0; i < L; ++i)
-      x[i] = {(trame[début + i] - moyenne) * m_fenêtre[i], 0.0};
-    std::fill(x.begin() + static_cast<std::ptrdiff_t>(L), x.end(), std::complex<double>{});
-    m_fft->directe(x);
+  const std::size_t M = m_fft->taille();
+  auto& z = m_spectre2;
+  for (std::size_t i = 0; i < L; ++i)
+    z[i] = {(trame[i] - moyenne) * m_fenêtre[i], (trame[N - L + i] - moyenne) * m_fenêtre[i]};
+  std::fill(z.begin() + static_cast<std::ptrdiff_t>(L), z.end(), std::complex<double>{});
+  m_fft->directe(z);
+  for (std::size_t k = 0; k <= M / 2; ++k) {
+    const std::complex<double> a = z[k];
+    const std::complex<double> b = std::conj(z[(M - k) % M]);
+    m_spectre[k] = 0.5 * (a + b);
+    z[k] = std::complex<double>(0, -0.5) * (a - b);
   }
 }
 

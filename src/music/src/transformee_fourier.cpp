@@ -36,17 +36,25 @@ void TransforméeFourier::transforme(std::vector<std::complex<double>>& x, bool 
   assert(x.size() == m_taille);
   for (std::size_t i = 0; i < m_taille; ++i)
     if (i < m_permutation[i]) std::swap(x[i], x[m_permutation[i]]);
+  // The butterflies on the real and imaginary parts themselves: the product
+  // of std::complex checks for infinities on every multiplication.
+  auto* v = reinterpret_cast<double*>(x.data());
+  const auto* w = reinterpret_cast<const double*>(m_racines.data());
+  const double signe = inverse ? -1.0 : 1.0;
   for (std::size_t longueur = 2; longueur <= m_taille; longueur *= 2) {
     const std::size_t moitié = longueur / 2;
     const std::size_t pas = m_taille / longueur;
     for (std::size_t début = 0; début < m_taille; début += longueur) {
       for (std::size_t k = 0; k < moitié; ++k) {
-        std::complex<double> w = m_racines[k * pas];
-        if (inverse) w = std::conj(w);
-        const std::complex<double> a = x[début + k];
-        const std::complex<double> b = x[début + k + moitié] * w;
-        x[début + k] = a + b;
-        x[début + k + moitié] = a - b;
+        const double wr = w[2 * k * pas], wi = signe * w[2 * k * pas + 1];
+        double* a = v + 2 * (début + k);
+        double* b = v + 2 * (début + k + moitié);
+        const double br = b[0] * wr - b[1] * wi;
+        const double bi = b[0] * wi + b[1] * wr;
+        b[0] = a[0] - br;
+        b[1] = a[1] - bi;
+        a[0] += br;
+        a[1] += bi;
       }
     }
   }
