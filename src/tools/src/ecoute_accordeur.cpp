@@ -6,7 +6,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "habillage.h"
+#include "habillage_outil.h"
 
 namespace vt {
 
@@ -156,13 +156,13 @@ void EcouteAccordeur::paintEvent(QPaintEvent*) {
   for (int c = -50; c <= 50; c += 5) {
     const bool grand = c % 25 == 0;
     const double long_ = c == 0 ? 16 : grand ? 11 : (c % 10 == 0 ? 7 : 4);
-    p.setPen(QPen(c == 0 ? habillage::kAmbre : habillage::kCrème, c == 0 ? 2.5 : 1.2));
+    p.setPen(QPen(c == 0 ? kAmbre : kCrème, c == 0 ? 2.5 : 1.2));
     p.drawLine(surLEchelle(c, 86), surLEchelle(c, 86 - long_));
   }
   QFont petit = font();
   petit.setPointSize(7);
   p.setFont(petit);
-  p.setPen(habillage::kCrème);
+  p.setPen(kCrème);
   for (int c : {-50, -25, 25, 50}) {
     const QPointF q = surLEchelle(c, 62);
     p.drawText(QRectF(q - QPointF(14, 7), QSizeF(28, 14)), Qt::AlignCenter,
@@ -170,7 +170,7 @@ void EcouteAccordeur::paintEvent(QPaintEvent*) {
   }
   // The band of the tune at the top of the scale, lit in tune.
   p.setPen(
-      QPen(juste ? habillage::kVert : QColor(0x4A, 0x34, 0x22), 5, Qt::SolidLine, Qt::FlatCap));
+      QPen(juste ? kVert : QColor(0x4A, 0x34, 0x22), 5, Qt::SolidLine, Qt::FlatCap));
   p.setBrush(Qt::NoBrush);
   const double r = 91;
   const double demiBande = kDemiAngle * kJusteCents / kPlageCents;
@@ -183,13 +183,13 @@ void EcouteAccordeur::paintEvent(QPaintEvent*) {
     grand.setPointSize(26);
     grand.setBold(true);
     p.setFont(grand);
-    p.setPen(juste ? habillage::kVert : habillage::kCrème);
+    p.setPen(juste ? kVert : kCrème);
     p.drawText(QRectF(40, 118, 140, 44), Qt::AlignCenter,
                nomNote(m_cordes.at(static_cast<std::size_t>(m_lecture.note.corde - 1))));
     QFont moyen = font();
     moyen.setPointSize(9);
     p.setFont(moyen);
-    p.setPen(habillage::kAmbre);
+    p.setPen(kAmbre);
     const QString signe = cents > 0 ? QStringLiteral("+") : QString();
     p.drawText(QRectF(40, 160, 140, 20), Qt::AlignCenter,
                signe + QString::number(cents, 'f', 1) + QStringLiteral(" ¢"));
@@ -198,7 +198,7 @@ void EcouteAccordeur::paintEvent(QPaintEvent*) {
   // The needle, pegged at either end beyond the scale.
   const QPointF pointe = surLEchelle(cents, 84);
   const QPointF pied = surLEchelle(cents, -8);
-  p.setPen(QPen(voisée ? habillage::kAmbre : QColor(0x8A, 0x6A, 0x48), 2.6, Qt::SolidLine,
+  p.setPen(QPen(voisée ? kAmbre : QColor(0x8A, 0x6A, 0x48), 2.6, Qt::SolidLine,
                 Qt::RoundCap));
   p.drawLine(pied, pointe);
   p.setPen(Qt::NoPen);

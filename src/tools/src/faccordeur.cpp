@@ -17,7 +17,7 @@
 #include "document/cp1252.h"
 #include "ecoute_accordeur.h"
 #include "formats/catalogue.h"
-#include "habillage.h"
+#include "habillage_outil.h"
 #include "music/accordage.h"
 #include "roue_accordeur.h"
 #include "shell/vt.h"
@@ -87,16 +87,20 @@ FAccordeur::FAccordeur(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
     if (c != m_cordeVue) drawAccordeur();
   });
 
-  m_txt = habillage::étiquette(this, QStringLiteral("txt"), QRect(20, 294, 280, 44), 8, true);
+  m_txt = créeTexte(this, QStringLiteral("txt"), QRect(20, 294, 280, 44), 8, true);
   m_txt->setAlignment(Qt::AlignCenter);
   m_txt->setWordWrap(true);
 
-  m_btnStop = habillage::bouton(this, QStringLiteral("btnStop"), QRect(16, 346, 48, 48));
+  m_btnStop = créeBoutonSkin(this, QRect(16, 346, 48, 48));
+
+  m_btnStop->setObjectName(QStringLiteral("btnStop"));
   connect(m_btnStop, &VTPictureButton::Click, this, &FAccordeur::btnStop_Click);
-  m_btnOptions = habillage::bouton(this, QStringLiteral("btnOptions"), QRect(136, 346, 48, 48));
+  m_btnOptions = créeBoutonSkin(this, QRect(136, 346, 48, 48));
+  m_btnOptions->setObjectName(QStringLiteral("btnOptions"));
   connect(m_btnOptions, &VTPictureButton::Click, this,
           [this] { m_vt.montreOptions(QStringLiteral("KeyDiv")); });
-  m_btnExit = habillage::bouton(this, QStringLiteral("btnExit"), QRect(268, 350, 40, 40));
+  m_btnExit = créeBoutonSkin(this, QRect(268, 350, 40, 40));
+  m_btnExit->setObjectName(QStringLiteral("btnExit"));
   connect(m_btnExit, &VTPictureButton::Click, this, [this] {
     if (auto* cadre = qobject_cast<QMdiSubWindow*>(parentWidget())) {
       cadre->close();
@@ -104,10 +108,11 @@ FAccordeur::FAccordeur(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
       close();
     }
   });
-  m_optEcoute = habillage::bouton(this, QStringLiteral("optEcoute"), QRect(198, 348, 56, 28));
+  m_optEcoute = créeBoutonSkin(this, QRect(198, 348, 56, 28));
+  m_optEcoute->setObjectName(QStringLiteral("optEcoute"));
   connect(m_optEcoute, &VTPictureButton::Click, this, [this] { montreEcoute(!m_pageEcoute); });
   m_labEcoute =
-      habillage::étiquette(this, QStringLiteral("labEcoute"), QRect(184, 376, 84, 16), 8, true);
+      créeTexte(this, QStringLiteral("labEcoute"), QRect(184, 376, 84, 16), 8, true);
   m_labEcoute->setAlignment(Qt::AlignCenter);
 
   m_timer1.setInterval(kIntervalleFrappe);
@@ -154,25 +159,24 @@ void FAccordeur::load_lang() {
 }
 
 void FAccordeur::load_skin() {
-  m_fond = habillage::image(m_vt, kFondAccordeur);
+  m_fond = QPixmap(m_vt.skinFile(kFondAccordeur));
   std::array<QPixmap, 8> roues;
   for (int n = 1; n <= 7; ++n)
-    roues[static_cast<std::size_t>(n)] = habillage::image(m_vt, kRoueCorde7 + 7 - n);
-  m_roue->setImages(roues, habillage::image(m_vt, kLampeÉteinte),
-                    habillage::image(m_vt, kLampeAllumée));
-  habillage::habille(m_btnStop, m_vt, kStopRepos, kStopSurvol, kStopSurvol);
-  habillage::habille(m_btnOptions, m_vt, kOptionsRepos, kOptionsSurvol, kOptionsSurvol,
-                     QStringLiteral("options00"), 16);
-  habillage::habille(m_btnExit, m_vt, kExitRepos, kExitSurvol, kExitSurvol);
+    roues[static_cast<std::size_t>(n)] = QPixmap(m_vt.skinFile(kRoueCorde7 + 7 - n));
+  m_roue->setImages(roues, QPixmap(m_vt.skinFile(kLampeÉteinte)),
+                    QPixmap(m_vt.skinFile(kLampeAllumée)));
+  habilleBouton(m_btnStop, m_vt, {kStopRepos, kStopSurvol, nullptr});
+  habilleBouton(m_btnOptions, m_vt, {kOptionsRepos, kOptionsSurvol, "options00"});
+  habilleBouton(m_btnExit, m_vt, {kExitRepos, kExitSurvol, nullptr});
   basculeImages();
   update();
 }
 
 void FAccordeur::basculeImages() {
   const int image = m_pageEcoute ? kBasculeDeux : kBasculeUn;
-  habillage::habille(m_optEcoute, m_vt, image, image, image);
+  habilleBouton(m_optEcoute, m_vt, {image, image, nullptr});
   QPalette pal = m_labEcoute->palette();
-  pal.setColor(QPalette::WindowText, m_pageEcoute ? habillage::kAmbre : habillage::kCrème);
+  pal.setColor(QPalette::WindowText, m_pageEcoute ? kAmbre : kCrème);
   m_labEcoute->setPalette(pal);
 }
 
@@ -356,7 +360,7 @@ void FAccordeur::montreEcoute(bool écoute) {
 void FAccordeur::paintEvent(QPaintEvent*) {
   QPainter p(this);
   if (m_fond.isNull()) {
-    p.fillRect(rect(), habillage::kSiège);
+    p.fillRect(rect(), kSiège);
   } else {
     p.drawPixmap(0, 0, m_fond);
   }

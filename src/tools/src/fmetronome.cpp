@@ -11,7 +11,7 @@
 
 #include "controls/picture_button.h"
 #include "controls/up_down.h"
-#include "habillage.h"
+#include "habillage_outil.h"
 #include "player/metronome.h"
 #include "shell/vt.h"
 
@@ -69,15 +69,21 @@ FMetronome::FMetronome(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
     m_chiffres[static_cast<std::size_t>(i)] = ud;
   }
 
-  m_btnBeat = habillage::bouton(this, QStringLiteral("btnBeat"), QRect(164, 146, 48, 48));
+  m_btnBeat = créeBoutonSkin(this, QRect(164, 146, 48, 48));
+
+  m_btnBeat->setObjectName(QStringLiteral("btnBeat"));
   connect(m_btnBeat, &VTPictureButton::Click, this, [this] { setTemps(m_temps % kTempsMax + 1); });
-  m_optMetro = habillage::bouton(this, QStringLiteral("optMetro"), QRect(164, 214, 56, 28));
+  m_optMetro = créeBoutonSkin(this, QRect(164, 214, 56, 28));
+  m_optMetro->setObjectName(QStringLiteral("optMetro"));
   connect(m_optMetro, &VTPictureButton::Click, this, [this] { setAudible(!audible()); });
-  m_btnPlay = habillage::bouton(this, QStringLiteral("btnPlay"), QRect(160, 262, 48, 48));
+  m_btnPlay = créeBoutonSkin(this, QRect(160, 262, 48, 48));
+  m_btnPlay->setObjectName(QStringLiteral("btnPlay"));
   connect(m_btnPlay, &VTPictureButton::Click, this, &FMetronome::metronomeStart);
-  m_btnStop = habillage::bouton(this, QStringLiteral("btnStop"), QRect(216, 262, 48, 48));
+  m_btnStop = créeBoutonSkin(this, QRect(216, 262, 48, 48));
+  m_btnStop->setObjectName(QStringLiteral("btnStop"));
   connect(m_btnStop, &VTPictureButton::Click, this, &FMetronome::metronomeStop);
-  m_btnExit = habillage::bouton(this, QStringLiteral("btnExit"), QRect(272, 266, 40, 40));
+  m_btnExit = créeBoutonSkin(this, QRect(272, 266, 40, 40));
+  m_btnExit->setObjectName(QStringLiteral("btnExit"));
   connect(m_btnExit, &VTPictureButton::Click, this, [this] {
     if (auto* cadre = qobject_cast<QMdiSubWindow*>(parentWidget())) {
       cadre->close();
@@ -85,11 +91,13 @@ FMetronome::FMetronome(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
       close();
     }
   });
-  m_btnOptions = habillage::bouton(this, QStringLiteral("btnOptions"), QRect(160, 330, 48, 48));
+  m_btnOptions = créeBoutonSkin(this, QRect(160, 330, 48, 48));
+  m_btnOptions->setObjectName(QStringLiteral("btnOptions"));
   connect(m_btnOptions, &VTPictureButton::Click, this,
           [this] { m_vt.montreOptions(QString::fromUtf8("KeyMét")); });
-  m_btnTap = habillage::bouton(this, QStringLiteral("btnTap"), QRect(236, 322, 64, 64));
-  m_btnTap->setForeColor(habillage::kCrème);
+  m_btnTap = créeBoutonSkin(this, QRect(236, 322, 64, 64));
+  m_btnTap->setObjectName(QStringLiteral("btnTap"));
+  m_btnTap->setForeColor(kCrème);
   m_btnTap->setFontBold(true);
   m_btnTap->setFontSize(11);
   m_btnTap->setFont3D(true);
@@ -97,14 +105,15 @@ FMetronome::FMetronome(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
 
   // Under the pendulum: the beats to the bar, the accent's switch, a word on tapping.
   m_labBeat =
-      habillage::étiquette(this, QStringLiteral("labBeat"), QRect(16, 256, 130, 22), 9, true);
+      créeTexte(this, QStringLiteral("labBeat"), QRect(16, 256, 130, 22), 9, true);
   m_labBeat->setAlignment(Qt::AlignCenter);
-  m_optAccent = habillage::bouton(this, QStringLiteral("optAccent"), QRect(16, 290, 56, 28));
+  m_optAccent = créeBoutonSkin(this, QRect(16, 290, 56, 28));
+  m_optAccent->setObjectName(QStringLiteral("optAccent"));
   connect(m_optAccent, &VTPictureButton::Click, this, [this] { setAccent(!m_accent); });
   m_labAccent =
-      habillage::étiquette(this, QStringLiteral("labAccent"), QRect(78, 290, 70, 28), 8, true);
+      créeTexte(this, QStringLiteral("labAccent"), QRect(78, 290, 70, 28), 8, true);
   m_labAccent->setWordWrap(true);
-  m_labTap = habillage::étiquette(this, QStringLiteral("labTap"), QRect(16, 330, 130, 52), 8);
+  m_labTap = créeTexte(this, QStringLiteral("labTap"), QRect(16, 330, 130, 52), 8);
   m_labTap->setWordWrap(true);
   m_labTap->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 
@@ -143,34 +152,38 @@ void FMetronome::load_lang() {
 }
 
 void FMetronome::load_skin() {
-  m_fond = habillage::image(m_vt, kFondMétronome);
-  m_ecran = habillage::image(m_vt, kEcran);
+  m_fond = QPixmap(m_vt.skinFile(kFondMétronome));
+  m_ecran = QPixmap(m_vt.skinFile(kEcran));
   for (int f = 0; f < kFrames; ++f)
     m_ticTac[static_cast<std::size_t>(f)] = QPixmap(m_vt.skinTicTac(f));
   for (int n = 1; n <= kTempsMax; ++n)
-    m_lampes[static_cast<std::size_t>(n)] = habillage::image(m_vt, kBeat01 + n - 1);
+    m_lampes[static_cast<std::size_t>(n)] = QPixmap(m_vt.skinFile(kBeat01 + n - 1));
   for (int i = 0; i < 3; ++i) {
     VTUpDn* ud = m_chiffres[static_cast<std::size_t>(i)];
-    ud->setPictureOff(habillage::image(m_vt, kTempoHOff + i));
-    ud->setPictureUp(habillage::image(m_vt, kTempoHUp + 2 * i));
-    ud->setPictureDn(habillage::image(m_vt, kTempoHUp + 2 * i + 1));
+    ud->setPictureOff(QPixmap(m_vt.skinFile(kTempoHOff + i)));
+    ud->setPictureUp(QPixmap(m_vt.skinFile(kTempoHUp + 2 * i)));
+    ud->setPictureDn(QPixmap(m_vt.skinFile(kTempoHUp + 2 * i + 1)));
   }
-  habillage::habille(m_btnBeat, m_vt, kMetroac, kMetroac, kMetroac);
-  habillage::habille(m_btnPlay, m_vt, kPlayRepos, kPlaySurvol, kPlaySurvol);
-  habillage::habille(m_btnStop, m_vt, kStopRepos, kStopSurvol, kStopSurvol);
-  habillage::habille(m_btnExit, m_vt, kMetroExitOff, kMetroExitOn, kMetroExitOn);
-  habillage::habille(m_btnOptions, m_vt, kOptionsRepos, kOptionsSurvol, kOptionsSurvol,
-                     QStringLiteral("options00"), 16);
-  habillage::habille(m_btnTap, m_vt, kLampeTaps, kLampeTaps, kLampeTapsAllumée);
+  habilleBouton(m_btnBeat, m_vt, {kMetroac, kMetroac, nullptr});
+  habilleBouton(m_btnPlay, m_vt, {kPlayRepos, kPlaySurvol, nullptr});
+  habilleBouton(m_btnStop, m_vt, {kStopRepos, kStopSurvol, nullptr});
+  habilleBouton(m_btnExit, m_vt, {kMetroExitOff, kMetroExitOn, nullptr});
+  habilleBouton(m_btnOptions, m_vt, {kOptionsRepos, kOptionsSurvol, "options00"});
+  habilleBouton(m_btnTap, m_vt, {kLampeTaps, kLampeTapsAllumée, nullptr});
   basculeImages();
   update();
 }
 
+void FMetronome::optionsAppliquées() {
+  basculeImages();
+  changeEnMarche();
+}
+
 void FMetronome::basculeImages() {
   const int accent = m_accent ? kBasculeDeux : kBasculeUn;
-  habillage::habille(m_optAccent, m_vt, accent, accent, accent);
+  habilleBouton(m_optAccent, m_vt, {accent, accent, nullptr});
   const int son = audible() ? kMetroAudible : kMetroSilencieux;
-  habillage::habille(m_optMetro, m_vt, son, son, son);
+  habilleBouton(m_optMetro, m_vt, {son, son, nullptr});
 }
 
 void FMetronome::texteBeat() {
@@ -329,7 +342,7 @@ void FMetronome::paintEvent(QPaintEvent*) {
   QPainter p(this);
   p.setRenderHint(QPainter::TextAntialiasing);
   if (m_fond.isNull()) {
-    p.fillRect(rect(), habillage::kSiège);
+    p.fillRect(rect(), kSiège);
   } else {
     p.drawPixmap(0, 0, m_fond);
   }
@@ -340,7 +353,7 @@ void FMetronome::paintEvent(QPaintEvent*) {
   chiffres.setPixelSize(40);
   chiffres.setBold(true);
   p.setFont(chiffres);
-  p.setPen(habillage::kAmbre);
+  p.setPen(kAmbre);
   for (std::size_t i = 0; i < 3; ++i) {
     const QRect boîte(kEcranPlace.x() + kCentresChiffres[i] - 20, kEcranPlace.y() + 6, 40, 48);
     p.drawText(boîte, Qt::AlignCenter, QString::number(m_valeurs[i]));

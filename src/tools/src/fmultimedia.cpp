@@ -21,7 +21,7 @@
 
 #include "controls/picture_button.h"
 #include "disque_audio.h"
-#include "habillage.h"
+#include "habillage_outil.h"
 #include "lecteur_mci.h"
 #include "shell/vt.h"
 
@@ -251,7 +251,7 @@ void FMultimedia::load_skin() {
 
 void FMultimedia::montreEtat() {
   const int image = m_joue ? kImageEnLecture : kImageArrêté;
-  habillage::habille(m_btnStart, m_vt, image, image, image);
+  habilleBouton(m_btnStart, m_vt, {image, image, nullptr});
   m_btnStart->setToolTip(m_vt.loadString(m_joue ? 1906 : 1905));
 }
 

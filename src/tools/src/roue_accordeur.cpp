@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "habillage.h"
+#include "habillage_outil.h"
 
 namespace vt {
 
@@ -67,8 +67,8 @@ void RoueAccordeur::paintEvent(QPaintEvent*) {
   if (!m_roues[i].isNull()) {
     p.drawPixmap(0, 0, m_roues[i]);
   } else {
-    p.setBrush(habillage::kSiège);
-    p.setPen(QPen(habillage::kAmbre, 3));
+    p.setBrush(kSiège);
+    p.setPen(QPen(kAmbre, 3));
     p.drawEllipse(kCentre, 104, 104);
   }
   const QPixmap& lampe = m_allumé ? m_lampeAllumée : m_lampeÉteinte;
@@ -76,7 +76,7 @@ void RoueAccordeur::paintEvent(QPaintEvent*) {
   if (!lampe.isNull()) {
     p.drawPixmap(coin, lampe);
   } else {
-    p.setBrush(m_allumé ? habillage::kAmbre : habillage::kSiège);
+    p.setBrush(m_allumé ? kAmbre : kSiège);
     p.drawEllipse(kCentre, 22, 22);
   }
   QFont f = font();
@@ -88,11 +88,11 @@ void RoueAccordeur::paintEvent(QPaintEvent*) {
     if (n == m_corde) {
       // The wheel's mark points along this ray: the name stands on a plate.
       p.setPen(QPen(QColor(0x6A, 0x48, 0x1C), 1));
-      p.setBrush(habillage::kSiège);
+      p.setBrush(kSiège);
       p.drawRoundedRect(boîte, 5, 5);
-      p.setPen(habillage::kAmbre);
+      p.setPen(kAmbre);
     } else {
-      p.setPen(habillage::kCrème);
+      p.setPen(kCrème);
     }
     p.drawText(boîte, Qt::AlignCenter, m_noms.at(n - 1));
   }

@@ -36,6 +36,9 @@ class FMetronome : public QWidget, public FenetreVT {
   // ---- What the main window asks --------------------------------------------
   void load_lang() override;
   void load_skin() override;
+  // The sound switch, the channel and the notes may have changed: a running
+  // clock takes them at once.
+  void optionsAppliquées() override;
 
   // ---- The metronome's routines ---------------------------------------------
   // Starts the clock at the digits' tempo (stopping it first when it runs,
