@@ -41,7 +41,7 @@ TEST_F(Accordeur, TheChosenStringIsStruckAgainUntilStopped) {
   EXPECT_TRUE(t.Timer1().isActive());
   EXPECT_EQ(t.noteSonnante(), 40);
   EXPECT_TRUE(t.btnRoue()->allumée());
-  EXPECT_EQ(t.txt()->text(), QStringLiteral("String 6 : E2 — 82.41 Hz"));
+  EXPECT_EQ(t.txt()->text(), QStringLiteral("String 6: E2 — 82.41 Hz"));
   EXPECT_EQ(vt->mancheContenu(), 2);
   t.Timer1_Timer();
   EXPECT_EQ(midi(), (Midi{"90 28 00", "90 28 7F"}));
@@ -169,7 +169,7 @@ TEST_F(Accordeur, ListenSaysWhenThereIsNoInputAndReadsTheStringItHears) {
   EXPECT_EQ(l.note.corde, 5);
   EXPECT_NEAR(l.note.centsCorde, 12, 0.5);
   EXPECT_EQ(l.note.midi, 45);
-  EXPECT_TRUE(t.txt()->text().startsWith(QStringLiteral("String 5 : +12")))
+  EXPECT_TRUE(t.txt()->text().startsWith(QStringLiteral("String 5: +12")))
       << t.txt()->text().toStdString();
 
   // Back to the wheel: the input closes, the wheel returns.

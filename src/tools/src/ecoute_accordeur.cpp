@@ -169,8 +169,7 @@ void EcouteAccordeur::paintEvent(QPaintEvent*) {
                (c > 0 ? QStringLiteral("+") : QString()) + QString::number(c));
   }
   // The band of the tune at the top of the scale, lit in tune.
-  p.setPen(
-      QPen(juste ? kVert : QColor(0x4A, 0x34, 0x22), 5, Qt::SolidLine, Qt::FlatCap));
+  p.setPen(QPen(juste ? kVert : QColor(0x4A, 0x34, 0x22), 5, Qt::SolidLine, Qt::FlatCap));
   p.setBrush(Qt::NoBrush);
   const double r = 91;
   const double demiBande = kDemiAngle * kJusteCents / kPlageCents;
@@ -198,8 +197,7 @@ void EcouteAccordeur::paintEvent(QPaintEvent*) {
   // The needle, pegged at either end beyond the scale.
   const QPointF pointe = surLEchelle(cents, 84);
   const QPointF pied = surLEchelle(cents, -8);
-  p.setPen(QPen(voisée ? kAmbre : QColor(0x8A, 0x6A, 0x48), 2.6, Qt::SolidLine,
-                Qt::RoundCap));
+  p.setPen(QPen(voisée ? kAmbre : QColor(0x8A, 0x6A, 0x48), 2.6, Qt::SolidLine, Qt::RoundCap));
   p.drawLine(pied, pointe);
   p.setPen(Qt::NoPen);
   p.setBrush(laiton);

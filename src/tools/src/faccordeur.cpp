@@ -111,8 +111,7 @@ FAccordeur::FAccordeur(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
   m_optEcoute = créeBoutonSkin(this, QRect(198, 348, 56, 28));
   m_optEcoute->setObjectName(QStringLiteral("optEcoute"));
   connect(m_optEcoute, &VTPictureButton::Click, this, [this] { montreEcoute(!m_pageEcoute); });
-  m_labEcoute =
-      créeTexte(this, QStringLiteral("labEcoute"), QRect(184, 376, 84, 16), 8, true);
+  m_labEcoute = créeTexte(this, QStringLiteral("labEcoute"), QRect(184, 376, 84, 16), 8, true);
   m_labEcoute->setAlignment(Qt::AlignCenter);
 
   m_timer1.setInterval(kIntervalleFrappe);
@@ -294,6 +293,11 @@ void FAccordeur::drawAccordeur() {
 
 // ---- Texts of the box under the wheel ----------------------------------------------------
 
+// French puts a space before the colon, English does not.
+QString FAccordeur::deuxPoints() const {
+  return m_vt.setLang() == 0 ? QStringLiteral(" : ") : QStringLiteral(": ");
+}
+
 void FAccordeur::texteRepos() {
   m_txt->setText(m_vt.loadString(1603));
 }
@@ -301,7 +305,7 @@ void FAccordeur::texteRepos() {
 void FAccordeur::texteCorde() {
   const int note = m_vt.guitare().corde[static_cast<std::size_t>(std::clamp(m_corde, 1, 7))];
   const QLocale langue(m_vt.setLang() == 0 ? QLocale::French : QLocale::English);
-  m_txt->setText(m_vt.loadString(1604) + QString::number(m_corde) + QStringLiteral(" : ") +
+  m_txt->setText(m_vt.loadString(1604) + QString::number(m_corde) + deuxPoints() +
                  m_écoute->nomNote(note) + QStringLiteral(" — ") +
                  langue.toString(hzDeMidi(note), 'f', 2) + QStringLiteral(" Hz"));
 }
@@ -326,8 +330,8 @@ void FAccordeur::texteEcoute() {
   const QLocale langue(m_vt.setLang() == 0 ? QLocale::French : QLocale::English);
   const double c = l.note.centsCorde;
   const QString cents = (c > 0 ? QStringLiteral("+") : QString()) + langue.toString(c, 'f', 1);
-  m_txt->setText(m_vt.loadString(1604) + QString::number(l.note.corde) + QStringLiteral(" : ") +
-                 cents + QStringLiteral(" cents — ") + langue.toString(l.hz, 'f', 2) +
+  m_txt->setText(m_vt.loadString(1604) + QString::number(l.note.corde) + deuxPoints() + cents +
+                 QStringLiteral(" cents — ") + langue.toString(l.hz, 'f', 2) +
                  QStringLiteral(" Hz (") + m_écoute->nomNote(l.note.midi) + QLatin1Char(')'));
 }
 

@@ -41,6 +41,19 @@ constexpr std::array<int, 3> kCentresChiffres{28, 72, 117};
 constexpr std::array<int, 3> kXBoutons{177, 221, 266};
 constexpr int kMilieuUpDn = 20;
 
+// The picture cut to the circle it is drawn in.
+QPixmap ronde(const QPixmap& carrée) {
+  if (carrée.isNull()) return carrée;
+  QPixmap r(carrée.size());
+  r.fill(Qt::transparent);
+  QPainter p(&r);
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setBrush(QBrush(carrée));
+  p.setPen(Qt::NoPen);
+  p.drawEllipse(QRectF(carrée.rect()).adjusted(2.5, 2.5, -2.5, -2.5));
+  return r;
+}
+
 }  // namespace
 
 FMetronome::FMetronome(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
@@ -104,14 +117,12 @@ FMetronome::FMetronome(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
   connect(m_btnTap, &VTPictureButton::Click, this, &FMetronome::tapeMaintenant);
 
   // Under the pendulum: the beats to the bar, the accent's switch, a word on tapping.
-  m_labBeat =
-      créeTexte(this, QStringLiteral("labBeat"), QRect(16, 256, 130, 22), 9, true);
+  m_labBeat = créeTexte(this, QStringLiteral("labBeat"), QRect(10, 256, 142, 22), 8, true);
   m_labBeat->setAlignment(Qt::AlignCenter);
   m_optAccent = créeBoutonSkin(this, QRect(16, 290, 56, 28));
   m_optAccent->setObjectName(QStringLiteral("optAccent"));
   connect(m_optAccent, &VTPictureButton::Click, this, [this] { setAccent(!m_accent); });
-  m_labAccent =
-      créeTexte(this, QStringLiteral("labAccent"), QRect(78, 290, 70, 28), 8, true);
+  m_labAccent = créeTexte(this, QStringLiteral("labAccent"), QRect(78, 290, 70, 28), 8, true);
   m_labAccent->setWordWrap(true);
   m_labTap = créeTexte(this, QStringLiteral("labTap"), QRect(16, 330, 130, 52), 8);
   m_labTap->setWordWrap(true);
@@ -170,6 +181,11 @@ void FMetronome::load_skin() {
   habilleBouton(m_btnExit, m_vt, {kMetroExitOff, kMetroExitOn, nullptr});
   habilleBouton(m_btnOptions, m_vt, {kOptionsRepos, kOptionsSurvol, "options00"});
   habilleBouton(m_btnTap, m_vt, {kLampeTaps, kLampeTapsAllumée, nullptr});
+  // The lamp's square lies on the wood here, not in a well: only its round shows.
+  for (auto [image, pose] : {std::pair{kLampeTaps, &VTPictureButton::setPictureOff},
+                             std::pair{kLampeTapsAllumée, &VTPictureButton::setPictureOver},
+                             std::pair{kLampeTapsAllumée, &VTPictureButton::setPictureOn}})
+    (m_btnTap->*pose)(ronde(QPixmap(m_vt.skinFile(image))));
   basculeImages();
   update();
 }

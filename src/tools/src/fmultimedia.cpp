@@ -199,6 +199,10 @@ void FMultimedia::construit() {
   rangée->addLayout(droite, 5);
 
   connect(m_lecteur_, &QComboBox::activated, this, &FMultimedia::Lecteur_Change);
+  // The folders load in the background: the one chosen is shown once it is there.
+  connect(m_modèleDossiers, &QFileSystemModel::directoryLoaded, this, [this] {
+    if (m_dossierAMontrer) montreDossier();
+  });
   connect(m_répertoire, &QTreeView::clicked, this,
           [this](const QModelIndex& i) { Repertoire_Change(m_modèleDossiers->filePath(i)); });
   connect(m_type, &QComboBox::activated, this, &FMultimedia::combFileType_Change);
@@ -310,11 +314,20 @@ void FMultimedia::Repertoire_Change(const QString& dossier) {
   if (m_fichier->model() != m_modèleFichiers) m_fichier->setModel(m_modèleFichiers);
   m_modèleFichiers->setRootPath(dossier);
   m_fichier->setRootIndex(m_modèleFichiers->index(dossier));
-  const QModelIndex i = m_modèleDossiers->index(dossier);
-  if (i.isValid()) {
-    m_répertoire->setCurrentIndex(i);
-    m_répertoire->scrollTo(i);
-  }
+  m_dossierAMontrer = true;
+  montreDossier();
+}
+
+// The chosen folder in the tree, its parents opened; until the tree has
+// loaded as far as it, again as each folder comes in.
+void FMultimedia::montreDossier() {
+  const QModelIndex i = m_modèleDossiers->index(m_vt.settings().mciPath);
+  if (!i.isValid()) return;
+  for (QModelIndex p = i.parent(); p.isValid(); p = p.parent())
+    m_répertoire->expand(p);
+  if (m_répertoire->currentIndex() != i) m_répertoire->setCurrentIndex(i);
+  m_répertoire->scrollTo(i);
+  m_dossierAMontrer = !m_répertoire->visualRect(i).isValid();
 }
 
 void FMultimedia::combFileType_Change(int index) {
@@ -356,10 +369,6 @@ void FMultimedia::btnStart_Click() {
   }
   const QUrl média = choix();
   if (média.isEmpty()) return;
-  if (!m_sansSortieDit && !LecteurMci::sortieAudioDisponible()) {
-    m_sansSortieDit = true;
-    message(m_vt.loadString(1921));
-  }
   m_lecteur->MCIClose();
   m_lecteur->setCommande(média);
   m_titre->setText(média.isLocalFile() ? QFileInfo(média.toLocalFile()).fileName()
@@ -370,6 +379,11 @@ void FMultimedia::btnStart_Click() {
   m_lecteur->MCIOpen();
   if (m_joue) m_lecteur->MCIPlay();
   montreBoucle();
+  // Said once, while the media goes on (a video is still seen).
+  if (!m_sansSortieDit && !LecteurMci::sortieAudioDisponible()) {
+    m_sansSortieDit = true;
+    message(m_vt.loadString(1921));
+  }
 }
 
 void FMultimedia::arrêtéParLeLecteur() {

@@ -69,8 +69,7 @@ void habilleTexte(QLabel* l, bool gras) {
   }
 }
 
-QLabel* créeTexte(QWidget* parent, const QString& nom, const QRect& boîte, int points,
-                  bool gras) {
+QLabel* créeTexte(QWidget* parent, const QString& nom, const QRect& boîte, int points, bool gras) {
   auto* l = new QLabel(parent);
   l->setObjectName(nom);
   l->setGeometry(boîte);

@@ -85,6 +85,7 @@ class FAccordeur : public QWidget, public FenetreVT {
   void texteRepos();
   void texteCorde();
   void texteEcoute();
+  QString deuxPoints() const;
   void basculeImages();
   std::vector<int> cordesGuitare() const;
 

@@ -78,6 +78,7 @@ class FMultimedia : public QWidget, public FenetreVT {
  private:
   void construit();
   void remplitLecteurs();
+  void montreDossier();
   void montreEtat();
   void montreTemps();
   void montreBoucle();
@@ -113,6 +114,7 @@ class FMultimedia : public QWidget, public FenetreVT {
   QLabel* m_labFichier = nullptr;
   QLabel* m_labType = nullptr;
   bool m_glisse = false;
+  bool m_dossierAMontrer = false;
 };
 
 }  // namespace vt
