@@ -179,6 +179,41 @@ TEST_F(Accordeur, ListenSaysWhenThereIsNoInputAndReadsTheStringItHears) {
   EXPECT_TRUE(t.btnRoue()->isVisible());
 }
 
+TEST(EntreeAudio, EveryFormatOfTheDeviceBecomesMonoFullScale) {
+  struct Cas {
+    QAudioFormat::SampleFormat format;
+    int canaux;
+    QByteArray octets;
+    std::vector<float> attendu;
+  };
+  const auto flottants = [](std::initializer_list<float> v) {
+    QByteArray o;
+    for (float f : v)
+      o.append(reinterpret_cast<const char*>(&f), 4);
+    return o;
+  };
+  const Cas cas[] = {
+      {QAudioFormat::UInt8, 1, QByteArray("\x80\x00", 2), {0, -1}},
+      {QAudioFormat::Int16, 1, QByteArray("\x00\x40\x00\x80", 4), {0.5f, -1}},
+      {QAudioFormat::Int32, 1, QByteArray("\x00\x00\x00\xC0", 4), {-0.5f}},
+      {QAudioFormat::Float, 2, flottants({0.5f, -0.25f, 1, 1}), {0.125f, 1}},
+      // Only whole frames: the start of the next one waits for its end.
+      {QAudioFormat::Int16, 2, QByteArray("\x00\x40\x00\x40\x00", 5), {0.5f}},
+  };
+  for (const Cas& c : cas) {
+    SCOPED_TRACE(static_cast<int>(c.format));
+    QAudioFormat f;
+    f.setSampleFormat(c.format);
+    f.setChannelCount(c.canaux);
+    f.setSampleRate(48000);
+    std::vector<float> mono;
+    EntreeAudio::versMono(c.octets, f, mono);
+    ASSERT_EQ(mono.size(), c.attendu.size());
+    for (std::size_t i = 0; i < mono.size(); ++i)
+      EXPECT_FLOAT_EQ(mono[i], c.attendu[i]);
+  }
+}
+
 TEST_F(Accordeur, ClosingReleasesTheNoteAndTheLanguageFollows) {
   FAccordeur& t = ouvreAccordeur();
   t.choisitCorde(1);

@@ -66,14 +66,19 @@ void EntreeAudio::ferme() {
   }
   m_source.reset();
   m_flux = nullptr;
+  m_reste.clear();
   if (m_état == Etat::Ouverte) m_état = Etat::Fermee;
 }
 
 void EntreeAudio::lis() {
   if (!m_flux) return;
-  const QByteArray octets = m_flux->readAll();
-  if (octets.isEmpty()) return;
-  versMono(octets, m_format, m_mono);
+  m_reste.append(m_flux->readAll());
+  // Whole frames only: a frame cut short by the device's buffer waits for its end.
+  const int trame = std::max(m_format.bytesPerFrame(), 1);
+  const qsizetype entier = m_reste.size() - m_reste.size() % trame;
+  if (entier == 0) return;
+  versMono(m_reste.first(entier), m_format, m_mono);
+  m_reste.remove(0, entier);
   if (m_receveur && !m_mono.empty()) m_receveur(m_mono, m_format.sampleRate());
 }
 

@@ -37,7 +37,8 @@ class EntreeAudio : public QObject {
   const QString& erreur() const { return m_erreur; }
   const QAudioFormat& format() const { return m_format; }
 
-  // Bytes of `format` to samples: the channels averaged, full scale -1..1.
+  // Bytes of `format` to samples: the channels averaged, full scale -1..1;
+  // whole frames only.
   static void versMono(const QByteArray& octets, const QAudioFormat& format,
                        std::vector<float>& sortie);
 
@@ -52,6 +53,7 @@ class EntreeAudio : public QObject {
   Etat m_état = Etat::Fermee;
   QString m_erreur;
   std::vector<float> m_mono;
+  QByteArray m_reste;  // the start of a frame the device has not finished
 };
 
 }  // namespace vt
