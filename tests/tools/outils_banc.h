@@ -23,8 +23,9 @@ class Outils : public Banc {
     silencieux();
   }
 
+  // Boots the main window (made first by crée() when the test adds windows of its own).
   void ouvre() {
-    crée();
+    if (!vt) crée();
     vt->setSon(sonSysteme(
         vt->settings(),
         [this](int, const std::string&) {
