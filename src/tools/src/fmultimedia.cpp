@@ -82,15 +82,15 @@ FMultimedia::FMultimedia(VT& vt, QWidget* parent)
 
   // The drive and folder of the last time.
   remplitLecteurs();
-  int lecteur = m_lecteur_->findData(vt.settings().mciDrive);
+  int lecteur = m_cmbLecteur->findData(vt.settings().mciDrive);
   if (lecteur < 0) {
     const QString dossier = vt.settings().mciPath;
     lecteur =
-        m_lecteur_->findData(QDir(dossier).exists() ? QStorageInfo(dossier).rootPath()
-                                                    : QStorageInfo(QDir::homePath()).rootPath());
+        m_cmbLecteur->findData(QDir(dossier).exists() ? QStorageInfo(dossier).rootPath()
+                                                      : QStorageInfo(QDir::homePath()).rootPath());
   }
-  m_lecteur_->setCurrentIndex(std::max(lecteur, 0));
-  Lecteur_Change(m_lecteur_->currentIndex());
+  m_cmbLecteur->setCurrentIndex(std::max(lecteur, 0));
+  Lecteur_Change(m_cmbLecteur->currentIndex());
 }
 
 FMultimedia::~FMultimedia() {
@@ -104,8 +104,8 @@ void FMultimedia::construit() {
 
   auto* gauche = new QVBoxLayout;
   m_labLecteur = new QLabel(this);
-  m_lecteur_ = new QComboBox(this);
-  m_lecteur_->setObjectName(QStringLiteral("Lecteur"));
+  m_cmbLecteur = new QComboBox(this);
+  m_cmbLecteur->setObjectName(QStringLiteral("Lecteur"));
   m_labRépertoire = new QLabel(this);
   m_modèleDossiers = new QFileSystemModel(this);
   m_modèleDossiers->setFilter(QDir::AllDirs | QDir::NoDotAndDotDot | QDir::Drives);
@@ -129,7 +129,7 @@ void FMultimedia::construit() {
   for (QLabel* l : {m_labLecteur, m_labRépertoire, m_labFichier, m_labType})
     l->setStyleSheet(QStringLiteral("font-weight: bold;"));
   gauche->addWidget(m_labLecteur);
-  gauche->addWidget(m_lecteur_);
+  gauche->addWidget(m_cmbLecteur);
   gauche->addWidget(m_labRépertoire);
   gauche->addWidget(m_répertoire, 3);
   gauche->addWidget(m_labFichier);
@@ -198,7 +198,7 @@ void FMultimedia::construit() {
   droite->addLayout(commandes);
   rangée->addLayout(droite, 5);
 
-  connect(m_lecteur_, &QComboBox::activated, this, &FMultimedia::Lecteur_Change);
+  connect(m_cmbLecteur, &QComboBox::activated, this, &FMultimedia::Lecteur_Change);
   // The folders load in the background: the one chosen is shown once it is there.
   connect(m_modèleDossiers, &QFileSystemModel::directoryLoaded, this, [this] {
     if (m_dossierAMontrer) montreDossier();
@@ -242,7 +242,7 @@ void FMultimedia::load_lang() {
   m_btnSansBoucle->setToolTip(m_vt.loadString(1917));
   m_position->setToolTip(m_vt.loadString(1923));
   m_vitesse->setToolTip(m_vt.loadString(1924));
-  if (m_lecteur_->count() > 0) remplitLecteurs();
+  if (m_cmbLecteur->count() > 0) remplitLecteurs();
   setVitesse(m_vitesse->value());
   montreEtat();
   montreBoucle();
@@ -262,8 +262,8 @@ void FMultimedia::montreEtat() {
 // ---- The lists ---------------------------------------------------------------------------
 
 void FMultimedia::remplitLecteurs() {
-  const QVariant choisi = m_lecteur_->currentData();
-  m_lecteur_->clear();
+  const QVariant choisi = m_cmbLecteur->currentData();
+  m_cmbLecteur->clear();
   for (const QStorageInfo& v : QStorageInfo::mountedVolumes()) {
     if (!v.isValid() || !v.isReady()) continue;
     const QString racine = v.rootPath();
@@ -273,16 +273,17 @@ void FMultimedia::remplitLecteurs() {
     const QString nom = v.displayName() == racine
                             ? racine
                             : v.displayName() + QStringLiteral(" (") + racine + QLatin1Char(')');
-    m_lecteur_->addItem(nom, racine);
+    m_cmbLecteur->addItem(nom, racine);
   }
   for (const QString& disque : lecteursDisque())
-    m_lecteur_->addItem(m_vt.loadString(1918).arg(QFileInfo(disque).fileName()), kDisque + disque);
-  const int i = m_lecteur_->findData(choisi);
-  if (i >= 0) m_lecteur_->setCurrentIndex(i);
+    m_cmbLecteur->addItem(m_vt.loadString(1918).arg(QFileInfo(disque).fileName()),
+                          kDisque + disque);
+  const int i = m_cmbLecteur->findData(choisi);
+  if (i >= 0) m_cmbLecteur->setCurrentIndex(i);
 }
 
 void FMultimedia::Lecteur_Change(int index) {
-  const QString donnée = m_lecteur_->itemData(index).toString();
+  const QString donnée = m_cmbLecteur->itemData(index).toString();
   if (donnée.isEmpty()) return;
   m_vt.settings().mciDrive = donnée;
   if (donnée.startsWith(kDisque)) {
@@ -339,10 +340,10 @@ bool FMultimedia::choisitFichier(const QString& chemin) {
   const QFileInfo f(chemin);
   // A file the type filter hides cannot be chosen in the list either.
   if (!f.isFile() || !QDir::match(m_modèleFichiers->nameFilters(), f.fileName())) return false;
-  const int lecteur = m_lecteur_->findData(QStorageInfo(f.absolutePath()).rootPath());
-  if (lecteur >= 0 && lecteur != m_lecteur_->currentIndex()) {
-    m_lecteur_->setCurrentIndex(lecteur);
-    m_vt.settings().mciDrive = m_lecteur_->itemData(lecteur).toString();
+  const int lecteur = m_cmbLecteur->findData(QStorageInfo(f.absolutePath()).rootPath());
+  if (lecteur >= 0 && lecteur != m_cmbLecteur->currentIndex()) {
+    m_cmbLecteur->setCurrentIndex(lecteur);
+    m_vt.settings().mciDrive = m_cmbLecteur->itemData(lecteur).toString();
   }
   Repertoire_Change(f.absolutePath());
   const QModelIndex i = m_modèleFichiers->index(f.absoluteFilePath());

@@ -65,7 +65,7 @@ class FMultimedia : public QWidget, public FenetreVT {
 
   LecteurMci& lecteur() { return *m_lecteur; }
   VTPictureButton* btnStart() const { return m_btnStart; }
-  QComboBox* cmbLecteur() const { return m_lecteur_; }
+  QComboBox* cmbLecteur() const { return m_cmbLecteur; }
   QTreeView* lstRepertoire() const { return m_répertoire; }
   QListView* lstFichier() const { return m_fichier; }
   QComboBox* combFileType() const { return m_type; }
@@ -90,7 +90,7 @@ class FMultimedia : public QWidget, public FenetreVT {
   bool m_sansSortieDit = false;
   QString m_disque;  // the drive of an audio disc chosen, else empty
 
-  QComboBox* m_lecteur_ = nullptr;
+  QComboBox* m_cmbLecteur = nullptr;
   QTreeView* m_répertoire = nullptr;
   QListView* m_fichier = nullptr;
   QComboBox* m_type = nullptr;
