@@ -55,6 +55,7 @@ bool EcouteAccordeur::demarre() {
   m_lecture = {};
   m_dernières.clear();
   const bool ok = m_entrée->ouvre();
+  m_étatVu = m_entrée->etat();
   if (ok) m_minuterie.start();
   update();
   emit lectureChangee();
@@ -94,6 +95,11 @@ void EcouteAccordeur::recoit(std::span<const float> échantillons, int fréquenc
 }
 
 void EcouteAccordeur::analyse() {
+  // A device that fails while it is read: the page says so.
+  if (m_entrée->etat() != m_étatVu) {
+    m_étatVu = m_entrée->etat();
+    emit lectureChangee();
+  }
   if (!m_détecteur || !m_nouveau) return;
   m_nouveau = false;
   const Hauteur h = m_détecteur->analyse(m_tampon);

@@ -65,6 +65,7 @@ class EcouteAccordeur : public QWidget {
 
  private:
   std::unique_ptr<EntreeAudio> m_entrée;
+  EntreeAudio::Etat m_étatVu = EntreeAudio::Etat::Fermee;
   QTimer m_minuterie;
   QElapsedTimer m_horloge;
   qint64 m_dernierSon = -1;

@@ -35,6 +35,13 @@ constexpr int kMetroac = 76;
 
 // The pendulum stands upright at rest.
 constexpr int kFrameRepos = 17;
+// Where the pendulum and the beat lamp stand; a skin's pictures may be larger than
+// the default ones, so the part repainted is the picture's own size.
+constexpr QPoint kPendulePlace(16, 16);
+constexpr QPoint kLampePlace(240, 142);
+QRect zone(QPoint place, const QPixmap& image, QSize parDéfaut) {
+  return QRect(place, image.isNull() ? parDéfaut : image.size().expandedTo(parDéfaut));
+}
 // Where the three digits stand, and their up-down buttons.
 constexpr QPoint kEcranPlace(160, 20);
 constexpr std::array<int, 3> kCentresChiffres{28, 72, 117};
@@ -341,15 +348,16 @@ void FMetronome::timerGFX_Timer() {
   const int battement = static_cast<int>(n % m_temps) + 1;
   // The pendulum swings one way on a beat and back on the next.
   const int frame = n % 2 == 0 ? compteur : kFrames - 1 - compteur;
-  if (battement == m_battement && frame == m_frame) return;
-  m_battement = battement;
-  m_frame = frame;
-  update();
+  if (frame != m_frame) {
+    m_frame = frame;
+    update(zone(kPendulePlace, m_ticTac[0], QSize(130, 230)));
+  }
+  if (battement != m_battement) drawBeat(battement);
 }
 
 void FMetronome::drawBeat(int n) {
   m_battement = n;
-  update();
+  update(zone(kLampePlace, m_lampes[1], QSize(56, 56)));
 }
 
 // ---- Events ------------------------------------------------------------------------------
@@ -363,7 +371,7 @@ void FMetronome::paintEvent(QPaintEvent*) {
     p.drawPixmap(0, 0, m_fond);
   }
   const QPixmap& pendule = m_ticTac[static_cast<std::size_t>(std::clamp(m_frame, 0, kFrames - 1))];
-  if (!pendule.isNull()) p.drawPixmap(16, 16, pendule);
+  if (!pendule.isNull()) p.drawPixmap(kPendulePlace, pendule);
   if (!m_ecran.isNull()) p.drawPixmap(kEcranPlace, m_ecran);
   QFont chiffres = font();
   chiffres.setPixelSize(40);
@@ -376,7 +384,7 @@ void FMetronome::paintEvent(QPaintEvent*) {
   }
   const int lampe = m_enMarche ? m_battement : m_temps;
   const QPixmap& image = m_lampes[static_cast<std::size_t>(std::clamp(lampe, 1, kTempsMax))];
-  if (!image.isNull()) p.drawPixmap(240, 142, image);
+  if (!image.isNull()) p.drawPixmap(kLampePlace, image);
 }
 
 void FMetronome::keyPressEvent(QKeyEvent* e) {
