@@ -1,6 +1,7 @@
 // "vt.ini" on any bytes: the profile reader and the instrument catalogue over
 // it. Every instrument it gives must be one a document accepts: one to seven
 // strings, nothing past the last one.
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
@@ -25,8 +26,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   vt::tPiste piste;
   piste.bytNbrCordes = 6;
   piste.bytCordes = {0, 64, 59, 55, 50, 45, 40, 0};
+  // A count below one means no instrument to match: the search finds none.
   const int trouvé = vt::chercherGuitareAccordage(catalogue, piste);
-  if (trouvé < 0 || trouvé > n) std::abort();
+  if (trouvé < 0 || trouvé > std::clamp(n, 0, 255)) std::abort();
   (void)catalogue.ini().getPrivateProfileInt("Accordeur", "nbrGuitares", 1);
   return 0;
 }

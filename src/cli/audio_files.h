@@ -10,8 +10,7 @@
 #include "command.h"
 #include "document/tablature.h"
 #include "formats/string_table.h"
-#include "player/play_start.h"
-#include "sound/rendu_hors_ligne.h"
+#include "player/export_wav.h"
 
 namespace vt::cli {
 
@@ -28,7 +27,7 @@ inline bool écrireWavCli(Context& ctx, const CVantoroTablature& doc,
     ctx.exitCode = kRefused;
     return false;
   }
-  const RésultatWav r = rendreWav(rendreDocument(doc), f.string());
+  const RésultatWav r = exporterWav(doc, f.string());
   for (std::size_t i = 0; i < r.messages.size(); ++i) {
     const MessageSon& m = r.messages[i];
     if (!r.ok && i == 0) {

@@ -56,6 +56,36 @@ TEST_F(Edition, CutLeavesRestsWhereTheNotesWere) {
   EXPECT_TRUE(actif("mnuTabEdit_5"));
 }
 
+// Ctrl+X, Ctrl+C and Ctrl+V work the note clipboards as the Edit menu does,
+// on the selection they find; the other Ctrl keys still end it.
+TEST_F(Edition, CtrlXCAndVCutCopyAndPasteTheSelection) {
+  ouvre();
+  pose(1, 1, 0, 3);
+  pose(1, 2, 24, 5);
+  ftab->refreshPicture();
+  EXPECT_TRUE(ftab->entrée("mnuTabEdit_4")->text().endsWith("\tCtrl+C"));
+  glisse(cellule(1, 0, 1), cellule(1, 1, 2));
+  touche(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_TRUE(actif("mnuTabEdit_5")) << "copied";
+  EXPECT_FALSE(doc().modifi);
+  EXPECT_NE(doc().intSelStartMesure, 0) << "the selection stays";
+  touche(Qt::Key_X, Qt::ControlModifier);
+  EXPECT_EQ(fret(1, 1, 0), -1);
+  EXPECT_EQ(fret(1, 2, 24), -1);
+  curseur(1, 96, 1);
+  touche(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(fret(1, 1, 96), 3);
+  EXPECT_EQ(fret(1, 2, 120), 5);
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(fret(1, 1, 96), -1) << "Ctrl+Z undoes the paste";
+  touche(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(fret(1, 1, 96), 3) << "Ctrl+Y redoes it";
+  // Another Ctrl chord ends a selection before it acts.
+  glisse(cellule(1, 0, 1), cellule(1, 1, 2));
+  touche(Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(doc().intSelStartMesure, 0);
+}
+
 TEST_F(Edition, BarCommandsTakeTheirRangeFromTheDialog) {
   ouvre();
   pose(1, 1, 0, 3);

@@ -2,11 +2,15 @@
 // offers to show it; the MIDI file is proposed beside the tablature, with or
 // without the tablature's meta-events; the text tablature is the cursor's
 // track.
+#include <QDir>
 #include <QFile>
+#include <QProgressDialog>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <deque>
 
 #include "ftab_banc.h"
+#include "player/export_wav.h"
 
 namespace vt::essai {
 namespace {
@@ -68,7 +72,7 @@ TEST_F(Exports, TheMidiFileTakesTheMetaEventsOnlyWhenAsked) {
   ASSERT_EQ(questions.size(), 1u);
   EXPECT_TRUE(questions[0].startsWith("Add Rich MIDI Tablature Format (RMTF) information?"));
   EXPECT_EQ(titres[0], "Export as a MIDI file");
-  EXPECT_TRUE(proposés[0].isEmpty()) << "an unnamed tablature proposes no name";
+  EXPECT_EQ(proposés[0], dossierDocuments()) << "an unnamed tablature proposes no name";
   const QByteArray avec = contenu(chemin);
   ASSERT_TRUE(avec.startsWith("MThd"));
 
@@ -143,7 +147,47 @@ TEST_F(Exports, AnImportAsksAboutTheChangesAndLeavesThePieceUnnamed) {
   EXPECT_EQ(doc().getPisteLast(), 2);
   EXPECT_NE(ftab->bouton("tbPistes", "2"), nullptr);
   EXPECT_TRUE(ftab->fichier().isEmpty());
-  EXPECT_EQ(ftab->windowTitle(), "Tablature");
+  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
+}
+
+// File > Export > Audio writes what `convert x.vtb x.wav` writes, byte for
+// byte, under a progress bar whose Cancel leaves the earlier file alone.
+TEST_F(Exports, TheWavExportWritesWhatTheCommandLineWritesAndCancelKeepsTheOldFile) {
+  prépare();
+  tape("3");
+  touche(Qt::Key_Right);
+  tape("5");
+  chemin = dossier.filePath("piece");  // the extension is added
+  QString titreProgrès;
+  QTimer::singleShot(0, ftab, [&] {
+    if (auto* p = ftab->findChild<QProgressDialog*>("progresWav")) titreProgrès = p->windowTitle();
+  });
+  ftab->entrée("mnuTabFileExportWAV")->trigger();
+  EXPECT_EQ(titres.back(), "Export as a WAV audio file");
+  EXPECT_EQ(titreProgrès, "Export as a WAV audio file");
+  EXPECT_TRUE(messages.empty());
+  const QByteArray menu = contenu(chemin + ".wav");
+  ASSERT_GT(menu.size(), 44);
+  const QString cli = dossier.filePath("cli.wav");
+  ASSERT_TRUE(exporterWav(doc(), QFile::encodeName(cli).toStdString()).ok);
+  EXPECT_TRUE(menu == contenu(cli)) << "the same rendering as the command line";
+  EXPECT_TRUE(doc().modifi) << "an export is not a save";
+
+  // A long piece, cancelled as soon as the bar shows: the earlier file stays.
+  doc().tempo = 40;
+  for (int i = 0; i < 150; ++i)
+    doc().addMesure();
+  for (int m = 1; m <= doc().getMesureLast(); ++m)
+    pose(m, 1, 0, 3, 192);
+  chemin += ".wav";
+  QTimer::singleShot(0, ftab, [&] {
+    if (auto* p = ftab->findChild<QProgressDialog*>("progresWav")) p->cancel();
+  });
+  ftab->mnuTabFileExportWAV();
+  EXPECT_TRUE(contenu(chemin) == menu);
+  EXPECT_TRUE(messages.empty()) << "a cancel says nothing";
+  EXPECT_EQ(QDir(dossier.path()).entryList(QDir::Files), (QStringList{"cli.wav", "piece.wav"}))
+      << "no temporary file left";
 }
 
 }  // namespace

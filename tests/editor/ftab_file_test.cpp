@@ -6,6 +6,7 @@
 #include <QMdiSubWindow>
 #include <QTemporaryDir>
 #include <deque>
+#include <functional>
 
 #include "formats/vtb.h"
 #include "ftab_banc.h"
@@ -91,7 +92,7 @@ TEST_F(Fichiers, CancelInThePromptLeavesDocumentAndCaptionAlone) {
   prépare();
   const QString a = fichier("a.vtb", 9);
   ftab->MenuTabFileOpenLast(a);
-  ASSERT_EQ(ftab->windowTitle(), "Tablature - " + a);
+  ASSERT_EQ(ftab->windowTitle(), "Tablature - " + a + "[*]");
   change();
   réponses = {QMessageBox::Cancel, QMessageBox::Cancel};
   ftab->MenuTabFile(0);
@@ -101,7 +102,7 @@ TEST_F(Fichiers, CancelInThePromptLeavesDocumentAndCaptionAlone) {
   EXPECT_TRUE(dialogues.empty()) << "Cancel ends open before its dialog";
   EXPECT_EQ(fret(1, 1, 0), 3);
   EXPECT_TRUE(doc().modifi);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a);
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a + "[*]");
   EXPECT_EQ(ftab->fichier(), a);
 }
 
@@ -113,7 +114,7 @@ TEST_F(Fichiers, NoDropsTheChangesAndYesSavesThemFirst) {
   réponses = {QMessageBox::No};
   ftab->MenuTabFile(0);
   EXPECT_EQ(fret(1, 1, 0), -1) << "a new tablature";
-  EXPECT_EQ(ftab->windowTitle(), "Tablature");
+  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
   EXPECT_TRUE(ftab->fichier().isEmpty());
   EXPECT_EQ(fretDans(a), 9) << "No leaves the file as it was";
   EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
@@ -126,22 +127,58 @@ TEST_F(Fichiers, NoDropsTheChangesAndYesSavesThemFirst) {
   EXPECT_TRUE(dialogues.empty());
 }
 
-TEST_F(Fichiers, YesOnAnUnnamedTablatureAsksForANameAndGoesOnEvenWhenCancelled) {
+// Yes to the question, then a save that does not happen: every command that
+// asks stops as on Cancel, and the changes stay in the editor.
+TEST_F(Fichiers, ASaveThatDidNotHappenStopsEveryCommandThatAsked) {
   prépare();
-  const QString b = fichier("b.vtb", 5);
+  struct Appelant {
+    const char* nom;
+    std::function<void(const QString& autre)> lance;
+  };
+  const std::vector<Appelant> appelants = {
+      {"new", [this](const QString&) { ftab->MenuTabFile(0); }},
+      {"open", [this](const QString&) { ftab->MenuTabFile(1); }},
+      {"recent file", [this](const QString& a) { ftab->MenuTabFileOpenLast(a); }},
+      {"import MIDI", [this](const QString&) { ftab->mnuTabFileImportMIDI(); }},
+      {"import ASCII", [this](const QString&) { ftab->mnuTabFileImportASCII(); }},
+      {"dropped file", [this](const QString& a) { ftab->ouvreFichierDéposé(a); }},
+      {"closing the editor",
+       [this](const QString&) {
+         qobject_cast<QMdiSubWindow*>(ftab->parentWidget())->close();
+         QCoreApplication::processEvents();
+       }},
+      {"exit",
+       [this](const QString&) {
+         vt->montreFenetre(fen::FAide);
+         vt->MenuGlobalFile(5);
+         EXPECT_TRUE(vt->isFormLoaded(fen::FAide)) << "the other windows stay open too";
+       }},
+  };
+  ftab->dialogueImport = [](bool, const QString&) {
+    ADD_FAILURE() << "the import went on";
+    return false;
+  };
+  const QString a = fichier("a.vtb", 9);
   change();
-  // Yes, then the save dialog cancelled, then the open dialog gives b.
-  réponses = {QMessageBox::Yes};
-  chemins = {QString(), b};
-  ftab->MenuTabFile(1);
-  ASSERT_EQ(dialogues.size(), 2u);
-  EXPECT_TRUE(dialogues[0].enregistrer);
-  EXPECT_EQ(dialogues[0].filtre, "Vantoro tablatures (*.vtb)");
-  EXPECT_FALSE(dialogues[1].enregistrer);
-  EXPECT_EQ(dialogues[1].filtre, "Vantoro tablatures (*.vtb);;All files (*)");
-  EXPECT_EQ(fret(1, 1, 0), 5) << "the open went on";
-  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + b);
-  EXPECT_EQ(récents().front(), b);
+  for (const Appelant& appelant : appelants) {
+    // The save dialog cancelled, then a folder that does not exist.
+    for (const QString& nom : {QString(), dossier.filePath("missing/x.vtb")}) {
+      SCOPED_TRACE(std::string(appelant.nom) + (nom.isEmpty() ? ", cancelled" : ", failed"));
+      dialogues.clear();
+      messages.clear();
+      réponses = {QMessageBox::Yes};
+      chemins = {nom};
+      appelant.lance(a);
+      EXPECT_EQ(dialogues.size(), 1u) << "only the save dialog";
+      EXPECT_EQ(messages.size(), nom.isEmpty() ? 0u : 1u);
+      ASSERT_TRUE(vt->isFormLoaded(fen::FTab));
+      EXPECT_TRUE(vt->isVisible());
+      EXPECT_EQ(fret(1, 1, 0), 3);
+      EXPECT_TRUE(doc().modifi);
+      EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
+      EXPECT_EQ(fretDans(a), 9);
+    }
+  }
 }
 
 TEST_F(Fichiers, SaveAsNamesTheFileAndAPlainSaveWritesOverIt) {
@@ -152,7 +189,7 @@ TEST_F(Fichiers, SaveAsNamesTheFileAndAPlainSaveWritesOverIt) {
   ftab->MenuTabFile(2);
   ASSERT_EQ(dialogues.size(), 1u);
   EXPECT_EQ(ftab->fichier(), c + ".vtb");
-  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + c + ".vtb");
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + c + ".vtb" + "[*]");
   EXPECT_FALSE(doc().modifi);
   EXPECT_EQ(fretDans(c + ".vtb"), 3);
   EXPECT_TRUE(récents().front().isEmpty()) << "a save does not touch the recent files";
@@ -237,7 +274,7 @@ TEST_F(Fichiers, ADamagedFileKeepsTheDocumentAndLosesItsName) {
   ftab->MenuTabFile(1);
   ASSERT_FALSE(messages.empty());
   EXPECT_EQ(fret(1, 1, 0), 9);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature");
+  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
   EXPECT_TRUE(ftab->fichier().isEmpty());
   EXPECT_TRUE(récents().front() == a || récents().front().isEmpty());
 }
@@ -272,8 +309,63 @@ TEST_F(Fichiers, ADroppedFileAsksAboutTheChangesFirst) {
   réponses = {QMessageBox::No};
   ftab->ouvreFichierDéposé(a);
   EXPECT_EQ(fret(1, 1, 0), 9);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a);
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a + "[*]");
   EXPECT_EQ(doc().CurseurCorde(), 1);
+}
+
+TEST_F(Fichiers, TheDialogsOpenAmongTheUsersDocumentsThenInTheRememberedFolder) {
+  prépare();
+  change();
+  chemins = {dossier.filePath("premier.vtb")};
+  ftab->MenuTabFile(2);
+  ASSERT_EQ(dialogues.size(), 1u);
+  EXPECT_EQ(dialogues[0].dossier, dossierDocuments()) << "not the program's folder";
+  EXPECT_NE(dialogues[0].dossier, vt->strAppPath());
+  // The folder of that save is the next dialog's.
+  chemins = {QString()};
+  ftab->MenuTabFile(1);
+  EXPECT_EQ(dialogues.back().dossier, dossier.path() + "/");
+  // Without the folder kept, or with a folder gone, the documents again.
+  vt->settings().setTabFolderOpen = dossier.filePath("gone/");
+  chemins = {QString()};
+  ftab->mnuTabFileExportASCII();
+  EXPECT_TRUE(dialogues.back().dossier.endsWith("premier.txt")) << "a named piece: its name";
+  ftab->MenuTabFile(0);
+  chemins = {QString()};
+  ftab->mnuTabFileExportMIDI();
+  EXPECT_EQ(dialogues.back().dossier, dossierDocuments());
+  vt->settings().setTabFolderOpen = dossier.path() + "/";
+  vt->settings().setTabRememberFolder = kFaux;
+  chemins = {QString()};
+  ftab->MenuTabFile(1);
+  EXPECT_EQ(dialogues.back().dossier, dossierDocuments());
+}
+
+TEST_F(Fichiers, TheTitleBarMarksUnsavedChanges) {
+  prépare();
+  auto* cadre = qobject_cast<QMdiSubWindow*>(ftab->parentWidget());
+  ASSERT_NE(cadre, nullptr);
+  const auto marqué = [&] {
+    EXPECT_EQ(ftab->isWindowModified(), cadre->isWindowModified());
+    return ftab->isWindowModified();
+  };
+  EXPECT_TRUE(ftab->windowTitle().endsWith("[*]"));
+  EXPECT_FALSE(marqué());
+  change();
+  EXPECT_TRUE(marqué());
+  const QString a = dossier.filePath("a.vtb");
+  chemins = {a};
+  ftab->MenuTabFile(2);
+  EXPECT_FALSE(marqué()) << "saved";
+  touche(Qt::Key_Delete);
+  EXPECT_TRUE(marqué());
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(marqué()) << "an undo is a change too";
+  réponses = {QMessageBox::No};
+  ftab->MenuTabFile(0);
+  EXPECT_FALSE(marqué()) << "a new tablature";
+  ftab->MenuTabFileOpenLast(a);
+  EXPECT_FALSE(marqué()) << "a file just opened";
 }
 
 }  // namespace

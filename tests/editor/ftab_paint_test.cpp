@@ -1,5 +1,7 @@
 // What a one-note edit does to the picture: only its bar changes, and the bar
 // ends as a full paint would draw it; edits that move later notes repaint all.
+#include <functional>
+
 #include "ftab_banc.h"
 
 namespace vt::essai {
@@ -75,20 +77,79 @@ TEST_F(Peinture, ChangingAndDeletingNotesLeaveNoTrace) {
   sansTrace("the note a tie of the bar before ended on");
 }
 
-TEST_F(Peinture, TheCursorLeavesNoTintOnTheInkItCrossed) {
+// The cursor and the selection, moved by keys, clicks and drags over frets,
+// strings, the staff, stems and the letter of a hammer-on across a bar line,
+// leave the picture as a full paint draws it.
+TEST_F(Peinture, TheCursorAndTheSelectionLeaveNoTintOnTheInkTheyCrossed) {
+  struct Script {
+    const char* nom;
+    std::function<void()> joue;
+  };
+  const auto touches = [this](std::vector<int> l) {
+    return [this, l] {
+      for (const int key : l)
+        touche(key);
+    };
+  };
+  const std::vector<Script> scripts = {
+      {"keys",
+       touches({Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down,
+                Qt::Key_Down, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right,
+                Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Up, Qt::Key_Home})},
+      {"a click, then keys",
+       [this] {
+         clic(cellule(2, 1, 2));
+         for (const int key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Down, Qt::Key_Left})
+           touche(key);
+         touche(Qt::Key_Right, Qt::ShiftModifier);
+       }},
+      {"over the hammer-on's letter",
+       [this] {
+         clic(cellule(1, 3, 1));
+         for (int i = 0; i < 5; ++i)
+           touche(Qt::Key_Right);
+         clic(cellule(2, 0, 1));
+         clic(cellule(1, 7, 2));
+       }},
+      {"a drag that grows and shrinks",
+       [this] {
+         envoie(QEvent::MouseButtonPress, cellule(1, 1, 1), Qt::LeftButton, Qt::LeftButton);
+         envoie(QEvent::MouseMove, cellule(2, 3, 4), Qt::NoButton, Qt::LeftButton);
+         envoie(QEvent::MouseMove, cellule(1, 2, 2), Qt::NoButton, Qt::LeftButton);
+         envoie(QEvent::MouseButtonRelease, cellule(1, 2, 2), Qt::LeftButton, Qt::NoButton);
+         touche(Qt::Key_Down);
+         clic(cellule(3, 0, 6));
+       }},
+  };
   prépare();
-  curseur(2, 0, 1);
-  // Over a fret, the strings, the staff and a stem, then away by every key.
-  for (const int key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Down, Qt::Key_Down,
-                        Qt::Key_Down, Qt::Key_Down, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right,
-                        Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Up})
-    touche(key);
-  touche(Qt::Key_Right, Qt::ShiftModifier);
-  touche(Qt::Key_Home);
-  const QImage partiel = ftab->image().copy();
-  ftab->refreshPicture();
-  const auto [g, d] = colonnesChangées(partiel, ftab->image());
-  EXPECT_GT(g, d) << "tints between x " << g << " and " << d;
+  // A hammer-on from bar 1's last note on string 1 to bar 2's first: its "H"
+  // stands over bar 1's right half.
+  curseur(1, 0, 1);
+  touche(Qt::Key_H);
+  for (const Script& script : scripts) {
+    SCOPED_TRACE(script.nom);
+    curseur(2, 0, 1);
+    script.joue();
+    const QImage partiel = ftab->image().copy();
+    ftab->refreshPicture();
+    const auto [g, d] = colonnesChangées(partiel, ftab->image());
+    EXPECT_GT(g, d) << "tints between x " << g << " and " << d;
+  }
+}
+
+// A click selects the cell under it; the cursor marks it, and when the cursor
+// moves on nothing is left there that looks like a second cursor.
+TEST_F(Peinture, AClickLeavesNoSecondCursorBehind) {
+  prépare();
+  // Inside the box of bar 1's empty cell at tick 72 on string 3, off its string line.
+  const QPoint dansLaCase(55 + 4 * 20 - 5, 140 + 2 * 13 - 4);
+  const QRgb blanc = qRgb(255, 255, 255);
+  ASSERT_EQ(ftab->image().pixel(dansLaCase), blanc);
+  clic(cellule(1, 3, 3));
+  EXPECT_EQ(ftab->image().pixel(dansLaCase), qRgb(127, 255, 255)) << "the cursor";
+  touche(Qt::Key_Right);
+  EXPECT_EQ(ftab->image().pixel(dansLaCase), blanc);
+  EXPECT_EQ(doc().intSelStartMesure, 0) << "the one-cell selection went with the cursor";
 }
 
 TEST_F(Peinture, InsertingTimeRedrawsTheFollowingBars) {

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTemporaryDir>
 
 #include "formats/vtb.h"
@@ -27,7 +29,7 @@ TEST_F(Fenetre, TheWindowMenuOpensTheEditorOnAFreshDocument) {
   auto* f = vt->fenetres().interface<FTab>(fen::FTab);
   ASSERT_NE(f, nullptr);
   EXPECT_EQ(vt->document().getMesureLast(), 1) << "opening the editor starts a new tablature";
-  EXPECT_EQ(f->windowTitle(), "Tablature");
+  EXPECT_EQ(f->windowTitle(), "Tablature[*]");
   EXPECT_EQ(f->image().format(), QImage::Format_RGB32);
   EXPECT_EQ(f->réglagesVue().TAB_VIEW_SCALE, 24);
 }
@@ -58,6 +60,35 @@ TEST_F(Fenetre, MenusCarryTheStringTableAndLaterCommandsAreDisabled) {
   EXPECT_EQ(ftab->entrée("mnuTabFile_0")->text(), "&Nouvelle tablature\tCtrl+N");
   EXPECT_TRUE(ftab->entrée("mnuTabFileLang_0")->isChecked());
   EXPECT_FALSE(ftab->entrée("mnuTabFileLang_1")->isChecked());
+}
+
+// Tiled in a short main window, the strip keeps all it draws and scrolls up
+// and down to it: the staff's bottom line can be brought into view.
+TEST_F(Fenetre, AfterTilingTheStripScrollsDownToTheStaff) {
+  ouvre();
+  QScrollBar* barre = ftab->zoneBande()->verticalScrollBar();
+  QWidget* vue = ftab->zoneBande()->viewport();
+  EXPECT_FALSE(barre->isVisible()) << "the editor's own size shows it all";
+  vt->fenetres().enregistrer(fen::FAccords,
+                             [this](VT& v) { return new FenetreEssai(v, fen::FAccords, journal); });
+  vt->montreFenetre(fen::FAccords);
+  vt->resize(1300, 760);
+  vt->mnuFen(9)->trigger();
+  QCoreApplication::processEvents();
+  // The staff's bottom line in the default layout.
+  const int basPortée = 140 + 150 + 4 * 2 * 4;
+  ASSERT_LT(vue->height(), basPortée) << "a short strip";
+  EXPECT_GT(ftab->picTab()->height(), basPortée);
+  ASSERT_TRUE(barre->isVisible());
+  barre->setValue(barre->maximum());
+  const int y = ftab->picTab()->mapTo(vue, QPoint(0, basPortée)).y();
+  EXPECT_GE(y, 0);
+  EXPECT_LT(y, vue->height());
+  // The cursor's string comes back into view when the cursor moves.
+  touche(Qt::Key_Up);
+  const int yCorde = ftab->picTab()->mapTo(vue, QPoint(0, 140)).y();
+  EXPECT_GE(yCorde, 0);
+  EXPECT_LT(yCorde, vue->height());
 }
 
 TEST_F(Fenetre, EscapeIsTheProgramsExit) {
@@ -205,7 +236,7 @@ TEST_F(Fenetre, AFileFromTheCommandLineReplacesTheDocument) {
   EXPECT_EQ(fret(1, 1, 0), -1);
   EXPECT_EQ(doc().titre, "Essai");
   EXPECT_FALSE(doc().modifi);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + nom);
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + nom + "[*]");
   EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
 
   // A file that is not a tablature: its message, and the document stays.
@@ -220,7 +251,7 @@ TEST_F(Fenetre, AFileFromTheCommandLineReplacesTheDocument) {
   ASSERT_EQ(messages.size(), 1u);
   EXPECT_EQ(messages.front(), "This is not a VTB file!");
   EXPECT_EQ(fret(2, 3, 48), 7);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature");
+  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
 }
 
 TEST_F(Fenetre, TheEditorsMenusStandInTheMainMenuBarWhileItIsActive) {

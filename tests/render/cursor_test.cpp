@@ -50,6 +50,12 @@ TEST(Selection, NothingWithoutOneAndABoxAroundIt) {
   for (int i = 0; i < 3; ++i) b.doc.addMesure();
   b.r.selAffiche();
   EXPECT_TRUE(b.surface.primitives().empty());
+  // One cell, as a click leaves it: the cursor marks it, with no box of its own.
+  b.doc.intSelStartMesure = b.doc.intSelStopMesure = 2;
+  b.doc.intSelStartX = b.doc.intSelStopX = 48;
+  b.doc.bytSelStartCorde = b.doc.bytSelStopCorde = 4;
+  b.r.selAffiche();
+  EXPECT_TRUE(b.surface.primitives().empty());
 
   b.doc.intSelStartMesure = 2;
   b.doc.intSelStartX = 48;

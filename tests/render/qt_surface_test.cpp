@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QGuiApplication>
+#include <algorithm>
 #include <cstdlib>
 
 #include "render/staff_source.h"
@@ -53,15 +54,69 @@ TEST_F(QtSurface, CursorShownThenHiddenLeavesWhiteUnchanged) {
   EXPECT_EQ(surface.image().pixel(x - 15, 140), qRgb(255, 255, 255));
   r.curEfface();
   EXPECT_TRUE(blanche(surface.image()));
-  // Over black ink the pair leaves the ink black.
-  surface.setForeColor(kNoir);
-  surface.Line(0, 140, 399, 140);
-  r.curAffiche();
+}
+
+// Shown over anything, the cursor and the selection give back every pixel when
+// hidden, in either order: over the notes, the letters of effects and texts,
+// the strings, the staff and its notes, as over white. Hiding where nothing is
+// shown touches nothing.
+TEST_F(QtSurface, ShowThenHideGivesBackEveryPixelOverInk) {
+  CVantoroTablature doc = test::showcaseDocument();
+  TabSettings s;
+  PainterSurface surface(1000, 380);
+  tGuitare g;
+  CStripRenderer r(doc, s, surface, g, &sourcePortée());
+  // The reference: the strip with the cursor in a bar not shown.
+  doc.setCurseurMesure(static_cast<i16>(doc.getMesureLast()));
+  ASSERT_GT(r.getMesurePixel(doc.getMesureLast()), surface.ScaleWidth());
+  r.drawInLine();
+  const QImage référence = surface.image().copy();
   r.curEfface();
-  EXPECT_EQ(surface.image().pixel(x, 140), qRgb(128, 0, 0));  // tinted by the colour's zero bits
+  r.selEfface();
+  ASSERT_EQ(surface.image(), référence) << "hiding what is not shown";
+
+  const int nbMesures = r.getMesureOnScreen(1);
+  ASSERT_GE(nbMesures, 3);
+  int essais = 0;
+  for (int m = 1; m <= nbMesures; ++m) {
+    for (int x = 0; x < doc.getMesureLargeur(m); x += s.TAB_VIEW_SCALE) {
+      for (int c = 1; c <= doc.getGuitareNbrCordes(1); ++c) {
+        doc.setCurseurMesure(static_cast<i16>(m));
+        doc.setCurseurX(static_cast<i16>(x));
+        doc.setCurseurCorde(static_cast<byt>(c));
+        // A selection from the cursor over two strings into the next bar.
+        doc.intSelStartMesure = static_cast<i16>(m);
+        doc.intSelStartX = static_cast<i16>(x);
+        doc.bytSelStartCorde = static_cast<byt>(c);
+        doc.intSelStopMesure = static_cast<i16>(m + 1);
+        doc.intSelStopX = 0;
+        doc.bytSelStopCorde = static_cast<byt>(std::min(c + 2, 6));
+        const bool ordre = (essais++ % 2) == 0;
+        r.curAffiche();
+        r.selAffiche();
+        ASSERT_NE(surface.image(), référence);
+        if (ordre) {
+          r.curEfface();
+          r.selEfface();
+        } else {
+          r.selEfface();
+          r.curEfface();
+        }
+        ASSERT_EQ(surface.image(), référence) << "bar " << m << ", tick " << x << ", string " << c
+                                              << (ordre ? "" : ", selection first");
+      }
+    }
+  }
+  // Something drawn over a shown cursor stays when the cursor goes.
+  doc.setCurseurMesure(1);
+  doc.setCurseurX(0);
   r.curAffiche();
-  EXPECT_EQ(surface.image().pixel(x, 140), qRgb(0, 0, 0));
-  EXPECT_EQ(surface.image().pixel(x + 40, 140), qRgb(0, 0, 0));
+  const int xLigne = r.getMesurePixel(1) + s.TAB_VIEW_INTER_NOTE;
+  surface.setForeColor(kRouge);
+  surface.Line(0, 60, 999, 60);
+  r.curEfface();
+  EXPECT_EQ(surface.image().pixel(xLigne, 60), qRgb(255, 0, 0));
+  EXPECT_EQ(surface.image().pixel(xLigne, 100), référence.pixel(xLigne, 100));
 }
 
 TEST_F(QtSurface, SelectionShownThenHiddenLeavesWhiteUnchanged) {

@@ -1,16 +1,21 @@
 // The main window's commands: the language at run time, the windows menu and
 // the registry, the status bar panels, the toolbar.
 #include <QAction>
+#include <QDialogButtonBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QPrinterInfo>
+#include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <QToolBar>
 #include <QTreeWidget>
 
 #include "banc.h"
+#include "faide_navigateur.h"
 #include "shell/manche.h"
 
 namespace vt::essai {
@@ -70,6 +75,60 @@ TEST_F(FenetrePrincipale, SwitchingTheLanguageReachesTheFrameAndEveryLoadedWindo
   vt->mnuFileLang(1)->trigger();
   EXPECT_EQ(menu(0), "&File");
   EXPECT_EQ(arbre->topLevelItem(0)->text(0), "Welcome to Vantoro");
+}
+
+// Qt's own texts (dialog buttons, key names) follow the language, at start
+// and when it changes; so does the entry mode's panel.
+TEST_F(FenetrePrincipale, QtsOwnTextsFollowTheLanguage) {
+  const auto oui = [] {
+    QDialogButtonBox boutons(QDialogButtonBox::Yes | QDialogButtonBox::Cancel);
+    return boutons.button(QDialogButtonBox::Yes)->text() + "|" +
+           boutons.button(QDialogButtonBox::Cancel)->text();
+  };
+  const auto touche = [] { return QKeySequence(Qt::Key_Space).toString(QKeySequence::NativeText); };
+  règle("Options/setLang", "0");
+  ASSERT_TRUE(démarre());
+  EXPECT_EQ(oui(), "&Oui|Annuler");
+  EXPECT_EQ(touche(), "Espace");
+  vt->toggleInsert();
+  EXPECT_EQ(vt->panneau("insert")->text(), vt->loadString(79));
+  vt->mnuFileLang(1)->trigger();
+  EXPECT_EQ(oui(), "&Yes|Cancel");
+  EXPECT_EQ(touche(), "Space");
+  EXPECT_EQ(vt->panneau("insert")->text(), "INS");
+  vt->mnuFileLang(0)->trigger();
+  EXPECT_EQ(oui(), "&Oui|Annuler");
+  // The translation goes with the main window.
+  vt.reset();
+  EXPECT_EQ(oui(), "&Yes|Cancel");
+}
+
+// The help asked for from a modal dialog opens beside it and takes the keys
+// while the dialog waits; it goes back to the main window afterwards.
+TEST_F(FenetrePrincipale, HelpFromAModalDialogCanBeUsedBesideIt) {
+  ASSERT_TRUE(démarre());
+  QDialog dialogue(vt.get());
+  dialogue.setGeometry(40, 40, 300, 200);
+  QString tapé;
+  bool aCôté = false;
+  QTimer::singleShot(0, &dialogue, [&] {
+    vt->montreAide(QStringLiteral("index.html"), true);
+    auto* aide = vt->findChild<FAideNavigateur*>();
+    if (aide == nullptr) return dialogue.reject();
+    aCôté = !aide->geometry().intersects(dialogue.geometry());
+    // Keys as the system delivers them: a window blocked by the dialog drops them.
+    for (const char c : {'c', 'a', 'p', 'o'})
+      QTest::keyClick(aide->windowHandle(), c);
+    tapé = aide->findChild<QLineEdit*>()->text();
+    dialogue.reject();
+  });
+  dialogue.exec();
+  EXPECT_EQ(tapé, "capo");
+  EXPECT_TRUE(aCôté);
+  auto* aide = vt->findChild<FAideNavigateur*>();
+  ASSERT_NE(aide, nullptr);
+  EXPECT_EQ(aide->parentWidget(), vt.get()) << "back with the main window";
+  EXPECT_TRUE(aide->isVisible());
 }
 
 TEST_F(FenetrePrincipale, EntriesOfWindowsThisBuildLacksAreDisabledUntilRegistered) {

@@ -19,7 +19,7 @@ class SettingsStore : public ::testing::Test {
   Settings charger(int* questions = nullptr) {
     QSettings store(fichier(), QSettings::IniFormat);
     Settings s;
-    s.load_ini(store, kZone, "/opt/vantoro/", [questions]() -> i16 {
+    s.load_ini(store, kZone, [questions]() -> i16 {
       if (questions) ++*questions;
       return 10000;
     });
@@ -46,7 +46,8 @@ TEST_F(SettingsStore, AnEmptyStoreGivesEveryDefaultAndAsksForTheLanguage) {
   EXPECT_EQ(s.setMIDIPitchBendRange, 12);
   EXPECT_EQ(s.setMétronomeMIDINote1, 33);
   EXPECT_EQ(s.setLoadHelpAccessWndAtStartup, kVrai);
-  EXPECT_EQ(s.setTabFolderOpen, "/opt/vantoro/");
+  // The first file dialog opens among the user's documents.
+  EXPECT_EQ(s.setTabFolderOpen, dossierDocuments());
   EXPECT_EQ(s.setSoundFont, "");  // the system's SoundFont
   EXPECT_EQ(s.strSkinPath, "default");
   EXPECT_EQ(s.cfgPrintNumpage, "- %c -");

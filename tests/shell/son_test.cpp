@@ -24,10 +24,10 @@ namespace {
 // notes the test plays.
 class SonBavard : public SonEnregistreur {
  public:
-  SonBavard(Journal& j, QStringList messages)
+  SonBavard(Journal& j, QList<AvisSon> messages)
       : SonEnregistreur(j), m_messages(std::move(messages)) {}
-  QStringList prendMessages() override {
-    QStringList m;
+  QList<AvisSon> prendMessages() override {
+    QList<AvisSon> m;
     m.swap(m_messages);
     return m;
   }
@@ -35,7 +35,7 @@ class SonBavard : public SonEnregistreur {
   ReceveurNotes receveur;
 
  private:
-  QStringList m_messages;
+  QList<AvisSon> m_messages;
 };
 
 class Son : public Banc {
@@ -44,7 +44,7 @@ class Son : public Banc {
     Banc::SetUp();
     silencieux();
   }
-  SonBavard& bavard(QStringList messages = {}) {
+  SonBavard& bavard(QList<AvisSon> messages = {}) {
     crée();
     auto s = std::make_unique<SonBavard>(sons, std::move(messages));
     SonBavard& r = *s;
@@ -57,18 +57,36 @@ class Son : public Banc {
   QStringList avertissements;
 };
 
-TEST_F(Son, WhatTheSoundHasToSayIsShownOnceOverTheWindow) {
-  bavard({"No SoundFont", "No audio"});
+// What the sound has to say comes after the start page and the tip, so that
+// nothing modal covers it; what it says about the machine is said once for
+// good, a port that cannot be opened at every start.
+TEST_F(Son, TheSoundsNoticesComeLastAndThoseAboutTheMachineOnce) {
+  const QList<AvisSon> avis = {{son::kAucuneSoundFont.id, "No SoundFont"},
+                               {son::kAucuneSortieAudio.id, "No audio"},
+                               {son::kSortieMidiImpossible.id, "No port"}};
+  règle("Options/setD\u00e9marrage", "1");
+  règle("Options/Show Tips at Startup", "1");
+  bavard(avis);
   ASSERT_TRUE(démarre());
-  EXPECT_EQ(avertissements, QStringList{"No SoundFont\n\nNo audio"});
-  const auto montre = std::find(étapes.begin(), étapes.end(), "show");
-  const auto averti = std::find(étapes.begin(), étapes.end(), "avertissement");
-  ASSERT_NE(averti, étapes.end());
-  EXPECT_LT(montre, averti);
+  EXPECT_EQ(avertissements, QStringList{"No SoundFont\n\nNo audio\n\nNo port"});
+  const auto position = [this](const char* étape) {
+    return std::find(étapes.begin(), étapes.end(), étape) - étapes.begin();
+  };
+  ASSERT_LT(position("avertissement"), static_cast<long>(étapes.size()));
+  EXPECT_LT(position("FD\u00e9but"), position("avertissement"));
+  EXPECT_LT(position("FTip"), position("avertissement"));
+  vt->close();
+
+  // The next start on this machine.
+  vt.reset();
+  avertissements.clear();
+  bavard(avis);
+  ASSERT_TRUE(démarre());
+  EXPECT_EQ(avertissements, QStringList{"No port"});
 }
 
 TEST_F(Son, NothingToSayShowsNothing) {
-  bavard();
+  bavard({});
   ASSERT_TRUE(démarre());
   EXPECT_TRUE(avertissements.isEmpty());
   EXPECT_FALSE(contient(étapes, "avertissement"));

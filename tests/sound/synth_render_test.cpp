@@ -266,5 +266,35 @@ TEST_F(WavFile, WithoutASoundFontNothingIsWrittenAndAnEarlierFileStays) {
   EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"});
 }
 
+// The progress goes up to the whole, block by block; stopped at any point,
+// nothing is written and an earlier file stays.
+TEST_F(WavFile, TheProgressRisesToTheWholeAndAStopLeavesTheEarlierFile) {
+  const fs::path chemin = dossier / "la.wav";
+  std::vector<double> étapes;
+  OptionsRendu o;
+  o.avancement = [&étapes](double f) {
+    étapes.push_back(f);
+    return true;
+  };
+  ASSERT_TRUE(rendreWav(kUneSeconde, chemin.string(), o).ok);
+  ASSERT_GT(étapes.size(), 10u);
+  EXPECT_TRUE(std::is_sorted(étapes.begin(), étapes.end()));
+  EXPECT_GT(étapes.front(), 0.0);
+  EXPECT_EQ(étapes.back(), 1.0);
+  const auto avant = litFichier(chemin);
+  for (const std::size_t arrêt : {std::size_t{1}, étapes.size() / 2, étapes.size()}) {
+    SCOPED_TRACE(arrêt);
+    std::size_t appels = 0;
+    o.avancement = [&appels, arrêt](double) { return ++appels < arrêt; };
+    const RésultatWav r = rendreWav(kUneSeconde, chemin.string(), o);
+    EXPECT_FALSE(r.ok);
+    EXPECT_TRUE(r.annulé);
+    EXPECT_TRUE(r.messages.empty());
+    EXPECT_EQ(appels, arrêt) << "no block after the stop";
+    EXPECT_EQ(litFichier(chemin), avant);
+    EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"});
+  }
+}
+
 }  // namespace
 }  // namespace vt

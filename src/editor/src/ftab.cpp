@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPalette>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -64,8 +65,18 @@ FTab::FTab(VT& vt, QWidget* parent)
   m_surface = std::make_unique<PainterSurface>(880, 400);
   m_renderer =
       std::make_unique<CStripRenderer>(m_doc, m_tab, *m_surface, vt.guitare(), &sourcePortée());
-  m_picTab = new PicTab(*this, *m_surface, this);
-  bande->addWidget(m_picTab, 1);
+  // The strip scrolls up and down inside its area when the window is too short
+  // for the tablature and the staff; across, the scroll bar goes by bars.
+  m_zoneBande = new ZoneBande(this);
+  m_zoneBande->setObjectName(QStringLiteral("zoneBande"));
+  m_zoneBande->setFrameShape(QFrame::NoFrame);
+  m_zoneBande->setFocusPolicy(Qt::NoFocus);
+  m_zoneBande->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  m_zoneBande->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  m_zoneBande->setWidgetResizable(true);
+  m_picTab = new PicTab(*this, *m_surface, m_zoneBande);
+  m_zoneBande->setWidget(m_picTab);
+  bande->addWidget(m_zoneBande, 1);
   m_hScroll = new QScrollBar(Qt::Horizontal, this);
   m_hScroll->setObjectName(QStringLiteral("hScroll"));
   m_hScroll->setSingleStep(1);
@@ -176,6 +187,10 @@ void FTab::appliqueRéglages() {
 
 void FTab::drawInLine() {
   appliqueRéglages();
+  // Tall enough for everything drawn; the area shows its scroll bar when the
+  // window is shorter.
+  const int hauteur = m_renderer->metrics().hauteurContenu(nbCordes());
+  if (m_picTab->minimumHeight() != hauteur) m_picTab->setMinimumHeight(hauteur);
   m_renderer->drawInLine();
   m_toutSale = true;
 }

@@ -1,5 +1,6 @@
 // The cursor of the editor: its moves by column, string and bar, the view that
 // follows it, and what follows every move (status bar, fretboard, menus).
+#include <QScrollArea>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -31,6 +32,15 @@ void FTab::cacheCurseur(bool restaure) {
 }
 
 void FTab::termine(bool plein, bool suivre) {
+  // The selection of one cell that a click makes is not drawn: it ends when
+  // the cursor leaves that cell, so that a copy never takes an unseen note.
+  CVantoroTablature& d = doc();
+  if (d.intSelStartMesure != 0 && !sélectionÉtendue(d) &&
+      (d.intSelStartMesure != d.CurseurMesure() || d.intSelStartX != d.CurseurX() ||
+       d.bytSelStartCorde != d.CurseurCorde())) {
+    d.intSelStartMesure = d.intSelStartX = d.intSelStopMesure = d.intSelStopX = 0;
+    d.bytSelStartCorde = d.bytSelStopCorde = 0;
+  }
   if (suivre && suisCurseur()) plein = true;
   if (plein) {
     limitesDéfilement();
@@ -47,6 +57,9 @@ void FTab::termine(bool plein, bool suivre) {
 }
 
 void FTab::curseurDéplacé() {
+  // In a short window the strip scrolls so that the cursor's string shows.
+  m_zoneBande->ensureVisible(0, m_renderer->metrics().cordeY(doc().CurseurCorde()), 0,
+                             m_tab.TAB_VIEW_INTER_STRINGS * 2);
   m_vt.setStatusPosition(doc().CurseurMesure(), doc().CurseurX());
   mancheUpdate();
   tbUpdate();

@@ -18,6 +18,7 @@ constexpr int kCaseMaxClavier = 29;
 
 void FTab::marqueModifié() {
   doc().modifi = kVrai;
+  marqueModifiéTitre();
 }
 
 namespace {

@@ -12,15 +12,12 @@
 
 namespace vt {
 
-namespace {
-// The document's file with another extension in place of its own, as the
-// export dialogs propose it; empty for an unnamed document.
-QString autreExtension(const QString& fichier, const QString& extension) {
-  if (fichier.isEmpty()) return {};
-  const QFileInfo info(fichier);
+QString FTab::autreExtension(const QString& extension) const {
+  // An unnamed document: the folder where the dialogs open.
+  if (m_fichier.isEmpty()) return dossierDialogue();
+  const QFileInfo info(m_fichier);
   return info.path() + QLatin1Char('/') + info.completeBaseName() + extension;
 }
-}  // namespace
 
 QMessageBox::StandardButton FTab::allerAuRenvoiCassé() {
   CVantoroTablature& d = doc();
@@ -42,7 +39,7 @@ void FTab::mnuTabFileExportMIDI() {
   TimerMIDIStop(true);
   // A broken repeat writes nothing: the user is offered to go and see it.
   if (allerAuRenvoiCassé() != QMessageBox::NoButton) return;
-  const QString fichier = choisitFichier(true, autreExtension(m_fichier, QStringLiteral(".mid")),
+  const QString fichier = choisitFichier(true, autreExtension(QStringLiteral(".mid")),
                                          m_vt.loadString(6012), m_vt.loadString(6010));
   if (fichier.isEmpty()) return;
   MidiExportOptions options;
@@ -63,7 +60,7 @@ void FTab::mnuTabFileExportMIDI() {
 
 void FTab::mnuTabFileExportASCII() {
   TimerMIDIStop(true);
-  const QString fichier = choisitFichier(true, autreExtension(m_fichier, QStringLiteral(".txt")),
+  const QString fichier = choisitFichier(true, autreExtension(QStringLiteral(".txt")),
                                          m_vt.loadString(6013), m_vt.loadString(6008));
   if (fichier.isEmpty()) return;
   m_vt.showHourglass(true);

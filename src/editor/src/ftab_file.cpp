@@ -33,7 +33,9 @@ QMessageBox::StandardButton FTab::save_current_file() {
   if (doc().modifi == kFaux) return QMessageBox::NoButton;
   const QMessageBox::StandardButton réponse =
       question(m_vt.loadString(6011), QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
-  if (réponse == QMessageBox::Yes) MenuTabFile(2);
+  // Yes with a save that did not happen (its dialog cancelled, the file not
+  // written) stops the command as Cancel would: the changes are still only here.
+  if (réponse == QMessageBox::Yes && !MenuTabFileSaves(2)) return QMessageBox::Cancel;
   return réponse;
 }
 
@@ -98,8 +100,7 @@ void FTab::MenuTabFileOpen(bool boolDialog, const QString& nom) {
   const bool retient = s.setTabRememberFolder != kFaux;
   QString fichier = nom;
   if (boolDialog) {
-    const QString dossier = retient ? s.setTabFolderOpen : QString();
-    fichier = choisitFichier(false, dossier, m_vt.loadString(6003), QString());
+    fichier = choisitFichier(false, dossierDialogue(), m_vt.loadString(6003), QString());
     // A cancelled dialog ends the command with nothing changed.
     if (fichier.isEmpty()) return;
   }
@@ -124,21 +125,19 @@ void FTab::MenuTabFileOpenLast(const QString& nom) {
   MenuTabFileOpen(false, nom);
 }
 
-void FTab::MenuTabFileSaves(int index) {
+bool FTab::MenuTabFileSaves(int index) {
   Settings& s = m_vt.settings();
+  const QString ancien = m_fichier;
   QString fichier = m_fichier;
   if (index == 3 || fichier.isEmpty()) {
     const bool retient = s.setTabRememberFolder != kFaux;
-    const QString dossier =
-        retient && !s.setTabFolderOpen.isEmpty() && QFileInfo(s.setTabFolderOpen).isDir()
-            ? s.setTabFolderOpen
-            : QString();
-    fichier = choisitFichier(true, dossier, m_vt.loadString(6002), QString());
+    fichier = choisitFichier(true, dossierDialogue(), m_vt.loadString(6002), QString());
     if (fichier.isEmpty()) {
       // A cancelled dialog leaves the document unnamed, even after "Save as"
       // of a named one: the next plain save asks again.
       m_fichier.clear();
-      return;
+      libelléFenêtre();
+      return false;
     }
     if (QFileInfo(fichier).suffix().isEmpty()) fichier += QStringLiteral(".vtb");
     if (retient) s.setTabFolderOpen = dossierDe(fichier);
@@ -150,12 +149,26 @@ void FTab::MenuTabFileSaves(int index) {
   m_vt.showHourglass(true);
   const VtbSauvegarde résultat = io_enregistrer_vtb(doc(), chemin(fichier));
   m_vt.showHourglass(false);
+  marqueModifiéTitre();
   if (!résultat.ok()) {
+    // The piece is not in that file: it keeps the name it had.
+    m_fichier = ancien;
+    libelléFenêtre();
     QString texte = m_vt.loadString(résultat.message);
     if (!résultat.détail.empty())
       texte += QStringLiteral("\n") + QString::fromStdString(résultat.détail);
     message(texte);
   }
+  return résultat.ok();
+}
+
+QString FTab::dossierDialogue() const {
+  const Settings& s = m_vt.settings();
+  if (s.setTabRememberFolder != kFaux && !s.setTabFolderOpen.isEmpty() &&
+      QFileInfo(s.setTabFolderOpen).isDir())
+    return s.setTabFolderOpen;
+  // Not the folder the program happens to run in: the user's own documents.
+  return dossierDocuments();
 }
 
 void FTab::ouvreLigneDeCommande(const QString& fichier) {

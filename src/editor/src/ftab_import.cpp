@@ -22,8 +22,8 @@ void FTab::importe(bool midi) {
   Settings& s = m_vt.settings();
   const bool retient = s.setTabRememberFolder != kFaux;
   const QString fichier =
-      choisitFichier(false, retient ? s.setTabFolderOpen : QString(),
-                     m_vt.loadString(midi ? 6012 : 6013), m_vt.loadString(midi ? 6007 : 6009));
+      choisitFichier(false, dossierDialogue(), m_vt.loadString(midi ? 6012 : 6013),
+                     m_vt.loadString(midi ? 6007 : 6009));
   if (fichier.isEmpty()) return;
   if (retient) s.setTabFolderOpen = QFileInfo(fichier).absolutePath() + QLatin1Char('/');
   arrêteNotes();

@@ -10,8 +10,27 @@ namespace {
 bool estChiffre(int key) {
   return key >= Qt::Key_0 && key <= Qt::Key_9;
 }
+bool estModificateur(int key) {
+  return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt ||
+         key == Qt::Key_Meta || key == Qt::Key_AltGr;
+}
 bool estEntrée(int key) {
   return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+// The Edit menu's entry of Ctrl with this key: 3 cut, 4 copy, 5 paste; 0 for
+// any other key.
+int indexPressePapier(int key) {
+  switch (key) {
+    case Qt::Key_X:
+      return 3;
+    case Qt::Key_C:
+      return 4;
+    case Qt::Key_V:
+      return 5;
+    default:
+      return 0;
+  }
 }
 
 // The effect of each letter key.
@@ -61,6 +80,9 @@ void FTab::picTab_KeyUp(int, Qt::KeyboardModifiers) {
 }
 
 void FTab::picTab_KeyDown(int key, Qt::KeyboardModifiers mods, bool répétition) {
+  // A modifier on its own is no chord yet: it must not end the selection that
+  // the chord to come (Ctrl+C) works on.
+  if (estModificateur(key)) return;
   bool maj = mods.testFlag(Qt::ShiftModifier);
   const bool ctrl = mods.testFlag(Qt::ControlModifier);
   const bool alt = mods.testFlag(Qt::AltModifier);
@@ -73,6 +95,14 @@ void FTab::picTab_KeyDown(int key, Qt::KeyboardModifiers mods, bool répétition
   if (alt && !maj && !ctrl && estEntrée(key)) {
     mnuTabEdit(13);
     return;
+  }
+  // Cut, copy and paste of notes take the keys every program gives them, which
+  // the Ctrl chords leave free; they work on the selection, so they come first.
+  if (ctrl && !maj && !alt) {
+    if (const int index = indexPressePapier(key); index != 0) {
+      mnuTabEdit(index);
+      return;
+    }
   }
   // 3. and 4. The chords clear the selection first.
   if (maj && !ctrl && !alt) {

@@ -64,6 +64,7 @@ void FTab::créeMenus() {
   ajoute(export_, QStringLiteral("mnuTabFileExportMIDI"), 1285, [this] { mnuTabFileExportMIDI(); });
   ajoute(export_, QStringLiteral("mnuTabFileExportASCII"), 1286,
          [this] { mnuTabFileExportASCII(); });
+  ajoute(export_, QStringLiteral("mnuTabFileExportWAV"), 1380, [this] { mnuTabFileExportWAV(); });
   export_->addSeparator();
   ajoute(export_, QStringLiteral("mnuTabFileExportPDF_0"), 1277,
          [this] { mnuTabFileExportPDF(true); });
@@ -100,9 +101,9 @@ void FTab::créeMenus() {
   edit(0, 1324, QKeySequence(Qt::CTRL | Qt::Key_Z));
   edit(1, 1325, QKeySequence(Qt::CTRL | Qt::Key_Y));
   e->addSeparator();
-  edit(3, 1327);
-  edit(4, 1328);
-  edit(5, 1329);
+  edit(3, 1327, QKeySequence(Qt::CTRL | Qt::Key_X));
+  edit(4, 1328, QKeySequence(Qt::CTRL | Qt::Key_C));
+  edit(5, 1329, QKeySequence(Qt::CTRL | Qt::Key_V));
   e->addSeparator();
   edit(7, 1230);
   edit(8, 1231);
@@ -244,7 +245,13 @@ void FTab::libellésMenus() {
 void FTab::libelléFenêtre() {
   QString titre = m_vt.loadString(1200);
   if (!m_fichier.isEmpty()) titre += QStringLiteral(" - ") + m_fichier;
-  setWindowTitle(titre);
+  // Qt puts its mark of unsaved changes in place of "[*]".
+  setWindowTitle(titre + QStringLiteral("[*]"));
+  marqueModifiéTitre();
+}
+
+void FTab::marqueModifiéTitre() {
+  setWindowModified(doc().modifi != kFaux);
 }
 
 void FTab::load_lang() {
@@ -286,6 +293,7 @@ void FTab::disponibilités() {
   active(QStringLiteral("mnuTabTool_6"), false);
   disponibilitésPistes();
   boutonsSuiventMenus();
+  marqueModifiéTitre();
 }
 
 void FTab::disableUndoRedoButtons() {

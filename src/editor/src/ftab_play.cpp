@@ -27,6 +27,8 @@ int bas16(std::int32_t v) {
 // A duration the player gives for a string whose display stays as it is.
 constexpr int kDuréeInchangée = 32767;
 
+}  // namespace
+
 OptionsJeu optionsJeu(const Settings& s) {
   OptionsJeu o;
   o.setMIDIPitchDemiTon = s.setMIDIPitchDemiTon;
@@ -38,7 +40,6 @@ OptionsJeu optionsJeu(const Settings& s) {
   o.setMIDIPitchBendRange = s.setMIDIPitchBendRange;
   return o;
 }
-}  // namespace
 
 // ---- The player library ----------------------------------------------------------
 

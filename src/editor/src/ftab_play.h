@@ -15,6 +15,10 @@
 namespace vt {
 
 class CVantoroTablature;
+class Settings;
+
+// The settings a start reads (section "Options"), as the player takes them.
+OptionsJeu optionsJeu(const Settings& s);
 
 // What the editor asks of the player library: the start, the stop and the
 // pollers. The library itself by default; a test puts a stand-in whose

@@ -2,6 +2,7 @@
 // picture and hands its keys, mouse and size to the editor.
 #pragma once
 
+#include <QScrollArea>
 #include <QWidget>
 
 namespace vt {
@@ -31,6 +32,16 @@ class PicTab : public QWidget {
  private:
   FTab& m_ftab;
   const PainterSurface& m_surface;
+};
+
+// The area the strip scrolls up and down in when the window is too short for
+// it. It asks for the strip's own size: a scroll area would ask for less.
+class ZoneBande : public QScrollArea {
+ public:
+  using QScrollArea::QScrollArea;
+  QSize sizeHint() const override {
+    return widget() != nullptr ? widget()->sizeHint() : QScrollArea::sizeHint();
+  }
 };
 
 }  // namespace vt

@@ -74,13 +74,15 @@ bool mêmesCordes(const tGuitare& g, const tPiste& p) {
 }  // namespace
 
 int chercherGuitareAccordage(const CatalogueGuitares& catalogue, const tPiste& piste) {
-  for (int i = 1; i <= dernierIndex(catalogue); ++i)
+  const int dernier = dernierIndex(catalogue);
+  for (int i = 1; i <= dernier; ++i)
     if (mêmesCordes(catalogue.loadGuitare(i, kLangFrançais), piste)) return i;
   return 0;
 }
 
 int chercherGuitarePiste(const CatalogueGuitares& catalogue, const tPiste& piste) {
-  for (int i = 1; i <= dernierIndex(catalogue); ++i) {
+  const int dernier = dernierIndex(catalogue);
+  for (int i = 1; i <= dernier; ++i) {
     const tGuitare g = catalogue.loadGuitare(i, kLangFrançais);
     if (g.nbrCases == piste.bytNbrCases && g.capodastre == piste.bytCapodastre &&
         mêmesCordes(g, piste))

@@ -47,6 +47,11 @@ void CStripRenderer::curDraw() {
 
 void CStripRenderer::selDraw() {
   if (m_doc.intSelStartMesure == 0 || m_doc.intSelStopMesure == 0) return;
+  // A selection of one cell (a click) is marked by the cursor alone: a box of
+  // its own would look like a second cursor once the cursor moves on.
+  if (m_doc.intSelStartMesure == m_doc.intSelStopMesure &&
+      m_doc.intSelStartX == m_doc.intSelStopX && m_doc.bytSelStartCorde == m_doc.bytSelStopCorde)
+    return;
   const int in = m_s.TAB_VIEW_INTER_NOTE;
   const int is = m_s.TAB_VIEW_INTER_STRINGS;
   const int im = m_s.TAB_VIEW_INTER_MESURE;

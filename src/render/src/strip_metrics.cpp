@@ -1,5 +1,6 @@
 #include "render/strip_metrics.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 
@@ -16,6 +17,14 @@ i16 StripMetrics::getMesurePixel(int m) const {
   int x = m_s.TAB_VIEW_MARGIN_LEFT + m_s.TAB_VIEW_INTER_MESURE;
   for (lng k = m_doc.m_lngScrollValue; k < m; ++k) x += largeurMesure(static_cast<int>(k));
   return wrap16(x);
+}
+
+int StripMetrics::hauteurContenu(int nbCordes) const {
+  // Under the last string: the rhythm's foot and two lines of lower text.
+  int bas = top() + (std::max(nbCordes, 1) + 4) * m_s.TAB_VIEW_INTER_STRINGS;
+  // Under the staff: ledger lines down to the lowest note a guitar writes.
+  if (m_s.cfgAffichePortée) bas = std::max(bas, porteeHaut() + 20 * m_s.TAB_VIEW_INTER_PORTEE);
+  return bas;
 }
 
 i16 StripMetrics::getMesureOnScreen(int from, int largeurSurface) const {

@@ -1,11 +1,20 @@
 #include "shell/settings.h"
 
+#include <QDir>
 #include <QSettings>
+#include <QStandardPaths>
 #include <QStringList>
 
 #include "settings_convert.h"
 
 namespace vt {
+
+QString dossierDocuments() {
+  QString d = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  if (d.isEmpty() || !QDir(d).exists()) d = QDir::homePath();
+  if (!d.endsWith(QLatin1Char('/'))) d += QLatin1Char('/');
+  return d;
+}
 
 QString texteBool(vbool v) {
   return v != 0 ? QStringLiteral("True") : QStringLiteral("False");
@@ -103,7 +112,7 @@ constexpr const char* kVersion = "Version";
 
 }  // namespace
 
-void Settings::load_ini(QSettings& store, const WorkArea& zone, const QString& strAppPath,
+void Settings::load_ini(QSettings& store, const WorkArea& zone,
                         const std::function<i16()>& choisirLangue) {
   const Lecteur l(store);
 
@@ -146,7 +155,8 @@ void Settings::load_ini(QSettings& store, const WorkArea& zone, const QString& s
   l.octet(kOptions, k("setToolBar"), setToolBar, 1);
   l.octet(kOptions, k("setStatusBar"), setStatusBar, 1);
   l.booleen(kOptions, k("setTabRememberFolder"), setTabRememberFolder, kVrai);
-  l.chaine(kOptions, k("setTabFolderOpen"), setTabFolderOpen, strAppPath);
+  // The first dialog opens where the user keeps documents, not in the program's folder.
+  l.chaine(kOptions, k("setTabFolderOpen"), setTabFolderOpen, dossierDocuments());
   l.octet(kOptions, k("setMétronomeMIDICanal10"), setMétronomeMIDICanal10, 0);
   l.octet(kOptions, k("setMétro"), setMétro, 1);
   l.octet(kOptions, k("setMétronomeMIDINote1"), setMétronomeMIDINote1, 33);
@@ -161,6 +171,7 @@ void Settings::load_ini(QSettings& store, const WorkArea& zone, const QString& s
   l.octet(kOptions, k("setMIDIINBasicChannel"), setMIDIINBasicChannel, 1);
   l.entier(kOptions, k("setMIDIInDevice"), setMIDIInDevice, 0);
   l.chaine(kOptions, k("setSoundFont"), setSoundFont, QString());
+  l.chaine(kOptions, k("setAvisSonDits"), setAvisSonDits, QString());
   for (int i = 1; i <= 4; ++i)
     l.chaine(kTab, k("setTabLastOpenFile", i), setTabLastOpenFile[static_cast<std::size_t>(i)],
              QString());
@@ -277,6 +288,7 @@ void Settings::save_ini(QSettings& store, i16 etatFenetre, const QString& strApp
   e.nombre(kOptions, k("setMIDIINBasicChannel"), setMIDIINBasicChannel);
   e.nombre(kOptions, k("setMIDIInDevice"), setMIDIInDevice);
   e.texte(kOptions, k("setSoundFont"), setSoundFont);
+  e.texte(kOptions, k("setAvisSonDits"), setAvisSonDits);
   e.nombre(kOptions, k("setManche"), setManche);
   e.texte(kOptions, k("strSkinPath"), strSkinPath);
   e.nombre(kOptions, k("Show Tips at Startup"), setTipsStartup);

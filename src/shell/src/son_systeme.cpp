@@ -97,14 +97,14 @@ class SonSysteme : public SonLive {
   QStringList entreesMidi() const override { return liste(nomsEntréesMidi()); }
   int dernierResultat() const override { return m_midi.dernierRésultat(); }
 
-  QStringList prendMessages() override {
-    QStringList textes;
+  QList<AvisSon> prendMessages() override {
+    QList<AvisSon> avis;
     for (const MessageSon& m : m_midi.prendMessages()) {
       QString t = qLoadString(m.id, m_settings.setLang);
       if (!m.détail.empty()) t += QLatin1Char('\n') + QString::fromStdString(m.détail);
-      textes << t;
+      avis.append({m.id, t});
     }
-    return textes;
+    return avis;
   }
 
   void setReceveurNotes(ReceveurNotes receveur) override { m_receveur = std::move(receveur); }

@@ -23,6 +23,7 @@
 #include "shell/skin.h"
 #include "shell/textes.h"
 #include "status_panel.h"
+#include "traduction_qt.h"
 
 namespace vt {
 
@@ -71,7 +72,8 @@ const std::array<EntréeFen, 7> kFen = {{
 
 }  // namespace
 
-VT::VT(QWidget* parent) : QMainWindow(parent), m_fenetres(*this) {
+VT::VT(QWidget* parent)
+    : QMainWindow(parent), m_fenetres(*this), m_traductionQt(std::make_unique<TraductionQt>()) {
   setObjectName(QStringLiteral("VT"));
   initialiseRessourcesShell();
   setAcceptDrops(true);
@@ -341,7 +343,6 @@ void VT::créeBarreEtat() {
     p->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     barre->addPermanentWidget(p);
   }
-  m_insert->setText(QStringLiteral("EDIT"));
   connect(m_panneauGuitare, &PanneauStatut::doubleClic, this,
           [this] { montreFenetre(fen::FAccordeur); });
   connect(m_midi, &PanneauStatut::doubleClic, this,

@@ -44,6 +44,14 @@ QRect zoneTravail() {
   return écran ? écran->availableGeometry() : QRect(0, 0, 1024, 768);
 }
 
+// What the sound says about the machine itself (no audio output, no usable
+// SoundFont) is said once: it stays true from start to start, and the user
+// knows it after the first. A port that cannot be opened is said every time.
+bool avisDeLaMachine(int id) {
+  return id == son::kAucuneSortieAudio.id || id == son::kAucuneSoundFont.id ||
+         id == son::kSoundFontIllisible.id;
+}
+
 bool estUneTablature(const QString& nom) {
   return nom.size() >= 4 && nom.right(4).toLower() == QStringLiteral(".vtb");
 }
@@ -110,8 +118,6 @@ bool VT::MDIForm_Load(const Démarrage& d) {
   étape(QStringLiteral("show"));
   applyViewSettings();
   showHourglass(false);
-  // Once, over the window: the user learns why nothing may be heard.
-  montreMessagesSon();
 
   ligneDeCommande(d.ligneDeCommande);
 
@@ -122,14 +128,27 @@ bool VT::MDIForm_Load(const Démarrage& d) {
   if (m_settings.setTipsStartup == 1) montreAstuce();
   // The keys go to the main window once the start dialogs are gone.
   activateWindow();
+  // Last, once the start page and the tip are gone, so that nothing modal
+  // covers it: the user learns why nothing may be heard.
+  montreMessagesSon();
   return true;
 }
 
 void VT::montreMessagesSon() {
-  const QStringList avis = m_son->prendMessages();
-  if (avis.isEmpty() || !m_interactions.avertissement) return;
+  QStringList dits = m_settings.setAvisSonDits.split(QLatin1Char(','), Qt::SkipEmptyParts);
+  QStringList textes;
+  for (const AvisSon& a : m_son->prendMessages()) {
+    if (avisDeLaMachine(a.id)) {
+      const QString id = QString::number(a.id);
+      if (dits.contains(id)) continue;
+      dits << id;
+    }
+    textes << a.texte;
+  }
+  m_settings.setAvisSonDits = dits.join(QLatin1Char(','));
+  if (textes.isEmpty() || !m_interactions.avertissement) return;
   étape(QStringLiteral("avertissement"));
-  m_interactions.avertissement(avis.join(QStringLiteral("\n\n")));
+  m_interactions.avertissement(textes.join(QStringLiteral("\n\n")));
 }
 
 void VT::load_ini() {
@@ -143,7 +162,7 @@ void VT::load_ini() {
     return m_interactions.getLang();
   };
   auto store = ouvreMagasin();
-  m_settings.load_ini(*store, wa, m_strAppPath, demande);
+  m_settings.load_ini(*store, wa, demande);
   // A language that is neither French nor English was written by hand: ask.
   if (m_settings.setLang != kLangFrançais && m_settings.setLang != kLangAnglais)
     m_settings.setLang = demande();
@@ -283,7 +302,15 @@ void VT::closeEvent(QCloseEvent* e) {
     m_settings.save_ini(*store, etat, m_strAppPath);
     étape(QStringLiteral("save_ini"));
   }
-  // Each window may refuse (the editor asks to save its tablature).
+  // Each window may refuse (the editor asks to save its tablature). The editor
+  // is asked first, so that its refusal leaves every window as it was.
+  if (QWidget* tab = m_fenetres.fenetre(fen::FTab)) {
+    if (auto* cadre = qobject_cast<QMdiSubWindow*>(tab->parentWidget());
+        cadre != nullptr && !cadre->close()) {
+      e->ignore();
+      return;
+    }
+  }
   m_mdi->closeAllSubWindows();
   if (!m_mdi->subWindowList().isEmpty()) {
     e->ignore();

@@ -11,6 +11,7 @@
 #include <QMdiSubWindow>
 #include <QPageSetupDialog>
 #include <QPrinterInfo>
+#include <QScreen>
 #include <QScrollBar>
 #include <QToolBar>
 #include <QUrl>
@@ -25,10 +26,15 @@
 #include "shell/textes.h"
 #include "shell/vt.h"
 #include "status_panel.h"
+#include "traduction_qt.h"
 
 namespace vt {
 
 namespace {
+
+// The entry mode in the status bar.
+constexpr StringId kTexteInsertion{79};
+constexpr StringId kTexteEdition{80};
 
 const std::array<const QString*, 7> kFenêtresMenu = {
     &fen::FAccords,   &fen::FGammes, &fen::FMultimedia, &fen::FAccordeur,
@@ -213,11 +219,50 @@ void VT::montreAide(const QString& page, bool recherche) {
   if (!m_aide) {
     m_aide = new FAideNavigateur(*this);
   }
+  // From a modal dialog (its Help button) the help becomes the dialog's own
+  // window beside it: a window of the main window's would stay blocked until
+  // the dialog closes. It comes back to the main window when the dialog ends.
+  if (QWidget* modale = QApplication::activeModalWidget();
+      modale != nullptr && modale != m_aide && m_aide->parentWidget() != modale)
+    aideÀCôtéDe(*modale);
   m_aide->montrePage(page);
   if (recherche) m_aide->cherche();
   m_aide->show();
   m_aide->raise();
   m_aide->activateWindow();
+}
+
+void VT::aideÀCôtéDe(QWidget& dialogue) {
+  m_aide->hide();
+  m_aide->setParent(&dialogue, Qt::Window);
+  // On the side of the dialog with more room, narrowed to that room when it
+  // leaves enough to read.
+  constexpr int kÉcart = 8;
+  constexpr int kLargeurLisible = 320;
+  const QRect d = dialogue.frameGeometry();
+  const QScreen* écran = dialogue.screen();
+  const QRect zone = écran ? écran->availableGeometry() : d;
+  const int droite = zone.right() - d.right() - kÉcart;
+  const int gauche = d.left() - zone.left() - kÉcart;
+  const int place = std::max(droite, gauche);
+  const int largeur = place >= kLargeurLisible ? std::min(m_aide->width(), place) : m_aide->width();
+  const int hauteur = std::min(m_aide->height(), zone.height());
+  m_aide->resize(largeur, hauteur);
+  const int x = droite >= gauche ? d.right() + kÉcart : d.left() - kÉcart - largeur;
+  m_aide->move(x, std::clamp(d.top(), zone.top(), std::max(zone.top(), zone.bottom() - hauteur)));
+  if (auto* dlg = qobject_cast<QDialog*>(&dialogue)) {
+    connect(
+        dlg, &QDialog::finished, m_aide,
+        [this] {
+          // Back to the main window, where the user left it.
+          const QRect g = m_aide->geometry();
+          const bool visible = m_aide->isVisible();
+          m_aide->setParent(this, Qt::Window);
+          m_aide->setGeometry(g);
+          m_aide->setVisible(visible);
+        },
+        Qt::SingleShotConnection);
+  }
 }
 
 // ---- Status bar -------------------------------------------------------------------------
@@ -243,18 +288,21 @@ void VT::setStatusMidi() {
 
 void VT::toggleInsert() {
   m_booInsert = !m_booInsert;
-  m_insert->setText(m_booInsert ? QStringLiteral("INS") : QStringLiteral("EDIT"));
+  m_insert->setText(loadString(m_booInsert ? kTexteInsertion : kTexteEdition));
 }
 
 // ---- Language ----------------------------------------------------------------------------
 
 void VT::load_lang() {
+  // Qt's own texts first: the key names of the menus are made from them.
+  m_traductionQt->applique(m_settings.setLang);
   setStatusText(0);
   setWindowTitle(loadString(1));
   libellésMenus();
   libellésBarre();
   m_position->setToolTip(loadString(48));
   m_insert->setToolTip(loadString(50));
+  m_insert->setText(loadString(m_booInsert ? kTexteInsertion : kTexteEdition));
   loadGuitare(m_settings.setGuitare);
   setStatusMidi();
 }

@@ -26,7 +26,8 @@ using Puits = std::function<bool(const std::int16_t* stéréo, std::size_t trame
 struct Rendu {
   std::string soundFont;
   std::vector<MessageSon> messages;
-  bool ok = true;  // false when the sink refused
+  bool ok = true;  // false when the sink refused or the rendering was stopped
+  bool annulé = false;
 };
 
 // Renders everything into `puits`, a block at a time. Without a SoundFont the
@@ -68,6 +69,11 @@ Rendu rends(const MessagesDates& entrée, const OptionsRendu& options, bool muet
       }
       r.ok = puits(tampon.data(), std::size_t(n));
       position += n;
+      if (r.ok && options.avancement &&
+          !options.avancement(fin > 0 ? std::min(1.0, double(position) / double(fin)) : 1.0)) {
+        r.ok = false;
+        r.annulé = true;
+      }
     }
   };
   for (const MessageDate& m : messages) {
@@ -106,8 +112,12 @@ RésultatWav rendreWav(const MessagesDates& messages, const std::string& chemin,
   résultat.soundFont = r.soundFont;
   résultat.messages = r.messages;
   // A silent file is not what was asked for: the messages say why, and the
-  // temporary file goes.
+  // temporary file goes. So does the file of a rendering stopped on the way.
   if (r.soundFont.empty()) return résultat;
+  if (r.annulé) {
+    résultat.annulé = true;
+    return résultat;
+  }
   if (!r.ok || !fichier.termine()) {
     résultat.messages.insert(résultat.messages.begin(),
                              {son::kEcritureImpossible.id, chemin + ": " + fichier.erreur()});

@@ -35,6 +35,7 @@ class QLayout;
 class QMenu;
 class QMenuBar;
 class QPrinter;
+class QScrollArea;
 class QScrollBar;
 class QToolBar;
 
@@ -47,6 +48,7 @@ class PainterSurface;
 class PicTab;
 struct LectureTab;
 struct InterchangeResult;
+struct RésultatWav;
 struct BoutonBarre;
 class FTabToolBar;
 class fTabDrums;
@@ -104,8 +106,9 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void MenuTabFileOpen(bool boolDialog, const QString& nom = {});
   // Opens one of the recent files, when it still exists.
   void MenuTabFileOpenLast(const QString& nom);
-  // 2 save, 3 save as.
-  void MenuTabFileSaves(int index);
+  // 2 save, 3 save as. True when the file was written; false when the dialog
+  // was cancelled or the file could not be written.
+  bool MenuTabFileSaves(int index);
   // A MIDI file or a text tablature through its dialog, in place of the document.
   void mnuTabFileImportMIDI();
   void mnuTabFileImportASCII();
@@ -115,6 +118,8 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   // Every track, one after another, or the cursor's track, as a PDF of the
   // printed pages.
   void mnuTabFileExportPDF(bool toutesLesPistes);
+  // The piece as a WAV file, rendered offline under a progress bar.
+  void mnuTabFileExportWAV();
   // Asks whether to save a changed tablature, and saves on Yes. NoButton when
   // nothing was asked; Cancel is the order to stop.
   QMessageBox::StandardButton save_current_file();
@@ -190,6 +195,8 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   const QImage& image() const;
   QWidget* picTab() const;
   QScrollBar* hScroll() const { return m_hScroll; }
+  // The area the strip scrolls up and down in.
+  QScrollArea* zoneBande() const { return m_zoneBande; }
   // A menu entry by its name, "mnuTabEdit_0", "mnuTabDisplay_2", ... (nullptr if none).
   QAction* entrée(const QString& nom) const;
 
@@ -258,6 +265,14 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void montreImage();
   void salitMesureCurseur();
   void libelléFenêtre();
+  // The title bar's mark of unsaved changes follows the document.
+  void marqueModifiéTitre();
+  // Where a file dialog opens: the remembered folder when the settings keep
+  // one and it exists, else the user's documents folder.
+  QString dossierDialogue() const;
+  // What an export dialog proposes: the document's file with this extension
+  // in place of its own; the dialogs' folder for an unnamed document.
+  QString autreExtension(const QString& extension) const;
 
   // ---- Cursor (ftab_cursor.cpp) ----
   // Every change of the picture under the cursor and the selection hides them
@@ -412,6 +427,9 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   QMessageBox::StandardButton allerAuRenvoiCassé();
   // The messages of an import or an export.
   void rapporte(const InterchangeResult& r);
+  // Renders the piece into `fichier` on a thread while a progress bar with
+  // Cancel runs; the result says whether it was written or cancelled.
+  RésultatWav rendWav(const QString& fichier);
   // Reads a file into the document; true when it was read. On failure the
   // document stays as it was and the reader's messages are shown.
   bool ouvreFichier(const QString& fichier);
@@ -422,6 +440,7 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   std::unique_ptr<PainterSurface> m_surface;
   std::unique_ptr<CStripRenderer> m_renderer;
   PicTab* m_picTab = nullptr;
+  QScrollArea* m_zoneBande = nullptr;
   QScrollBar* m_hScroll = nullptr;
   QMenuBar* m_barreMenus = nullptr;
   QMenu* m_mnuTabPopUp = nullptr;

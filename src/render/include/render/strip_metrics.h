@@ -40,6 +40,10 @@ class StripMetrics {
   int porteeLigneY(int k) const { return porteeHaut() + k * 2 * m_s.TAB_VIEW_INTER_PORTEE; }
   // Two staff spaces above the top line: the origin of staff steps.
   int porteeBase() const { return porteeHaut() - 4 * m_s.TAB_VIEW_INTER_PORTEE; }
+  // How high the strip must be to show all it draws: the tablature of
+  // `nbCordes` strings with its rhythm and lower texts, and the staff with its
+  // ledger lines when it is shown.
+  int hauteurContenu(int nbCordes) const;
 
   // ---- Hit tests of the mouse ---------------------------------------------
   // The string under y, for a track of `nbCordes` strings.

@@ -24,6 +24,7 @@ void PainterSurface::resize(int width, int height) {
   m_image = QImage(std::max(width, 1), std::max(height, 1), QImage::Format_RGB32);
   m_image.fill(Qt::white);
   m_painter.begin(&m_image);
+  oublieDessous();
   m_polices.clear();
   m_police = nullptr;
 }
@@ -103,12 +104,39 @@ bool PainterSurface::rasterBox(int x1, int y1, int x2, int y2) {
   const Colour c = ForeColor();
   const QRgb pen = qRgb(rouge(c), vert(c), bleu(c));
   const bool masque = drawMode() == DrawMode::MaskPen;
+  const std::size_t largeur = static_cast<std::size_t>(m_image.width());
+  const std::size_t taille = largeur * static_cast<std::size_t>(m_image.height());
+  if (m_comptes.size() != taille) {
+    m_comptes.assign(taille, 0);
+    m_dessous.resize(taille);
+  }
   for (int y = y1; y <= y2; ++y) {
     auto* ligne = reinterpret_cast<QRgb*>(m_image.scanLine(y));
-    for (int x = x1; x <= x2; ++x)
-      ligne[x] = masque ? (ligne[x] & pen) : (ligne[x] | (~pen & 0x00FFFFFF)) | 0xFF000000;
+    const std::size_t début = static_cast<std::size_t>(y) * largeur;
+    for (int x = x1; x <= x2; ++x) {
+      QRgb& px = ligne[x];
+      const std::size_t i = début + static_cast<std::size_t>(x);
+      std::uint8_t& n = m_comptes[i];
+      if (masque) {
+        // What lies under is kept the first time, or again when something was
+        // drawn over the shape since.
+        if (n == 0 || px != (m_dessous[i] & pen)) m_dessous[i] = px;
+        if (n < 255) ++n;
+        px &= pen;
+      } else if (n > 0 && --n == 0) {
+        // The last shape over the pixel goes: it gets back what was under it,
+        // unless something was drawn over the shape meanwhile.
+        if (px == (m_dessous[i] & pen)) px = m_dessous[i];
+      }
+      // Hiding where nothing is shown leaves the pixel alone: the same mode on
+      // ink would tint it.
+    }
   }
   return true;
+}
+
+void PainterSurface::oublieDessous() {
+  std::fill(m_comptes.begin(), m_comptes.end(), std::uint8_t{0});
 }
 
 void PainterSurface::drawSegment(double x1, double y1, double x2, double y2) {
@@ -180,6 +208,8 @@ void PainterSurface::drawDeviceLine(int x1, int y1, int x2, int y2) {
 void PainterSurface::clear() {
   m_painter.setCompositionMode(QPainter::CompositionMode_Source);
   m_painter.fillRect(m_image.rect(), couleurQt(BackColor()));
+  // Nothing is shown over a cleared picture.
+  oublieDessous();
 }
 
 void PainterSurface::Rectangle(int l, int t, int r, int b) {

@@ -84,6 +84,9 @@ class Settings {
   byt setMIDIINBasicChannel = 0;
   i16 setMIDIInDevice = 0;
   QString setSoundFont;  // the built-in synthesizer's SoundFont; empty: the system's
+  // The sound notices about this machine already said once (no audio output,
+  // no SoundFont): their string ids, comma-separated.
+  QString setAvisSonDits;
   byt setManche = 0;
   QString strSkinPath;
   byt setTipsStartup = 0;  // key "Show Tips at Startup"
@@ -157,17 +160,20 @@ class Settings {
   byt Temps = 0;
   vbool setMétronomeAccent = kFaux;
 
-  // Reads every key in the order of the boot sequence. `strAppPath` is the
-  // default of the tablature folder; `choisirLangue` is asked when no language
-  // is stored (the language dialog) and answers 0 or 10000.
-  void load_ini(QSettings& store, const WorkArea& zone, const QString& strAppPath,
-                const std::function<i16()>& choisirLangue);
+  // Reads every key in the order of the boot sequence. `choisirLangue` is
+  // asked when no language is stored (the language dialog) and answers 0 or
+  // 10000.
+  void load_ini(QSettings& store, const WorkArea& zone, const std::function<i16()>& choisirLangue);
 
   // Writes every key. `etatFenetre` is the main window's state at close: a
   // minimized window leaves the geometry as it was stored, a maximized one
   // keeps its last normal geometry.
   void save_ini(QSettings& store, i16 etatFenetre, const QString& strAppPath) const;
 };
+
+// The user's documents folder with its trailing separator, the home folder
+// when there is none: where the file dialogs open the first time.
+QString dossierDocuments();
 
 // The text the store holds for a truth value, and its reading.
 QString texteBool(vbool v);

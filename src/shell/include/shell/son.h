@@ -13,6 +13,13 @@ namespace vt {
 class MidiOut;
 class Settings;
 
+// A notice of the sound: its string id and its text in the current language,
+// with the detail under it.
+struct AvisSon {
+  int id = 0;
+  QString texte;
+};
+
 class SonLive {
  public:
   virtual ~SonLive() = default;
@@ -67,7 +74,7 @@ class SonLive {
   // What the user should know since the last call, in the current language,
   // each kind of message once for the session (no SoundFont, no audio device,
   // a port that cannot be opened).
-  virtual QStringList prendMessages() { return {}; }
+  virtual QList<AvisSon> prendMessages() { return {}; }
   // Where the notes of the MIDI input go, on the user-interface thread: the
   // string the channel stands for, the note, pressed or released.
   using ReceveurNotes = std::function<void(int corde, int note, bool enfoncee)>;

@@ -37,6 +37,7 @@ namespace vt {
 class Manche;
 class PanneauStatut;
 class FAideNavigateur;
+class TraductionQt;
 
 // The fixed note names, index 0 being A: the pitch class of MIDI note m is (m + 3) % 12.
 inline constexpr std::array<const char*, 12> kNotes = {"A",  "A#", "B", "C",  "C#", "D",
@@ -81,6 +82,8 @@ class VT : public QMainWindow {
   void noteMidiEntrante(int corde, int note, bool enfoncee);
   // What the sound has to say since it last spoke (no SoundFont, a port that
   // cannot be opened), in one notice over the window; nothing when all is well.
+  // What it says about the machine itself (no audio output, no usable
+  // SoundFont) is said once on that machine, remembered in the settings.
   void montreMessagesSon();
 
   // ---- What the windows share -------------------------------------------------
@@ -213,6 +216,9 @@ class VT : public QMainWindow {
   void arrangeIcônes();
   void mosaïque(Qt::Orientation sens);
 
+  // Makes the help window a window of this modal dialog, beside it.
+  void aideÀCôtéDe(QWidget& dialogue);
+
   // Fretboard events.
   void picManche_MouseMove(int c, int s, Qt::MouseButtons boutons);
   void picManche_MouseDown(int c, int s, Qt::MouseButton bouton);
@@ -262,6 +268,8 @@ class VT : public QMainWindow {
   PanneauStatut* m_insert = nullptr;
   int m_statusTextId = 0;
   QPointer<FAideNavigateur> m_aide;
+  // Qt's own texts in the current language.
+  std::unique_ptr<TraductionQt> m_traductionQt;
 };
 
 }  // namespace vt

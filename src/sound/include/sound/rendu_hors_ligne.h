@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,9 @@ struct OptionsRendu {
   // the instruments as a microphone close to them would hear them (the
   // tuner's tests measure pitch on such a dry sound).
   bool effets = true;
+  // Told after each block how much is rendered, from 0 to 1, on the rendering's
+  // own thread; answering false stops the rendering (a Cancel button).
+  std::function<bool(double fait)> avancement;
 };
 
 inline constexpr int kFréquenceRendu = 44100;
@@ -47,6 +51,7 @@ RenduPcm rendrePcm(const MessagesDates& messages, const OptionsRendu& options = 
 
 struct RésultatWav {
   bool ok = false;
+  bool annulé = false;  // stopped by `avancement`: no file, and no message
   std::string soundFont;
   std::vector<MessageSon> messages;  // on failure, the first says why
 };
@@ -54,7 +59,7 @@ struct RésultatWav {
 // The same rendering written as a WAV file (PCM, 2 channels, 16 bits,
 // 44100 Hz). The file is written beside its final name and renamed into place:
 // on any failure no file is left, and an earlier file of that name is kept.
-// Without a SoundFont nothing is written.
+// Without a SoundFont nothing is written, nor when `avancement` stops it.
 RésultatWav rendreWav(const MessagesDates& messages, const std::string& chemin,
                       const OptionsRendu& options = {});
 

@@ -2,6 +2,13 @@
 // raster draw modes of the cursor and the SRCAND blits of the staff work.
 // Text is drawn without antialiasing: erasing by overdraw in the background
 // colour must leave nothing behind.
+//
+// The cursor and the selection are shown with MaskPen and hidden with
+// MergeNotPen. Over white the pair undoes itself; over ink the second mode
+// alone would leave the pen's zero bits behind (dark red with the default
+// colour). So the boxes and lines of those modes remember each pixel they
+// show over, and hiding gives it back exactly: over notes, letters and lines
+// as over white, in any order of the shapes.
 #pragma once
 
 #include <QFont>
@@ -10,9 +17,11 @@
 #include <QPainter>
 #include <QStaticText>
 #include <QString>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "render/surface.h"
 
@@ -79,9 +88,15 @@ class PainterSurface : public Surface {
   void prepareMode();
   // The raster modes over an axis-aligned box, done on the pixels themselves.
   bool rasterBox(int x1, int y1, int x2, int y2);
+  // A new or cleared picture has nothing shown over it.
+  void oublieDessous();
 
   QImage m_image;
   QPainter m_painter;
+  // Per pixel: how many shapes of the raster modes are shown over it, and
+  // what was there before the first.
+  std::vector<std::uint8_t> m_comptes;
+  std::vector<QRgb> m_dessous;
   std::unordered_map<std::string, std::unique_ptr<Police>> m_polices;
   Police* m_police = nullptr;
   FontSpec m_policeCourante;
