@@ -8,6 +8,9 @@
 // (10 ms instead of 10.417 at tempo 120), as a clock that waited the
 // record's integer period on every tick would: the difference it makes.
 //
+// Then the metronome's clock at tempo 120 for as long: each click's time as
+// sent against a click every 500 ms from the first.
+//
 // Last, for reference, the machine's own wake-up latency: a thread that only
 // sleeps until each tick's deadline.
 //
@@ -24,6 +27,7 @@
 #include <vector>
 
 #include "document/tablature.h"
+#include "player/metronome.h"
 #include "player/play_offline.h"
 #include "player/play_start.h"
 #include "player/play_timing.h"
@@ -110,6 +114,35 @@ Mesure jouer(const CVantoroTablature& doc, int tempoHorloge) {
   return r;
 }
 
+// The metronome's clicks (note-ons) for `secondes` against their ideal times.
+Mesure métronome(int tempo, int secondes) {
+  auto journal = std::make_shared<SortieJournal>();
+  const std::int32_t handle = midiHandleOuvrir(journal);
+  OptionsMétronome o;
+  o.setMétronomeMIDICanal10 = 1;
+  journal->setDébut(Horloge::now());
+  StartMetronome(métronomeParams(tempo, 4, o, handle), tempo);
+  std::this_thread::sleep_for(std::chrono::seconds(secondes));
+  StopMetronome();
+  midiHandleFermer(handle);
+  std::vector<double> clics;
+  for (const MessageDate& m : journal->messages())
+    if ((midiStatus(m.message) & 0xF0) == 0x90 && midiData2(m.message) > 0) clics.push_back(m.ms);
+  Mesure r;
+  r.messages = clics.size();
+  if (clics.size() < 2) return r;
+  const double temps = 60000.0 / tempo;
+  std::vector<double> écarts;
+  for (std::size_t k = 0; k < clics.size(); ++k)
+    écarts.push_back(std::abs(clics[k] - clics.front() - double(k) * temps));
+  r.médiane = quantile(écarts, 0.5);
+  r.p99 = quantile(écarts, 0.99);
+  r.max = *std::max_element(écarts.begin(), écarts.end());
+  r.durée = clics.back() - clics.front();
+  r.duréeIdéale = double(clics.size() - 1) * temps;
+  return r;
+}
+
 // The machine's own floor: a thread that does nothing but sleep until each
 // tick's deadline (sleep_until, no active wait), with the clock thread's
 // timer slack and priority, for as many ticks as the piece has.
@@ -168,6 +201,7 @@ int main(int argc, char** argv) {
   ligne("exact tempo (60000 / (120 * 48) ms a tick as a fraction)", jouer(doc, 120));
   // 60000 / (125 * 48) is exactly 10 ms: the whole period of tempo 120.
   ligne("whole-millisecond period (10 ms a tick)", jouer(doc, 125));
+  ligne("metronome clock at tempo 120 (a click every 500 ms)", métronome(120, secondes));
   ligne("the machine alone: sleep_until every tick, nothing sent", sommeilSeul(secondes * 2 * 48));
 
   fini = true;

@@ -6,8 +6,11 @@
 #include "editor/ftab.h"
 #include "shell/foptions.h"
 #include "shell/vt.h"
+#include "tools/faccordeur.h"
 #include "tools/fgammes.h"
 #include "tools/fharmony.h"
+#include "tools/fmetronome.h"
+#include "tools/fmultimedia.h"
 
 int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
@@ -19,6 +22,9 @@ int main(int argc, char* argv[]) {
   vt.fenetres().enregistrer(vt::fen::FTab, [](vt::VT& v) { return new vt::FTab(v); });
   vt.fenetres().enregistrer(vt::fen::FGammes, [](vt::VT& v) { return new vt::FGammes(v); });
   vt.fenetres().enregistrer(vt::fen::FHarmony, [](vt::VT& v) { return new vt::FHarmony(v); });
+  vt.fenetres().enregistrer(vt::fen::FAccordeur, [](vt::VT& v) { return new vt::FAccordeur(v); });
+  vt.fenetres().enregistrer(vt::fen::FMetronome, [](vt::VT& v) { return new vt::FMetronome(v); });
+  vt.fenetres().enregistrer(vt::fen::FMultimedia, [](vt::VT& v) { return new vt::FMultimedia(v); });
   vt.fenetres().enregistrer(
       vt::fen::FOptions, [](vt::VT& v) { return new vt::FOptions(v); },
       vt::RegistreFenetres::Genre::Dialogue);

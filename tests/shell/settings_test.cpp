@@ -60,6 +60,9 @@ TEST_F(SettingsStore, AnEmptyStoreGivesEveryDefaultAndAsksForTheLanguage) {
   EXPECT_EQ(s.setGuitare, 1);
   EXPECT_EQ(s.setTipsStartup, 1);
   EXPECT_EQ(s.AccordParametres.ROOT_SCORE, 50);
+  EXPECT_EQ(std::vector<int>({s.TempoH, s.TempoM, s.TempoL, s.Temps}),
+            std::vector<int>({1, 2, 0, 4}));
+  EXPECT_EQ(s.setMétronomeAccent, kVrai);
   // The page-head fonts take their defaults by index.
   EXPECT_EQ(s.cfgFont[0].gras, kVrai);
   EXPECT_EQ(s.cfgFont[1].gras, kFaux);
@@ -87,6 +90,8 @@ TEST_F(SettingsStore, WhatIsSavedComesBack) {
   s.TAB_VIEW_MARGIN_TOP_PORTEE = 0;
   s.Largeur = 12000;
   s.AccordParametres.MAXSPAN = 5;
+  s.TempoL = 6;
+  s.setMétronomeAccent = kFaux;
   {
     QSettings store(fichier(), QSettings::IniFormat);
     s.save_ini(store, kEtatNormal, "/opt/vantoro/");
@@ -108,6 +113,8 @@ TEST_F(SettingsStore, WhatIsSavedComesBack) {
   EXPECT_EQ(r.TAB_VIEW_MARGIN_TOP_PORTEE, 0);
   EXPECT_FLOAT_EQ(r.Largeur, 12000);
   EXPECT_EQ(r.AccordParametres.MAXSPAN, 5);
+  EXPECT_EQ(r.TempoL, 6);
+  EXPECT_EQ(r.setMétronomeAccent, kFaux);
   QSettings store(fichier(), QSettings::IniFormat);
   EXPECT_EQ(store.value("Version/App.Path").toString(), "/opt/vantoro/");
   EXPECT_EQ(store.value("Options/setLeftHanded").toString(), "True");

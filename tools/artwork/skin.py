@@ -77,6 +77,9 @@ LAYOUT = {
         "btnStop": (16, 346, 48, 48),
         "btnOptions": (136, 346, 48, 48),
         "btnExit": (268, 350, 40, 40),
+        "optEcoute switch (bascule: wheel, Listen)": (198, 348, 56, 28),
+        "its caption, Listen": (184, 376, 84, 16),
+        "the Listen page's dial, drawn in the wheel's place": (50, 64, 220, 220),
     },
     "FMetronome": {
         "size": (320, 400),
@@ -93,6 +96,11 @@ LAYOUT = {
         "btnExit": (272, 266, 40, 40),
         "btnOptions": (160, 330, 48, 48),
         "labels under the pendulum": (16, 254, 130, 130),
+        "labBeat (beats to the bar)": (10, 256, 142, 22),
+        "optAccent switch (bascule)": (16, 290, 56, 28),
+        "its caption, Accent": (78, 290, 70, 28),
+        "a word on tapping": (16, 330, 130, 52),
+        "btnTap (bouton E off, lit while pressed)": (236, 322, 64, 64),
     },
 }
 

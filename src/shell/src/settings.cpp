@@ -107,6 +107,7 @@ constexpr const char* kGammes = "Gammes";
 constexpr const char* kAccords = "Accords";
 constexpr const char* kAccordeur = "Accordeur";
 constexpr const char* kMCI = "MCI";
+constexpr const char* kMétronome = "Metronome";
 constexpr const char* kVersion = "Version";
 
 }  // namespace
@@ -220,6 +221,11 @@ void Settings::load_ini(QSettings& store, const WorkArea& zone,
   l.octet(kOptions, k("Show Tips at Startup"), setTipsStartup, 1);
   l.chaine(kMCI, k("mciDrive"), mciDrive, QString());
   l.chaine(kMCI, k("mciPath"), mciPath, QString());
+  l.octet(kMétronome, k("TempoH"), TempoH, 1);
+  l.octet(kMétronome, k("TempoM"), TempoM, 2);
+  l.octet(kMétronome, k("TempoL"), TempoL, 0);
+  l.octet(kMétronome, k("Temps"), Temps, 4);
+  l.booleen(kMétronome, k("setMétronomeAccent"), setMétronomeAccent, kVrai);
   l.octet(kAccords, k("setAccordConst"), setAccordConst, 1);
   tAccordParametres& a = AccordParametres;
   l.octet(kAccords, k("AccordParametres.ADJ_SCORE"), a.ADJ_SCORE, 9);
@@ -340,6 +346,11 @@ void Settings::save_ini(QSettings& store, i16 etatFenetre, const QString& strApp
   e.nombre(kAccordeur, k("setGuitare"), setGuitare);
   e.texte(kMCI, k("mciDrive"), mciDrive);
   e.texte(kMCI, k("mciPath"), mciPath);
+  e.nombre(kMétronome, k("TempoH"), TempoH);
+  e.nombre(kMétronome, k("TempoM"), TempoM);
+  e.nombre(kMétronome, k("TempoL"), TempoL);
+  e.nombre(kMétronome, k("Temps"), Temps);
+  e.booleen(kMétronome, k("setMétronomeAccent"), setMétronomeAccent);
 
   e.nombre(kVersion, k("App.Major"), VT_VERSION_MAJOR);
   e.nombre(kVersion, k("App.Minor"), VT_VERSION_MINOR);

@@ -37,6 +37,10 @@ Rendu rends(const MessagesDates& entrée, const OptionsRendu& options, bool muet
             const Puits& puits) {
   Rendu r;
   fluid::Réglages réglages = fluid::nouveauxRéglages();
+  if (réglages && !options.effets) {
+    fluid_settings_setint(réglages.get(), "synth.chorus.active", 0);
+    fluid_settings_setint(réglages.get(), "synth.reverb.active", 0);
+  }
   ChoixSoundFont choix;
   fluid::Synthé synth =
       fluid::nouveauSynthé(réglages.get(), options.soundFont, options.soundFontsSystème, choix);

@@ -69,6 +69,18 @@ void habilleTexte(QLabel* l, bool gras) {
   }
 }
 
+QLabel* créeTexte(QWidget* parent, const QString& nom, const QRect& boîte, int points, bool gras) {
+  auto* l = new QLabel(parent);
+  l->setObjectName(nom);
+  l->setGeometry(boîte);
+  l->setAttribute(Qt::WA_TranslucentBackground);
+  QFont f = l->font();
+  f.setPointSize(points);
+  l->setFont(f);
+  habilleTexte(l, gras);
+  return l;
+}
+
 void toutesNotesOff(VT& vt) {
   vt.son().midiController(kToutesNotesOff, 0, vt.settings().setMIDIchannel);
 }

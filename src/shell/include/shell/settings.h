@@ -152,6 +152,14 @@ class Settings {
   QString mciDrive;
   QString mciPath;
 
+  // ---- "Metronome": the tempo's three digits, the beats to the bar, and
+  // whether the first beat of the bar has its own note ----
+  byt TempoH = 0;
+  byt TempoM = 0;
+  byt TempoL = 0;
+  byt Temps = 0;
+  vbool setMétronomeAccent = kFaux;
+
   // Reads every key in the order of the boot sequence. `choisirLangue` is
   // asked when no language is stored (the language dialog) and answers 0 or
   // 10000.

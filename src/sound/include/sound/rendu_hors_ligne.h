@@ -24,6 +24,10 @@ struct OptionsRendu {
   std::vector<std::string> soundFontsSystème = soundFontsDuSystème();
   // Time left after the last message for the notes to die away.
   double traîneMs = 2000;
+  // Reverberation and chorus as the live synthesizer has them; without them,
+  // the instruments as a microphone close to them would hear them (the
+  // tuner's tests measure pitch on such a dry sound).
+  bool effets = true;
   // Told after each block how much is rendered, from 0 to 1, on the rendering's
   // own thread; answering false stops the rendering (a Cancel button).
   std::function<bool(double fait)> avancement;

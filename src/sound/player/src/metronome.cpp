@@ -79,7 +79,7 @@ tMetronomeParams métronomeParams(int tempo, int temps, const OptionsMétronome&
   // channel 10 sounds one channel above the one the options show.
   p.bytCanal = static_cast<byt>(canal10 ? 9 : o.setMIDIchannel);
   p.bytNoteFaible = static_cast<byt>(o.setMétronomeMIDINote2);
-  p.bytNoteForte = static_cast<byt>(o.setMétronomeMIDINote1);
+  p.bytNoteForte = static_cast<byt>(o.accent ? o.setMétronomeMIDINote1 : o.setMétronomeMIDINote2);
   p.bytVolume = static_cast<byt>(o.setMIDIvolume);
   // 5000 / (3 * tempo) never ends in exactly one half, so how ties round
   // does not matter here.

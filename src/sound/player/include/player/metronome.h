@@ -18,6 +18,9 @@ struct OptionsMétronome {
   int setMétronomeMIDINote2 = 34;
   int setMIDIvolume = 127;
   int setMétro = 1;
+  // The first beat of the bar sounds its own note; without the accent every
+  // beat takes the weak note.
+  bool accent = true;
 };
 
 // The start record for `tempo` beats per minute and `temps` beats to the bar.

@@ -1,0 +1,171 @@
+// The metronome's window: the digits and their limits, the beats to the bar,
+// tap tempo, the clock started (again at the first beat) and stopped with its
+// clicks in the logging output, the pendulum and the lamp following the
+// clock's counter, the keys, and the settings it keeps.
+#include <QLabel>
+#include <QMouseEvent>
+
+#include "controls/picture_button.h"
+#include "controls/up_down.h"
+#include "outils_banc.h"
+#include "player/metronome.h"
+
+namespace vt::essai {
+namespace {
+
+class Metronome : public Outils {
+ protected:
+  FMetronome& ouvreMetronome() {
+    ouvre();
+    FMetronome& m = fenetre<FMetronome>(fen::FMetronome);
+    midi();
+    return m;
+  }
+  // A press on the upper or the lower half of an up-down control.
+  static void appuie(VTUpDn* ud, bool haut) {
+    const QPointF p(11, haut ? 5 : 35);
+    QMouseEvent appui(QEvent::MouseButtonPress, p, ud->mapToGlobal(p), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(ud, &appui);
+    QMouseEvent relâche(QEvent::MouseButtonRelease, p, ud->mapToGlobal(p), Qt::LeftButton,
+                        Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(ud, &relâche);
+  }
+  // The notes of the clicks sent since the last look.
+  std::vector<int> nouveauxClics() {
+    for (const std::string& m : midi())
+      if (m[0] == '9' && m.substr(6) != "00") vus.push_back(std::stoi(m.substr(3, 2), nullptr, 16));
+    return vus;
+  }
+  bool attendsClics(std::size_t n) {
+    return QTest::qWaitFor([&] { return nouveauxClics().size() >= n; }, 3000);
+  }
+  std::vector<int> vus;
+};
+
+TEST_F(Metronome, DigitsStayWithinTheDisplayAndTheSettingsKeepThem) {
+  FMetronome& m = ouvreMetronome();
+  EXPECT_EQ(m.tempo(), 120);
+  EXPECT_EQ(m.Temps(), 4);
+  appuie(m.btnHigh(), false);
+  EXPECT_EQ(m.tempo(), 20);
+  appuie(m.btnMed(), false);
+  EXPECT_EQ(m.tempo(), 10);
+  // 000 is no tempo: the digit goes back, and the status bar says why.
+  appuie(m.btnMed(), false);
+  EXPECT_EQ(m.tempo(), 10);
+  EXPECT_EQ(m.btnMed()->Value(), 1);
+  EXPECT_EQ(vt->panneau({})->text(), vt->loadString(1512));
+  appuie(m.btnLow(), true);
+  EXPECT_EQ(m.tempo(), 11);
+  EXPECT_FALSE(m.setTempo(1000));
+  EXPECT_FALSE(m.setTempo(0));
+  EXPECT_TRUE(m.setTempo(96));
+  EXPECT_EQ(m.btnHigh()->Value(), 0);
+  EXPECT_EQ(m.btnMed()->Value(), 9);
+  EXPECT_EQ(m.btnLow()->Value(), 6);
+  const Settings& s = vt->settings();
+  EXPECT_EQ(std::vector<int>({s.TempoH, s.TempoM, s.TempoL}), std::vector<int>({0, 9, 6}));
+}
+
+TEST_F(Metronome, SettingsOutsideTheDisplayAreRefusedAtLoad) {
+  règle(QStringLiteral("Metronome/TempoM"), QStringLiteral("12"));
+  règle(QStringLiteral("Metronome/Temps"), QStringLiteral("40"));
+  règle(QStringLiteral("Metronome/setMétronomeAccent"), QStringLiteral("False"));
+  FMetronome& m = ouvreMetronome();
+  EXPECT_EQ(m.tempo(), 120);
+  EXPECT_EQ(m.Temps(), 4);
+  EXPECT_FALSE(m.accent());
+}
+
+TEST_F(Metronome, BeatsToTheBarTapTempoAndKeys) {
+  FMetronome& m = ouvreMetronome();
+  m.btnBeat()->Click();
+  EXPECT_EQ(m.Temps(), 5);
+  EXPECT_EQ(m.labBeat()->text(), QStringLiteral("5 beats to the bar"));
+  QTest::keyClick(&m, Qt::Key_B);
+  EXPECT_EQ(m.Temps(), 6);
+  QTest::keyClick(&m, Qt::Key_B, Qt::ShiftModifier);
+  EXPECT_EQ(m.Temps(), 5);
+  m.setTemps(16);
+  m.btnBeat()->Click();
+  EXPECT_EQ(m.Temps(), 1);
+  EXPECT_EQ(vt->settings().Temps, 1);
+
+  // Taps 400 ms apart: 150.
+  m.tape(10'000);
+  EXPECT_EQ(m.tempo(), 120);
+  m.tape(10'400);
+  EXPECT_EQ(m.tempo(), 150);
+  QTest::keyClick(&m, Qt::Key_Up);
+  EXPECT_EQ(m.tempo(), 151);
+  QTest::keyClick(&m, Qt::Key_PageDown);
+  EXPECT_EQ(m.tempo(), 141);
+  QTest::keyClick(&m, Qt::Key_A);
+  EXPECT_FALSE(m.accent());
+  EXPECT_EQ(vt->settings().setMétronomeAccent, kFaux);
+  m.setTempo(999);
+  QTest::keyClick(&m, Qt::Key_Up);
+  EXPECT_EQ(m.tempo(), 999);
+}
+
+TEST_F(Metronome, TheClockClicksStartsAgainAtTheFirstBeatAndTheDisplayFollowsIt) {
+  FMetronome& m = ouvreMetronome();
+  m.setTempo(600);  // a beat every 100 ms
+  m.setTemps(3);
+  m.metronomeStart();
+  ASSERT_TRUE(m.enMarche());
+  EXPECT_EQ(m.timerGFX().interval(), 3);  // 60000 / 600 / 36 = 2.8
+  EXPECT_EQ(m.battement(), 1);
+  ASSERT_TRUE(attendsClics(2));
+  EXPECT_EQ(vus[0], 33);
+  EXPECT_EQ(vus[1], 34);
+  // The screen's timer has read the counter: a beat further, the pendulum in between.
+  ASSERT_TRUE(QTest::qWaitFor([&] { return m.battement() >= 2; }, 3000));
+  EXPECT_GE(m.frameTicTac(), 0);
+  EXPECT_LT(m.frameTicTac(), FMetronome::kFrames);
+
+  // Play while playing: the first beat again.
+  vus.clear();
+  m.metronomeStart();
+  ASSERT_TRUE(attendsClics(2));
+  EXPECT_EQ(vus[0], 33);
+  EXPECT_EQ(vus[1], 34);
+  // The accent switched off while playing: weak beats only from then on.
+  m.optAccent()->Click();
+  vus.clear();
+  nouveauxClics();
+  vus.clear();
+  ASSERT_TRUE(attendsClics(3));
+  EXPECT_EQ(vus, (std::vector<int>{34, 34, 34}));
+
+  QTest::keyClick(&m, Qt::Key_Space);
+  EXPECT_FALSE(m.enMarche());
+  EXPECT_EQ(m.battement(), 0);
+  EXPECT_EQ(GetCompteur(), 0);
+  EXPECT_FALSE(m.timerGFX().isActive());
+  // Silent: the counter runs, nothing is sent.
+  m.optMetro()->Click();
+  EXPECT_EQ(vt->settings().setMétro, 0);
+  midi();
+  vus.clear();
+  QTest::keyClick(&m, Qt::Key_Space);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return m.battement() >= 2; }, 3000));
+  EXPECT_TRUE(nouveauxClics().empty());
+  // Closing the window stops the clock.
+  ASSERT_TRUE(vt->fenetres().décharge(fen::FMetronome));
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(GetCompteur(), 0);
+}
+
+TEST_F(Metronome, TextsFollowTheLanguage) {
+  FMetronome& m = ouvreMetronome();
+  vt->settings().setLang = 0;
+  vt->changeLanguage();
+  EXPECT_EQ(m.windowTitle(), QStringLiteral("Métronome"));
+  EXPECT_EQ(m.labBeat()->text(), QStringLiteral("4 temps par mesure"));
+  EXPECT_EQ(m.btnTap()->Caption(), QStringLiteral("TAP"));
+}
+
+}  // namespace
+}  // namespace vt::essai

@@ -1,0 +1,176 @@
+// The media player: the start/stop toggle and its pictures on a short WAV the
+// test writes, its end, the error of the backend in a box, the speed and the
+// A-B loop, the lists and the folder kept. Skipped, with a word, on a machine
+// whose media backend cannot play a WAV file.
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QListView>
+#include <QMediaPlayer>
+#include <QSlider>
+#include <QTemporaryDir>
+#include <cmath>
+
+#include "controls/picture_button.h"
+#include "lecteur_mci.h"
+#include "outils_banc.h"
+
+namespace vt::essai {
+namespace {
+
+// A second of A4, 16-bit mono at 44.1 kHz.
+void écrisWav(const QString& chemin, int millisecondes) {
+  const quint32 n = quint32(44.1 * millisecondes);
+  QByteArray o("RIFF\0\0\0\0WAVEfmt ", 16);
+  const auto u32 = [&](quint32 v) {
+    for (int i = 0; i < 4; ++i)
+      o.append(char(v >> (8 * i)));
+  };
+  const auto u16 = [&](quint16 v) {
+    o.append(char(v & 0xFF));
+    o.append(char(v >> 8));
+  };
+  u32(16);
+  u16(1);
+  u16(1);
+  u32(44100);
+  u32(88200);
+  u16(2);
+  u16(16);
+  o.append("data", 4);
+  u32(2 * n);
+  for (quint32 i = 0; i < n; ++i)
+    u16(quint16(qint16(8000 * std::sin(2 * 3.14159265 * 440 * i / 44100.0))));
+  QFile f(chemin);
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write(o);
+}
+
+class Multimedia : public Outils {
+ protected:
+  FMultimedia& ouvreLecteur() {
+    ouvre();
+    FMultimedia& m = fenetre<FMultimedia>(fen::FMultimedia);
+    m.message = [this](const QString& t) { boîtes << t; };
+    return m;
+  }
+  bool image(FMultimedia& m, int index) {
+    return m.btnStart()->PictureOff().toImage().convertToFormat(QImage::Format_RGB32) ==
+           QImage(vt->skinFile(index)).convertToFormat(QImage::Format_RGB32);
+  }
+  QStringList boîtes;
+  QTemporaryDir médias;
+};
+
+TEST_F(Multimedia, TheToggleOpensPlaysStopsAndTheMediaEnds) {
+  ASSERT_TRUE(médias.isValid());
+  const QString la = médias.filePath(QStringLiteral("la.wav"));
+  écrisWav(la, 600);
+  FMultimedia& m = ouvreLecteur();
+  EXPECT_TRUE(image(m, 21));
+  ASSERT_TRUE(m.choisitFichier(la));
+  EXPECT_EQ(vt->settings().mciPath, médias.path());
+  EXPECT_EQ(m.choix(), QUrl::fromLocalFile(la));
+
+  m.btnStart_Click();
+  ASSERT_TRUE(m.joue());
+  EXPECT_TRUE(image(m, 22));
+  QMediaPlayer& p = m.lecteur().player();
+  const bool lu = QTest::qWaitFor(
+      [&] { return p.playbackState() == QMediaPlayer::PlayingState || !m.joue(); }, 5000);
+  if (!lu || !m.joue() || p.error() != QMediaPlayer::NoError)
+    GTEST_SKIP() << "the media backend cannot play a WAV file here: "
+                 << p.errorString().toStdString();
+  // No audio output on the machine: said once, and the media goes on.
+  EXPECT_EQ(boîtes.count(vt->loadString(1921)), LecteurMci::sortieAudioDisponible() ? 0 : 1);
+  boîtes.removeAll(vt->loadString(1921));
+
+  m.btnStart_Click();
+  EXPECT_FALSE(m.joue());
+  EXPECT_TRUE(image(m, 21));
+  EXPECT_EQ(p.playbackState(), QMediaPlayer::StoppedState);
+  // A loop from 50 to 250 ms keeps the 600 ms file playing.
+  m.btnStart_Click();
+  ASSERT_TRUE(m.joue());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return p.position() > 0; }, 3000));
+  m.lecteur().setBoucleA(50);
+  m.lecteur().setBoucleB(250);
+  QTest::qWait(800);
+  EXPECT_TRUE(m.joue());
+  EXPECT_LT(p.position(), 350);
+  m.btnStart_Click();
+  // Again, to its end: the toggle comes back by itself.
+  m.btnStart_Click();
+  ASSERT_TRUE(m.joue());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !m.joue(); }, 5000));
+  EXPECT_TRUE(image(m, 21));
+  EXPECT_TRUE(boîtes.isEmpty()) << boîtes.join(QLatin1Char('\n')).toStdString();
+
+  // Closing stops and closes.
+  m.btnStart_Click();
+  ASSERT_TRUE(vt->fenetres().décharge(fen::FMultimedia));
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_FALSE(vt->isFormLoaded(fen::FMultimedia));
+}
+
+TEST_F(Multimedia, TheBackendsErrorIsShownInABoxOnce) {
+  ASSERT_TRUE(médias.isValid());
+  const QString faux = médias.filePath(QStringLiteral("faux.wav"));
+  QFile f(faux);
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write("this is no sound at all, only words in a file named like a sound");
+  f.close();
+  FMultimedia& m = ouvreLecteur();
+  ASSERT_TRUE(m.choisitFichier(faux));
+  m.btnStart_Click();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !m.joue(); }, 5000));
+  boîtes.removeAll(vt->loadString(1921));
+  ASSERT_EQ(boîtes.size(), 1);
+  EXPECT_TRUE(boîtes[0].startsWith(vt->loadString(1911))) << boîtes[0].toStdString();
+  EXPECT_NE(m.lecteur().dernierResultat(), 0);
+  EXPECT_TRUE(image(m, 21));
+}
+
+TEST_F(Multimedia, SpeedLoopTypeFilterAndTheFolderKept) {
+  ASSERT_TRUE(médias.isValid());
+  écrisWav(médias.filePath(QStringLiteral("a.wav")), 50);
+  QFile(médias.filePath(QStringLiteral("b.mid"))).open(QIODevice::WriteOnly);
+  FMultimedia& m = ouvreLecteur();
+  m.setVitesse(40);
+  EXPECT_EQ(m.sldVitesse()->value(), 50);
+  EXPECT_DOUBLE_EQ(m.lecteur().vitesse(), 0.5);
+  m.sldVitesse()->setValue(75);
+  EXPECT_DOUBLE_EQ(m.lecteur().vitesse(), 0.75);
+
+  LecteurMci& l = m.lecteur();
+  l.setBoucleB(500);
+  EXPECT_FALSE(l.boucle()) << "B before A is not kept";
+  l.setBoucleA(1000);
+  l.setBoucleB(800);
+  EXPECT_FALSE(l.boucle());
+  l.setBoucleB(2500);
+  EXPECT_TRUE(l.boucle());
+  l.setBoucleA(3000);  // past B: B is dropped
+  EXPECT_EQ(l.boucleB(), -1);
+  m.effaceBoucle();
+  EXPECT_EQ(m.labBoucle()->text(), vt->loadString(1917));
+
+  // The type filter: the MIDI file shows with its type only.
+  ASSERT_TRUE(m.choisitFichier(médias.filePath(QStringLiteral("a.wav"))));
+  EXPECT_FALSE(m.choisitFichier(médias.filePath(QStringLiteral("b.mid"))));
+  m.combFileType()->setCurrentIndex(1);
+  m.combFileType_Change(1);
+  EXPECT_TRUE(m.choisitFichier(médias.filePath(QStringLiteral("b.mid"))));
+  EXPECT_EQ(vt->settings().mciPath, médias.path());
+  ASSERT_TRUE(vt->fenetres().décharge(fen::FMultimedia));
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+  // Opened again, it is in the same folder.
+  FMultimedia& n = fenetre<FMultimedia>(fen::FMultimedia);
+  EXPECT_EQ(vt->settings().mciPath, médias.path());
+  EXPECT_EQ(n.cmbLecteur()->currentData().toString(), vt->settings().mciDrive);
+}
+
+}  // namespace
+}  // namespace vt::essai
