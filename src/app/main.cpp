@@ -5,6 +5,7 @@
 
 #include "editor/ftab.h"
 #include "shell/vt.h"
+#include "tools/faccords.h"
 
 int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
@@ -14,6 +15,7 @@ int main(int argc, char* argv[]) {
 
   vt::VT vt;
   vt.fenetres().enregistrer(vt::fen::FTab, [](vt::VT& v) { return new vt::FTab(v); });
+  vt.fenetres().enregistrer(vt::fen::FAccords, [](vt::VT& v) { return new vt::FAccords(v); });
   vt::VT::Démarrage démarrage;
   // The command line as typed: the whole of it names one file.
   démarrage.ligneDeCommande = QApplication::arguments().mid(1).join(QLatin1Char(' '));
