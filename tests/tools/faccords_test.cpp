@@ -196,6 +196,30 @@ TEST_F(Dictionnaire, TheInstrumentRulesTheSearch) {
   fa->btnCopier_Click();
   EXPECT_TRUE(sons.empty());
   EXPECT_TRUE(QGuiApplication::clipboard()->image().isNull());
+  // No reach at all on the standard guitar: E minor on the open strings alone,
+  // its one fingering shown.
+  vt->guitare().nbrCordes = 6;
+  vt->guitare().corde[6] = 40;
+  vt->settings().AccordParametres.MAXSPAN = 0;
+  choisit(7, "min");
+  ASSERT_EQ(fa->positions().size(), 1u);
+  EXPECT_TRUE(fa->booTrouve());
+  EXPECT_EQ(fa->windowTitle(), "Chord dictionary - Emin/G");  // G B E on the three top strings
+}
+
+TEST(DiagrammeFAccords, TheNutShowsWhenTheFingeringFitsUnderIt) {
+  const struct {
+    std::array<int, 7> cases;
+    int première;
+  } cas[] = {
+      {{-1, -1, 0, 2, 3, 2, -1}, 1},  // D
+      {{-1, 3, 5, 5, 5, 3, -1}, 1},   // C, A shape, up to the fifth fret
+      {{-1, 3, 5, 5, 6, 3, -1}, 3},   // past the fifth: from the lowest fret
+      {{8, 10, 10, 9, 8, 8, -1}, 8},  // C, E shape
+      {{0, 0, 0, 0, 0, 0, -1}, 1},
+  };
+  for (const auto& c : cas)
+    EXPECT_EQ(premièreRangée(c.cases, 6), c.première);
 }
 
 TEST_F(Dictionnaire, ToTabHandsTheFingeringToTheEditor) {

@@ -111,16 +111,13 @@ void FAccords::créeControles() {
   m_libelléBase->setGeometry(100, 10, 136, 16);
   m_libelléDegrés = new QLabel(this);
   m_libelléDegrés->setGeometry(100, 150, 136, 16);
-  // The degree lists two by two, each with its degree on its left.
+  // The degree lists two by two; an unused one shows its degree in brackets.
   for (std::size_t i = 0; i < m_lstDegrés.size(); ++i) {
     const int x = 100 + static_cast<int>(i % 2) * 69;
     const int y = 170 + static_cast<int>(i / 2) * 31;
-    m_libellésDegrés[i] = new QLabel(QString::number(kDegrésAccord[i]), this);
-    m_libellésDegrés[i]->setGeometry(x, y, 16, 24);
-    m_libellésDegrés[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_lstDegrés[i] = new QComboBox(this);
     m_lstDegrés[i]->setObjectName(QStringLiteral("lstAccord%1").arg(i + 1));
-    m_lstDegrés[i]->setGeometry(x + 18, y, 49, 24);
+    m_lstDegrés[i]->setGeometry(x, y, 67, 24);
     connect(m_lstDegrés[i], &QComboBox::currentIndexChanged, this, [this] { nouveau(); });
   }
   m_picImage = new DiagrammeFAccords(this);
@@ -235,12 +232,12 @@ void FAccords::remplitListes() {
     const int choix = std::max(0, c->currentIndex());
     c->clear();
     for (int k = 0; k < static_cast<int>(kChoixDegré.size()); ++k)
-      c->addItem(QString::fromStdString(entréeDegré(kDegrésAccord[i], k)));
+      c->addItem(k == 0 ? QStringLiteral("(%1)").arg(kDegrésAccord[i])
+                        : QString::fromStdString(entréeDegré(kDegrésAccord[i], k)));
     c->setCurrentIndex(choix);
     c->setToolTip(m_vt.loadString(114) + QStringLiteral(" : ") + QString::number(kDegrésAccord[i]));
     c->setVisible(m_mode == 1);
     c->setEnabled(!baseSansDegrés(m_baseCréée));
-    m_libellésDegrés[i]->setVisible(m_mode == 1);
   }
   m_libelléBase->setVisible(m_mode == 1);
   m_libelléDegrés->setVisible(m_mode == 1);

@@ -62,23 +62,25 @@ void dessineFiche(QPainter& g, const QRectF& zone, const FicheAccord& f, const C
     max = std::max(max, f.cases[static_cast<std::size_t>(s)]);
   const int première = premièreRangée(f.cases, n);
   const int rangs = std::max(kRangsDiagramme, max - première + 1);
+  // Lines as thick on paper as on the screen, whatever the device's resolution.
+  const double ép = std::max(1.0, zone.width() / 180.0);
   const double marque = reste.height() * 0.13;
   const double gauche = reste.left() + reste.width() * 0.16;
   const double droite = reste.right() - reste.width() * 0.10;
-  const double haut = reste.top() + marque + 4;
-  const double bas = reste.bottom() - 4;
+  const double haut = reste.top() + marque + 4 * ép;
+  const double bas = reste.bottom() - 4 * ép;
   const double écart = n > 1 ? (droite - gauche) / (n - 1) : 0;
   const double rang = (bas - haut) / rangs;
   const auto xCorde = [&](int s) { return gauche + s * écart; };
 
-  QPen trait(c.trait, 1.2);
+  QPen trait(c.trait, 1.2 * ép);
   g.setPen(trait);
   for (int s = 0; s < n; ++s)
     g.drawLine(QPointF(xCorde(s), haut), QPointF(xCorde(s), bas));
   for (int r = 0; r <= rangs; ++r)
     g.drawLine(QPointF(gauche, haut + r * rang), QPointF(droite, haut + r * rang));
   if (première == 1) {
-    g.fillRect(QRectF(gauche - 1, haut - 4, droite - gauche + 2, 5), c.trait);
+    g.fillRect(QRectF(gauche - ép, haut - 4 * ép, droite - gauche + 2 * ép, 5 * ép), c.trait);
   } else {
     g.drawText(QRectF(reste.left(), haut, gauche - reste.left() - 6, rang),
                Qt::AlignRight | Qt::AlignVCenter, QString::number(première));
@@ -94,16 +96,16 @@ void dessineFiche(QPainter& g, const QRectF& zone, const FicheAccord& f, const C
     if (x <= 0) {
       // Above the nut: a cross for a string not played, a ring for an open
       // one, the ring holding the note's name when names are shown.
-      const QPointF bout(xCorde(s), haut - marque / 2 - 3);
+      const QPointF bout(xCorde(s), haut - marque / 2 - 3 * ép);
       const double r = std::min(rayon, marque * 0.45);
       if (x < 0) {
         const double b = r * 0.7;
-        g.setPen(QPen(c.trait, 2));
+        g.setPen(QPen(c.trait, 2 * ép));
         g.drawLine(bout + QPointF(-b, -b), bout + QPointF(b, b));
         g.drawLine(bout + QPointF(-b, b), bout + QPointF(b, -b));
         continue;
       }
-      g.setPen(QPen(c.trait, 1.5));
+      g.setPen(QPen(c.trait, 1.5 * ép));
       g.setBrush(Qt::NoBrush);
       g.drawEllipse(bout, r, r);
       if (!note.isEmpty()) {
@@ -117,7 +119,7 @@ void dessineFiche(QPainter& g, const QRectF& zone, const FicheAccord& f, const C
       continue;
     }
     const QPointF centre(xCorde(s), haut + (x - première + 0.5) * rang);
-    g.setPen(QPen(c.bordPoint, 1));
+    g.setPen(QPen(c.bordPoint, ép));
     g.setBrush(c.point);
     g.drawEllipse(centre, rayon, rayon);
     if (!note.isEmpty()) {

@@ -138,7 +138,6 @@ class FAccords : public QWidget, public FenetreVT, public FenetreAccords {
   QLabel* m_libelléBase = nullptr;
   QLabel* m_libelléDegrés = nullptr;
   std::array<QComboBox*, 7> m_lstDegrés{};
-  std::array<QLabel*, 7> m_libellésDegrés{};
   QSlider* m_sldPositions = nullptr;
   DiagrammeFAccords* m_picImage = nullptr;
   ConstructionFAccords* m_txtConst = nullptr;
