@@ -4,8 +4,11 @@
 #include <QApplication>
 
 #include "editor/ftab.h"
+#include "shell/foptions.h"
 #include "shell/vt.h"
 #include "tools/faccords.h"
+#include "tools/fgammes.h"
+#include "tools/fharmony.h"
 
 int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
@@ -16,6 +19,11 @@ int main(int argc, char* argv[]) {
   vt::VT vt;
   vt.fenetres().enregistrer(vt::fen::FTab, [](vt::VT& v) { return new vt::FTab(v); });
   vt.fenetres().enregistrer(vt::fen::FAccords, [](vt::VT& v) { return new vt::FAccords(v); });
+  vt.fenetres().enregistrer(vt::fen::FGammes, [](vt::VT& v) { return new vt::FGammes(v); });
+  vt.fenetres().enregistrer(vt::fen::FHarmony, [](vt::VT& v) { return new vt::FHarmony(v); });
+  vt.fenetres().enregistrer(
+      vt::fen::FOptions, [](vt::VT& v) { return new vt::FOptions(v); },
+      vt::RegistreFenetres::Genre::Dialogue);
   vt::VT::Démarrage démarrage;
   // The command line as typed: the whole of it names one file.
   démarrage.ligneDeCommande = QApplication::arguments().mid(1).join(QLatin1Char(' '));

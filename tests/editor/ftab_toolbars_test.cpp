@@ -128,5 +128,25 @@ TEST_F(Barres, HiddenToolbarsAreRememberedForTheNextEditor) {
   EXPECT_FALSE(autre.barre("tbRythme")->isHidden());
 }
 
+TEST_F(Barres, TheOptionsOpenOnTheEditorsPageFromTheButtonAndOnTheLastOneFromTheMenu) {
+  ouvre();
+  struct Options : QDialog, FenetreOptions {
+    explicit Options(Journal& j) : m_j(j) {}
+    void Form_Load() override { m_j.push_back("load"); }
+    void selectTab(const QString& clé) override { m_j.push_back("tab " + clé); }
+    Journal& m_j;
+  };
+  vt->fenetres().enregistrer(
+      fen::FOptions, [this](VT&) { return new Options(journal); },
+      RegistreFenetres::Genre::Dialogue);
+  journal.clear();
+  ftab->bouton("tbToolbar", "options")->trigger();
+  EXPECT_EQ(journal, (Journal{"load", "tab KeyTab"}));
+  journal.clear();
+  ftab->entrée("mnuTabFile_16")->trigger();
+  EXPECT_EQ(journal, (Journal{"load"}));
+  EXPECT_EQ(modales, (std::vector<QString>{fen::FOptions, fen::FOptions}));
+}
+
 }  // namespace
 }  // namespace vt::essai

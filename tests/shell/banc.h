@@ -59,6 +59,7 @@ class FenetreEssai : public QWidget, public FenetreVT {
   void receiveNote(int note) override {
     m_j.push_back(m_nom + QStringLiteral(" receiveNote %1").arg(note));
   }
+  void optionsAppliquées() override { m_j.push_back(m_nom + " optionsAppliquées"); }
 
   static constexpr int kRondJauneEssai = 3;
 
@@ -85,6 +86,10 @@ class EditeurEssai : public FenetreEssai, public FenetreTablature {
   void TabMIDINoteOn(int n) override { m_j.push_back(QStringLiteral("FTab on %1").arg(n)); }
   void TabMIDINoteOff(int n) override { m_j.push_back(QStringLiteral("FTab off %1").arg(n)); }
   void refreshPicture() override { m_j.push_back("FTab refresh"); }
+  void TimerMIDIStop(bool boutons) override {
+    joue = false;
+    m_j.push_back(boutons ? "FTab stop" : "FTab stop without buttons");
+  }
   void mancheUpdate() override {
     m_j.push_back("FTab mancheUpdate");
     m_vt.clearManche();

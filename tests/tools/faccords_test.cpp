@@ -282,6 +282,14 @@ TEST_F(Dictionnaire, OptionsOpenOnTheChordPageAndTheNextSearchTakesTheirParamete
   EXPECT_EQ(modales, (std::vector<QString>{"FOptions"}));
   for (const auto& p : fa->positions())
     EXPECT_NE(p, (std::vector<int>{-1, 3, 2, 0, 1, 0}));
+
+  // The dialog's own OK tells the window, which searches again without
+  // taking the fretboard from the tool that has it.
+  vt->settings().AccordParametres.MAXSPAN = 4;
+  vt->setMancheContenu(1);
+  fa->optionsAppliquées();
+  EXPECT_EQ(premier(), (std::vector<int>{-1, 3, 2, 0, 1, 0}));
+  EXPECT_EQ(vt->mancheContenu(), 1);
 }
 
 TEST_F(Dictionnaire, OtherToolsShowAChordByKeyAndType) {

@@ -33,7 +33,7 @@ struct BoutonBarre {
 namespace {
 
 // tbToolbar, in its order.
-constexpr std::array<BoutonBarre, 27> kCommandes{{
+constexpr std::array<BoutonBarre, 28> kCommandes{{
     {"nouveau", "TB_NOUVEAU", 1201, "mnuTabFile_0", false},
     {"ouvrir", "TB_OUVRIR", 1202, "mnuTabFile_1", false},
     {"enregistrer", "TB_ENREGISTRER", 1203, "mnuTabFile_2", false},
@@ -60,6 +60,7 @@ constexpr std::array<BoutonBarre, 27> kCommandes{{
     {"view_mode_3", "TB_VIEW_3", 1262, "mnuTabDisplay_2", true},
     {"view_mode_4", "TB_VIEW_4", 1281, "mnuTabDisplay_3", true},
     {"view_mode_triolet", "TB_VIEW_TRIOLET", 1282, "mnuTabDisplay_4", true},
+    {"options", "TB_OPTIONS_TAB", 5154, "", false},
     {"redraw", "TB_REDRAW", 5155, "mnuTabDisplay_10", false},
 }};
 
@@ -196,6 +197,12 @@ QToolBar* FTab::créeBarre(const QString& nom, const BoutonBarre* boutons, std::
     m_boutonsMenus.emplace_back(a, texte(d.menu));
     // The play buttons belong to playback (connecteJeu).
     if (boutonDeJeu(c)) continue;
+    // The options open on the editor's own page; no menu entry stands for it.
+    if (c == QStringLiteral("options")) {
+      connect(a, &QAction::triggered, this,
+              [this] { m_vt.montreOptions(QStringLiteral("KeyTab")); });
+      continue;
+    }
     const QString menu = texte(d.menu);
     const int touche = d.touche;
     connect(a, &QAction::triggered, this, [this, a, menu, touche] {

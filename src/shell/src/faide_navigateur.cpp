@@ -42,7 +42,8 @@ Page lisPage(const QString& chemin) {
 
 }  // namespace
 
-FAideNavigateur::FAideNavigateur(VT& vt) : QWidget(&vt, Qt::Window), m_vt(vt) {
+FAideNavigateur::FAideNavigateur(VT& vt, QWidget* parent)
+    : QWidget(parent ? parent : &vt, Qt::Window), m_vt(vt) {
   setObjectName(QStringLiteral("FAideNavigateur"));
   setAttribute(Qt::WA_QuitOnClose, false);
 

@@ -19,7 +19,10 @@ class FAideNavigateur : public QWidget {
   Q_OBJECT
 
  public:
-  explicit FAideNavigateur(VT& vt);
+  // A window of its own over `parent` (the main window when null): a modal
+  // dialog that opens its help gives itself as the parent, so that the help
+  // can be read and scrolled while the dialog waits.
+  explicit FAideNavigateur(VT& vt, QWidget* parent = nullptr);
 
   // A page of the current language's folder, with an optional "#anchor".
   void montrePage(const QString& page);

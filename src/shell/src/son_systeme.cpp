@@ -10,6 +10,7 @@
 #include "shell/settings.h"
 #include "shell/son.h"
 #include "shell/textes.h"
+#include "sound/midi_handles.h"
 #include "sound/mvantoro.h"
 #include "sound/peripheriques.h"
 
@@ -24,24 +25,41 @@ QStringList liste(const std::vector<std::string>& noms) {
   return l;
 }
 
+// The system's outputs, as MVantoro opens them by default.
+OuvertureSortie sortieSysteme(int device, const std::string& soundFont) {
+  OptionsSynthé o;
+  o.soundFont = soundFont;
+  return ouvreSortieMidi(device, o);
+}
+
+// The built-in synthesizer stands for the system's default (-1) as well.
+int appareil(int device) {
+  return device < 0 ? 0 : device;
+}
+
 class SonSysteme : public SonLive {
  public:
-  explicit SonSysteme(const Settings& settings) : m_settings(settings) { brancheEntrée(); }
+  explicit SonSysteme(const Settings& settings)
+      : SonSysteme(settings, sortieSysteme, [](int device) { return ouvreEntréeMidi(device); }) {}
   SonSysteme(const Settings& settings, MVantoro::FabriqueSortie sortie,
              MVantoro::FabriqueEntrée entrée)
-      : m_settings(settings), m_midi(std::move(sortie), std::move(entrée)) {
+      : m_settings(settings), m_fabriqueSortie(sortie), m_midi(sortie, std::move(entrée)) {
     brancheEntrée();
   }
 
   void midiOpenOut() override {
     synchronise();
     m_midi.midiOpenOut();
+    m_appareilOuvert = appareil(m_settings.setMIDIdevice);
   }
   void midiOpenIn() override {
     synchronise();
     m_midi.midiOpenIn();
   }
-  void midiCloseOut() override { m_midi.midiCloseOut(); }
+  void midiCloseOut() override {
+    m_midi.midiCloseOut();
+    m_appareilOuvert = -1;
+  }
   void midiCloseIn() override { m_midi.midiCloseIn(); }
 
   void midiNoteOnGlobal(int note) override {
@@ -67,6 +85,14 @@ class SonSysteme : public SonLive {
   void midiWheel(int canal, int octetHaut) override { m_midi.midiWheel(canal, octetHaut); }
 
   std::int32_t midiOutHandle() const override { return m_midi.midiOutHandle(); }
+  std::shared_ptr<MidiOut> sortieEssai(int device) override {
+    if (auto ouverte = midiHandleSortie(m_midi.midiOutHandle());
+        ouverte && appareil(device) == m_appareilOuvert)
+      return ouverte;
+    // What a failed opening has to say is said when OK opens it for good.
+    return m_fabriqueSortie(device, QFile::encodeName(m_settings.setSoundFont).toStdString())
+        .sortie;
+  }
   QStringList sortiesMidi() const override { return liste(nomsSortiesMidi(m_settings.setLang)); }
   QStringList entreesMidi() const override { return liste(nomsEntréesMidi()); }
   int dernierResultat() const override { return m_midi.dernierRésultat(); }
@@ -112,6 +138,8 @@ class SonSysteme : public SonLive {
   }
 
   const Settings& m_settings;
+  MVantoro::FabriqueSortie m_fabriqueSortie;
+  int m_appareilOuvert = -1;
   ReceveurNotes m_receveur;
   // Before m_midi: the input is closed (and its thread stopped) before the
   // object its calls are queued for goes.

@@ -111,10 +111,7 @@ bool VT::MDIForm_Load(const Démarrage& d) {
   applyViewSettings();
   showHourglass(false);
   // Once, over the window: the user learns why nothing may be heard.
-  if (const QStringList avis = m_son->prendMessages(); !avis.isEmpty()) {
-    étape(QStringLiteral("avertissement"));
-    m_interactions.avertissement(avis.join(QStringLiteral("\n\n")));
-  }
+  montreMessagesSon();
 
   ligneDeCommande(d.ligneDeCommande);
 
@@ -126,6 +123,13 @@ bool VT::MDIForm_Load(const Démarrage& d) {
   // The keys go to the main window once the start dialogs are gone.
   activateWindow();
   return true;
+}
+
+void VT::montreMessagesSon() {
+  const QStringList avis = m_son->prendMessages();
+  if (avis.isEmpty() || !m_interactions.avertissement) return;
+  étape(QStringLiteral("avertissement"));
+  m_interactions.avertissement(avis.join(QStringLiteral("\n\n")));
 }
 
 void VT::load_ini() {

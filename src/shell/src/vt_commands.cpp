@@ -99,7 +99,11 @@ void VT::montreOptions(const QString& onglet) {
   if (!m_fenetres.estDisponible(fen::FOptions)) return;
   showHourglass(true);
   QWidget* w = m_fenetres.charge(fen::FOptions);
-  if (auto* o = dynamic_cast<FenetreOptions*>(w); o && !onglet.isEmpty()) o->selectTab(onglet);
+  if (auto* o = dynamic_cast<FenetreOptions*>(w)) {
+    o->Form_Load();
+    // Without a key the dialog opens on the page it showed last.
+    if (!onglet.isEmpty()) o->selectTab(onglet);
+  }
   showHourglass(false);
   if (auto* dialogue = qobject_cast<QDialog*>(w)) {
     m_interactions.exec(*dialogue);

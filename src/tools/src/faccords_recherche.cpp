@@ -110,6 +110,16 @@ void FAccords::accordGetRenversement() {
 
 void FAccords::drawAccord(bool imprimer) {
   m_vt.setMancheContenu(0);
+  actualise(!imprimer);
+}
+
+void FAccords::optionsAppliquées() {
+  m_booNouveau = true;
+  // The window's own picture now; the fretboard when the main window asks.
+  actualise(false);
+}
+
+void FAccords::actualise(bool manche) {
   if (accordageCourant() != m_accordage) m_booNouveau = true;
   if (m_lstTonalite->currentRow() < 0) {
     setWindowTitle(m_vt.loadString(100));
@@ -120,7 +130,7 @@ void FAccords::drawAccord(bool imprimer) {
     FicheAccord f;
     f.message = m_vt.loadString(118);
     m_picImage->setFiche(f);
-    if (!imprimer) m_vt.clearManche();
+    if (manche) m_vt.clearManche();
     return;
   }
   if (m_booNouveau) {
@@ -145,7 +155,7 @@ void FAccords::drawAccord(bool imprimer) {
   }
   setWindowTitle(titre);
   montreDiagramme();
-  if (!imprimer) dessineManche();
+  if (manche) dessineManche();
 }
 
 void FAccords::montreDiagramme() {

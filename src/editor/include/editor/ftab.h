@@ -171,7 +171,7 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void timerTabStopPlay();
   // The whole stop: with `boutons`, the play buttons are released; the cursor
   // is put back on the grid and inside the document.
-  void TimerMIDIStop(bool boutons);
+  void TimerMIDIStop(bool boutons) override;
   // One tick of the screen timer: the cursor follows the player.
   void tmrGFX_Timer();
   // The shared fretboard takes the cursor's track's instrument.

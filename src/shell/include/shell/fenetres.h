@@ -26,6 +26,11 @@ class FenetreVT {
   virtual void drawMancheContenu() {}
   // A note played on the fretboard (the harmonizer listens to them).
   virtual void receiveNote(int note) { (void)note; }
+  // The options dialog's OK has changed the settings. The chord window marks
+  // its chord as new, since the search parameters may have changed; a window
+  // that shows a setting takes it again. The fretboard's dots are asked for
+  // afterwards (drawMancheContenu), the skin through load_skin.
+  virtual void optionsAppliquées() {}
   // A window with menus of its own: while it is the active one, the main
   // window's menu bar shows them in place of the File menu.
   virtual QMenuBar* barreMenus() const { return nullptr; }
@@ -45,6 +50,9 @@ class FenetreTablature {
   virtual void TabMIDINoteOn(int note) = 0;
   virtual void TabMIDINoteOff(int note) = 0;
   virtual void refreshPicture() = 0;
+  // Stops playback (and recording) cleanly; with `boutons`, the play buttons
+  // are released. The options dialog calls it before it changes the output.
+  virtual void TimerMIDIStop(bool boutons) { (void)boutons; }
   // The yellow dots of the notes under the cursor, on a cleared fretboard.
   virtual void mancheUpdate() = 0;
   // The command line's ".vtb" (the whole line as it stands), once the editor is shown.
@@ -71,11 +79,14 @@ class FenetreAccords {
   virtual bool montreAccord(int tonalité, const QString& type) = 0;
 };
 
-// The options dialog, shown on one of its pages: "accords", "KeyGam",
-// "KeyDiv", "KeyMét", "KeyMidi".
+// The options dialog, shown on one of its pages by key: "KeyDiv", "KeyTab",
+// "KeyGam", "accords", "KeyMét", "KeyMidi", "KeyMidiIn".
 class FenetreOptions {
  public:
   virtual ~FenetreOptions() = default;
+  // Fills the controls from the settings and the system's lists; called at
+  // every opening, so that what a Cancel left in them is gone.
+  virtual void Form_Load() {}
   virtual void selectTab(const QString& clé) = 0;
 };
 

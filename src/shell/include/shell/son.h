@@ -10,6 +10,7 @@
 
 namespace vt {
 
+class MidiOut;
 class Settings;
 
 class SonLive {
@@ -53,6 +54,14 @@ class SonLive {
   // synthesizer, then the ALSA ports; inputs from 0.
   virtual QStringList sortiesMidi() const { return {}; }
   virtual QStringList entreesMidi() const { return {}; }
+  // An output for the options dialog's test buttons, on a device not chosen
+  // yet (numbered as setMIDIdevice): the session's own output when it is that
+  // device, else one opened for the test, which closes when the last holder
+  // lets it go. Null when nothing can sound.
+  virtual std::shared_ptr<MidiOut> sortieEssai(int device) {
+    (void)device;
+    return nullptr;
+  }
   // 0 when the last opening went well, else the string id of what went wrong.
   virtual int dernierResultat() const { return 0; }
   // What the user should know since the last call, in the current language,

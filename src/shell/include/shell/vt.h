@@ -79,6 +79,9 @@ class VT : public QMainWindow {
   // A note of the MIDI input: to the editor when it is loaded, else sounded
   // on the settings' channel and handed to the harmonizer.
   void noteMidiEntrante(int corde, int note, bool enfoncee);
+  // What the sound has to say since it last spoke (no SoundFont, a port that
+  // cannot be opened), in one notice over the window; nothing when all is well.
+  void montreMessagesSon();
 
   // ---- What the windows share -------------------------------------------------
   Settings& settings() { return m_settings; }

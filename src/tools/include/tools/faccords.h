@@ -43,6 +43,9 @@ class FAccords : public QWidget, public FenetreVT, public FenetreAccords {
   void changeLanguage() override;
   void load_skin() override;
   void drawMancheContenu() override;
+  // The options dialog's OK: the parameters may have changed, the next
+  // drawing searches again.
+  void optionsAppliquées() override;
   bool montreAccord(int tonalité, const QString& type) override;
 
   // ---- The dictionary's routines ----
@@ -107,6 +110,8 @@ class FAccords : public QWidget, public FenetreVT, public FenetreAccords {
   QString nomNote(int hauteur) const;
   int hauteurCorde(int slot) const;  // MIDI note of the open string of slot
   int positionCourante() const;
+  // drawAccord's work; the fretboard's dots only with `manche`.
+  void actualise(bool manche);
   void montreDiagramme();
   void dessineManche();
   void toutesNotesÉteintes();

@@ -1,0 +1,653 @@
+// The options dialog: each control changes its setting on OK and nothing
+// changes on Cancel; each caller opens its page; the MIDI ports are opened
+// again only when their choice changed; the skin reaches the open windows;
+// the texts follow the language; values edited by hand open as the nearest
+// ones the controls can show.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSlider>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QTest>
+#include <QTextBrowser>
+#include <QToolBar>
+
+#include "banc.h"
+#include "faide_navigateur.h"
+#include "options_pages.h"
+#include "shell/foptions.h"
+#include "shell/manche.h"
+#include "shell/required_files.h"
+#include "shell/skin.h"
+#include "son_systeme.h"
+#include "sound/message_son.h"
+#include "sound/midi_handles.h"
+#include "sound/sortie_journal.h"
+
+namespace vt::essai {
+namespace {
+
+using Réglages = QMap<QString, QString>;
+
+// The devices of a made-up system.
+class SonPorts : public SonEnregistreur {
+ public:
+  explicit SonPorts(Journal& j) : SonEnregistreur(j), m_j(j) {}
+  QStringList sortiesMidi() const override { return {"Built-in", "Port A", "Port B"}; }
+  QStringList entreesMidi() const override { return entrées; }
+  void midiProgramGlobal(int patch) override {
+    m_j.push_back(QStringLiteral("program %1").arg(patch));
+  }
+  QStringList entrées{"In A", "In B"};
+
+ private:
+  Journal& m_j;
+};
+
+// The bytes of a logging output, without their times.
+std::vector<std::string> octets(const SortieJournal& s) {
+  std::vector<std::string> l;
+  for (const MessageDate& m : s.messages()) {
+    const std::string ligne = ligneJournal(m);
+    l.push_back(ligne.substr(ligne.find(' ') + 1));
+  }
+  return l;
+}
+
+class Options : public Banc {
+ protected:
+  void SetUp() override {
+    Banc::SetUp();
+    silencieux();
+    // A program folder of our own, with a second skin that has only the wood
+    // of the fretboard.
+    ASSERT_TRUE(app.isValid());
+    const QString source = QCoreApplication::applicationDirPath() + "/";
+    for (const char* nom : kFichiersRequis) {
+      const QString n = QString::fromUtf8(nom);
+      QDir().mkpath(QFileInfo(app.filePath(n)).absolutePath());
+      ASSERT_TRUE(QFile::copy(source + n, app.filePath(n)));
+    }
+    for (const char* page : {"help/en/options.html", "help/fr/options.html"})
+      ASSERT_TRUE(QFile::copy(source + page, app.filePath(page)));
+    QDir().mkpath(app.filePath("skins/nuit"));
+    ASSERT_TRUE(QFile::link(source + "skins/default", app.filePath("skins/default")));
+    QImage bois(161, 300, QImage::Format_RGB32);
+    bois.fill(QColor(10, 20, 200));
+    ASSERT_TRUE(bois.save(app.filePath("skins/nuit/manchefond.bmp")));
+  }
+
+  // The main window with the dialog registered, on the made-up devices unless
+  // the test brings its own.
+  void lance(std::unique_ptr<SonLive> son = nullptr) {
+    if (!vt) crée();
+    vt->setSon(son ? std::move(son) : std::make_unique<SonPorts>(sons));
+    vt->fenetres().enregistrer(
+        fen::FOptions, [](VT& v) { return new FOptions(v); }, RegistreFenetres::Genre::Dialogue);
+    VT::Interactions i;
+    i.avertissement = [this](const QString& t) { avertissements << t; };
+    vt->setInteractions(i);
+    VT::Démarrage d;
+    d.strAppPath = app.path();
+    ASSERT_TRUE(démarre(d));
+    sons.clear();
+  }
+
+  // The session's ports on logging outputs and no input; every opening is
+  // written in the journal too.
+  void lanceSurJournal() {
+    crée();
+    lance(sonSysteme(
+        vt->settings(),
+        [this](int device, const std::string&) {
+          journal.push_back(QStringLiteral("open %1").arg(device));
+          sorties.push_back(std::make_shared<SortieJournal>());
+          std::vector<MessageSon> m;
+          if (device == -1) m.push_back({son::kSortieMidiImpossible.id, "busy"});
+          return OuvertureSortie{sorties.back(), m};
+        },
+        [](int) { return OuvertureEntrée{}; }));
+  }
+
+  // Shows the dialog on `clé` and runs `action` while it waits.
+  void ouvre(const QString& clé, const std::function<void(FOptions&)>& action) {
+    pendantModale = [&action](QDialog& d) { action(dynamic_cast<FOptions&>(d)); };
+    vt->montreOptions(clé);
+    pendantModale = nullptr;
+  }
+  void ok(const QString& clé, const std::function<void(FOptions&)>& action) {
+    ouvre(clé, [&action](FOptions& o) {
+      action(o);
+      o.btnOK()->click();
+    });
+  }
+  FOptions& dialogue() { return *dynamic_cast<FOptions*>(vt->fenetres().fenetre(fen::FOptions)); }
+
+  // Every setting as the store would write it.
+  Réglages écrits() {
+    const QString fichier = dir.filePath("instant.ini");
+    QFile::remove(fichier);
+    {
+      QSettings s(fichier, QSettings::IniFormat);
+      vt->settings().save_ini(s, kEtatMinimise, vt->strAppPath());
+    }
+    QSettings s(fichier, QSettings::IniFormat);
+    Réglages r;
+    for (const QString& k : s.allKeys())
+      r[k] = s.value(k).toString();
+    return r;
+  }
+  static Réglages changés(const Réglages& avant, const Réglages& après) {
+    Réglages d;
+    for (auto it = après.begin(); it != après.end(); ++it)
+      if (avant.value(it.key()) != it.value()) d[it.key()] = it.value();
+    return d;
+  }
+
+  QTemporaryDir app;
+  QStringList avertissements;
+  std::vector<std::shared_ptr<SortieJournal>> sorties;
+};
+
+// One change on a page and the settings it writes on OK.
+struct Cas {
+  QString page;
+  QString contrôle;
+  std::function<void(FOptions&)> change;
+  Réglages attendu;
+};
+
+std::vector<Cas> casDesRègles() {
+  std::vector<Cas> c = {
+      {"KeyDiv",
+       "optManche",
+       [](FOptions& o) { o.pageDiv().optManche[2]->setChecked(true); },
+       {{"Options/setManche", "2"}}},
+      // Option 0 is the right hand: the other one makes a left-handed board.
+      {"KeyDiv",
+       "optMancheHand",
+       [](FOptions& o) { o.pageDiv().optMancheHand[1]->setChecked(true); },
+       {{"Options/setLeftHanded", "True"}}},
+      {"KeyDiv",
+       "chkDémarrage",
+       [](FOptions& o) { o.pageDiv().chkDémarrage->setChecked(true); },
+       {{"Options/setD\u00e9marrage", "1"}}},
+      {"KeyDiv",
+       "chkBarreEtat",
+       [](FOptions& o) { o.pageDiv().chkBarreEtat->setChecked(false); },
+       {{"Options/setStatusBar", "0"}}},
+      {"KeyDiv",
+       "chkBarreOutils",
+       [](FOptions& o) { o.pageDiv().chkBarreOutils->setChecked(false); },
+       {{"Options/setToolBar", "0"}}},
+      {"KeyDiv",
+       "chkTipOfDay",
+       [](FOptions& o) { o.pageDiv().chkTipOfDay->setChecked(true); },
+       {{"Options/Show Tips at Startup", "1"}}},
+      {"KeyDiv",
+       "chkStarWith",
+       [](FOptions& o) { o.pageDiv().chkStarWith[3]->setChecked(true); },
+       {{"Options/setStartWith3", "True"}}},
+      {"KeyDiv",
+       "lstSkin",
+       [](FOptions& o) { o.pageDiv().choisitSkin("nuit"); },
+       {{"Options/strSkinPath", "nuit"}}},
+      {"KeyTab",
+       "btnTab",
+       [](FOptions& o) {
+         o.choisitCouleur = [](const QColor&) { return QColor(1, 2, 3); };
+         o.pageTab().btnTab[1]->click();
+       },
+       {{"Tab/cfgEventColor", QString::number(1 + 2 * 256 + 3 * 65536)}}},
+      {"KeyTab",
+       "labFont",
+       [](FOptions& o) {
+         o.choisitPolice = [](const QFont&) { return QFont("Serif", 12); };
+         o.pageTab().cmdFont->click();
+       },
+       {{"Tab/cfgFontName", "Serif"}, {"Tab/cfgFontSize", "12"}, {"Tab/cfgFontBold", "False"}}},
+      {"KeyTab",
+       "chkTabTransparent",
+       [](FOptions& o) { o.pageTab().chkTabTransparent->setChecked(true); },
+       {{"Tab/cfgFontTransparent", "True"}}},
+      {"KeyTab",
+       "chkTabFolder",
+       [](FOptions& o) { o.pageTab().chkTabFolder->setChecked(false); },
+       {{"Options/setTabRememberFolder", "False"}}},
+      // No setting of its own: the pair of offsets.
+      {"KeyTab",
+       "chkTabStaffOnTab",
+       [](FOptions& o) { o.pageTab().chkTabStaffOnTab->setChecked(true); },
+       {{"Tab/TAB_VIEW_MARGIN_TOP_PORTEE", "0"}, {"Tab/TAB_VIEW_MARGIN_TOP_TAB", "150"}}},
+      {"KeyTab",
+       "sldTabExp",
+       [](FOptions& o) { o.pageTab().sldTabExp.sld->setValue(80); },
+       {{"Tab/cfgASCIILargeur", "80"}}},
+      {"KeyTab",
+       "sldTabMARGIN_LEFT",
+       [](FOptions& o) { o.pageTab().sldTabMARGIN_LEFT.sld->setValue(50); },
+       {{"Tab/TAB_VIEW_MARGIN_LEFT", "50"}}},
+      {"KeyTab",
+       "sldTabMARGIN_TOP",
+       [](FOptions& o) { o.pageTab().sldTabMARGIN_TOP.sld->setValue(100); },
+       {{"Tab/TAB_VIEW_MARGIN_TOP", "100"}}},
+      {"KeyTab",
+       "sldTabINTER_STRINGS",
+       [](FOptions& o) { o.pageTab().sldTabINTER_STRINGS.sld->setValue(15); },
+       {{"Tab/TAB_VIEW_INTER_STRINGS", "15"}}},
+      {"KeyTab",
+       "sldTabINTER_NOTE",
+       [](FOptions& o) { o.pageTab().sldTabINTER_NOTE.sld->setValue(25); },
+       {{"Tab/TAB_VIEW_INTER_NOTE", "25"}}},
+      {"KeyTab",
+       "sldTabINTER_MESURE",
+       [](FOptions& o) { o.pageTab().sldTabINTER_MESURE.sld->setValue(30); },
+       {{"Tab/TAB_VIEW_INTER_MESURE", "30"}}},
+      {"KeyGam",
+       "optGamConst",
+       [](FOptions& o) { o.pageGam().optGamConst[3]->setChecked(true); },
+       {{"Gammes/setGAMConst", "3"}}},
+      {"KeyGam",
+       "optGamPiano",
+       [](FOptions& o) { o.pageGam().optGamPiano[0]->setChecked(true); },
+       {{"Gammes/setGAMPiano", "0"}}},
+      {"KeyGam",
+       "optGamMode",
+       [](FOptions& o) { o.pageGam().optGamMode(1)->setChecked(true); },
+       {{"Gammes/setGAMMode", "1"}}},
+      {"KeyGam",
+       "sldGamTime",
+       [](FOptions& o) { o.pageGam().sldGamTime.sld->setValue(120); },
+       {{"Gammes/setGAMTimer", "120"}}},
+      // Names on the dots is option 1; dots only writes 0.
+      {"accords",
+       "optAccordConst",
+       [](FOptions& o) { o.pageAccords().optAccordConst[0]->setChecked(true); },
+       {{"Accords/setAccordConst", "0"}}},
+      {"KeyM\u00e9t",
+       "optMétro",
+       [](FOptions& o) { o.pageMet().optMétro[1]->setChecked(true); },
+       {{"Options/setM\u00e9tro", "0"}}},
+      {"KeyM\u00e9t",
+       "chkMétronomeMIDICanal10",
+       [](FOptions& o) { o.pageMet().chkMétronomeMIDICanal10->setChecked(true); },
+       {{"Options/setM\u00e9tronomeMIDICanal10", "1"}}},
+      {"KeyM\u00e9t",
+       "udMétronomeMIDINote1",
+       [](FOptions& o) { o.pageMet().udMétronomeMIDINote1->setValue(40); },
+       {{"Options/setM\u00e9tronomeMIDINote1", "40"}}},
+      {"KeyM\u00e9t",
+       "udMétronomeMIDINote2",
+       [](FOptions& o) { o.pageMet().udMétronomeMIDINote2->setValue(41); },
+       {{"Options/setM\u00e9tronomeMIDINote2", "41"}}},
+      // Entry 0 is the system's default (-1), entry 1 the built-in synthesizer (0).
+      {"KeyMidi",
+       "cmbMIDIdevice",
+       [](FOptions& o) { o.pageMidi().cmbMIDIdevice->setCurrentIndex(2); },
+       {{"Options/setMIDIdevice", "1"}}},
+      {"KeyMidi",
+       "cmbMIDIchannel",
+       [](FOptions& o) { o.pageMidi().cmbMIDIchannel->setCurrentIndex(3); },
+       {{"Options/setMIDIchannel", "4"}}},
+      {"KeyMidi",
+       "cmbMIDIinstru",
+       [](FOptions& o) { o.pageMidi().cmbMIDIinstru->setCurrentIndex(30); },
+       {{"Options/setMIDIinstru", "30"}}},
+      {"KeyMidi",
+       "sldMIDIvolume",
+       [](FOptions& o) { o.pageMidi().sldMIDIvolume.sld->setValue(90); },
+       {{"Options/setMIDIvolume", "90"}}},
+      {"KeyMidi",
+       "udPitchBendRange",
+       [](FOptions& o) { o.pageMidi().udPitchBendRange->setValue(2); },
+       {{"Options/setMIDIPitchBendRange", "2"}}},
+      {"KeyMidi",
+       "chkMIDIEffets1Ton",
+       [](FOptions& o) { o.pageMidi().chkMIDIEffets1Ton->setChecked(true); },
+       {{"Options/setMIDIEffet1Ton", "True"}}},
+      // Positions 0, 1, 2 stand for 8, 16, 32 steps.
+      {"KeyMidi",
+       "sldMIDIEffets",
+       [](FOptions& o) { o.pageMidi().sldMIDIEffets.sld->setValue(0); },
+       {{"Options/setMIDIPitchDemiTon", "8"}}},
+      {"KeyMidiIn",
+       "cmbMIDIINDevice",
+       [](FOptions& o) { o.pageMidiIn().cmbMIDIINDevice->setCurrentIndex(1); },
+       {{"Options/setMIDIInDevice", "1"}}},
+      {"KeyMidiIn",
+       "cmbMIDIINBasicChannel",
+       [](FOptions& o) { o.pageMidiIn().cmbMIDIINBasicChannel->setCurrentIndex(5); },
+       {{"Options/setMIDIINBasicChannel", "6"}}},
+  };
+  const std::array<const char*, 7> paramètres = {"ADJ_SCORE",      "MAXSPAN",    "OPENS_SCORE",
+                                                 "POSITION_SCORE", "ROOT_SCORE", "SPAN_SCORE",
+                                                 "TSPAN_SCORE"};
+  const std::array<int, 7> valeurs = {8, 6, 11, 3, 40, 13, 5};
+  for (std::size_t i = 0; i < paramètres.size(); ++i)
+    c.push_back(
+        {"accords",
+         QStringLiteral("sldAccordCalcul%1").arg(i),
+         [i, v = valeurs[i]](FOptions& o) { o.pageAccords().sldAccordCalcul[i].sld->setValue(v); },
+         {{QStringLiteral("Accords/AccordParametres.") + paramètres[i],
+           QString::number(valeurs[i])}}});
+  return c;
+}
+
+// ---- Every page: OK, Cancel, the keys --------------------------------------------
+
+TEST_F(Options, OkWritesEachControlToItsSettingAndNothingElse) {
+  lance();
+  for (const Cas& c : casDesRègles()) {
+    SCOPED_TRACE(c.contrôle.toStdString());
+    const Réglages avant = écrits();
+    ok(c.page, [&c](FOptions& o) {
+      EXPECT_EQ(o.onglet(), c.page);
+      c.change(o);
+    });
+    EXPECT_EQ(changés(avant, écrits()), c.attendu);
+  }
+  // The bars shown are the settings'.
+  EXPECT_FALSE(vt->toolbar()->isVisibleTo(vt.get()));
+  // The instrument reached the output and the status bar.
+  EXPECT_TRUE(contient(sons, "program 30"));
+  EXPECT_EQ(vt->panneau("midi")->toolTip(), vt->loadString(4030));
+  // And the next start finds them.
+  vt->close();
+  QSettings s(réglages(), QSettings::IniFormat);
+  EXPECT_EQ(s.value("Options/setManche").toString(), "2");
+  EXPECT_EQ(s.value("Accords/AccordParametres.TSPAN_SCORE").toString(), "5");
+}
+
+TEST_F(Options, CancelLeavesEverySettingAndTheNextOpeningShowsThemAgain) {
+  lance();
+  const Réglages avant = écrits();
+  ouvre("KeyDiv", [](FOptions& o) {
+    o.show();
+    // The toolbar follows its box at once, before OK.
+    QCheckBox* barre = o.pageDiv().chkBarreOutils;
+    QTest::mouseClick(barre, Qt::LeftButton, {}, QPoint(6, barre->height() / 2));
+    for (const Cas& c : casDesRègles())
+      c.change(o);
+    EXPECT_EQ(o.findChild<QLabel*>("labTabExp")->text(), "80");
+    o.btnAnnuler()->click();
+  });
+  EXPECT_EQ(changés(avant, écrits()), Réglages{});
+  EXPECT_TRUE(sons.empty()) << "no port closed or opened, no program sent";
+  // The toolbar stays as the box left it until the next OK or start.
+  EXPECT_FALSE(vt->toolbar()->isVisibleTo(vt.get()));
+  ok({}, [](FOptions& o) {
+    EXPECT_TRUE(o.pageDiv().chkBarreOutils->isChecked());
+    EXPECT_EQ(o.findChild<QLabel*>("labTabExp")->text(), "66");
+    EXPECT_EQ(o.pageDiv().skin(), "default");
+  });
+  EXPECT_TRUE(vt->toolbar()->isVisibleTo(vt.get()));
+  EXPECT_EQ(changés(avant, écrits()), Réglages{});
+}
+
+TEST_F(Options, EachCallerOpensItsPage) {
+  lance();
+  for (const QString& clé : FOptions::kClés) {
+    SCOPED_TRACE(clé.toStdString());
+    ouvre(clé, [&clé](FOptions& o) {
+      EXPECT_EQ(o.TabStrip()->currentWidget()->objectName(), clé);
+      o.btnAnnuler()->click();
+    });
+  }
+  // The menu and the gear keep the page shown last; an unknown key as well.
+  const auto page = [this] { return dialogue().onglet(); };
+  vt->MenuGlobalFile(4);
+  EXPECT_EQ(page(), "KeyMidiIn");
+  vt->montreOptions("KeyUnknown");
+  EXPECT_EQ(page(), "KeyMidiIn");
+  QTest::mouseDClick(vt->panneau("midi"), Qt::LeftButton);
+  EXPECT_EQ(page(), "KeyMidi");
+  vt->boutonBarre("options")->trigger();
+  EXPECT_EQ(page(), "KeyMidi");
+  EXPECT_EQ(modales.size(), 11u);
+}
+
+TEST_F(Options, TheRestoreButtonsBringBackTheDefaults) {
+  lance();
+  const Réglages avant = écrits();
+  ok("KeyTab", [](FOptions& o) {
+    PageTab& t = o.pageTab();
+    for (Curseur* c : {&t.sldTabExp, &t.sldTabMARGIN_LEFT, &t.sldTabMARGIN_TOP,
+                       &t.sldTabINTER_STRINGS, &t.sldTabINTER_NOTE, &t.sldTabINTER_MESURE})
+      c->sld->setValue(c->sld->maximum());
+    t.chkTabStaffOnTab->setChecked(true);
+    for (int i = 0; i < 3; ++i)
+      t.setCouleur(i, QColor(9, 9, 9));
+    t.btnTabRestore->click();
+    for (Curseur& c : o.pageAccords().sldAccordCalcul)
+      c.sld->setValue(c.sld->minimum());
+    o.pageAccords().btnAccordRestore->click();
+  });
+  EXPECT_EQ(changés(avant, écrits()), Réglages{});
+}
+
+// ---- "KeyDiv": the skin -----------------------------------------------------------
+
+TEST_F(Options, ANewSkinReachesTheOpenWindowsAfterTheirNewSearch) {
+  crée();
+  enregistre({fen::FAccords, fen::FGammes, fen::FTab});
+  lance();
+  for (const QString& f : {fen::FAccords, fen::FGammes, fen::FTab})
+    vt->montreFenetre(f);
+  journal.clear();
+  ok("KeyDiv", [](FOptions& o) {
+    ASSERT_EQ(o.pageDiv().lstSkin->count(), 2);
+    o.pageDiv().choisitSkin("nuit");
+  });
+  const Journal attendu = {"FAccords optionsAppliquées", "FGammes optionsAppliquées",
+                           "FTab optionsAppliquées",     "FAccords load_skin",
+                           "FGammes load_skin",          "FTab refresh",
+                           "FAccords drawMancheContenu"};
+  auto suite = journal.begin();
+  for (const QString& ligne : attendu) {
+    suite = std::find(suite, journal.end(), ligne);
+    ASSERT_NE(suite, journal.end()) << ligne.toStdString() << " missing or out of order";
+  }
+  EXPECT_EQ(sons.back(), "program 27");
+  // The wood comes from the new skin, what it lacks from the default one.
+  EXPECT_EQ(vt->manche().aspect().fond.pixelColor(5, 5), QColor(10, 20, 200));
+  EXPECT_TRUE(vt->skinFile(skin::kFond).contains("/skins/default/"));
+
+  journal.clear();
+  ok("KeyDiv", [](FOptions&) {});
+  EXPECT_FALSE(contient(journal, "FAccords load_skin")) << "the same skin loads nothing";
+  EXPECT_TRUE(contient(journal, "FAccords optionsAppliquées"));
+}
+
+// ---- "KeyMidi" and "KeyMidiIn": the ports -------------------------------------------
+
+TEST_F(Options, TheOutputIsOpenedAgainOnlyWhenItChangesAndAPlayingPieceStopsFirst) {
+  lanceSurJournal();
+  vt->fenetres().enregistrer(fen::FTab, [this](VT& v) { return new EditeurEssai(v, journal); });
+  auto* éditeur = dynamic_cast<EditeurEssai*>(vt->montreFenetre(fen::FTab));
+  ASSERT_EQ(sorties.size(), 1u);
+  sorties[0]->efface();
+  ok("KeyMidi", [](FOptions&) {});
+  EXPECT_EQ(sorties.size(), 1u) << "the same output is not opened again";
+  EXPECT_EQ(octets(*sorties[0]), (std::vector<std::string>{"C0 1B"}));
+
+  éditeur->joue = true;
+  journal.clear();
+  ok("KeyMidi", [](FOptions& o) {
+    o.pageMidi().cmbMIDIdevice->setCurrentIndex(0);
+    o.pageMidi().cmbMIDIinstru->setCurrentIndex(30);
+  });
+  ASSERT_EQ(sorties.size(), 2u);
+  EXPECT_EQ(journal, (Journal{"FTab stop", "open -1", "FTab optionsAppliquées", "FTab refresh"}));
+  EXPECT_EQ(octets(*sorties[1]), (std::vector<std::string>{"C0 1E", "C0 1E"}));
+  EXPECT_EQ(vt->settings().setMIDIdevice, -1);
+}
+
+TEST_F(Options, AnOutputThatFailsSaysSoOnceAndTheBuiltInSynthesizerPlays) {
+  lanceSurJournal();
+  const QString message = vt->loadString(son::kSortieMidiImpossible) + "\nbusy";
+  for (int entrée : {0, 1, 0}) {
+    ok("KeyMidi", [entrée](FOptions& o) { o.pageMidi().cmbMIDIdevice->setCurrentIndex(entrée); });
+    EXPECT_NE(vt->son().midiOutHandle(), 0);
+  }
+  EXPECT_EQ(sorties.size(), 4u);
+  EXPECT_EQ(avertissements, QStringList{message});
+}
+
+TEST_F(Options, TheInputIsOpenedAgainOnlyWhenItChanges) {
+  lance();
+  ok("KeyMidiIn", [](FOptions&) {});
+  EXPECT_FALSE(contient(sons, "openIn"));
+  ok("KeyMidiIn", [](FOptions& o) { o.pageMidiIn().cmbMIDIINDevice->setCurrentIndex(1); });
+  EXPECT_EQ(std::count(sons.begin(), sons.end(), "closeIn"), 1);
+  EXPECT_EQ(std::count(sons.begin(), sons.end(), "openIn"), 1);
+
+  // No input at all: the list says so and the setting waits for its device.
+  auto& ports = dynamic_cast<SonPorts&>(vt->son());
+  ports.entrées.clear();
+  sons.clear();
+  ok("KeyMidiIn", [this](FOptions& o) {
+    EXPECT_FALSE(o.pageMidiIn().cmbMIDIINDevice->isEnabled());
+    EXPECT_EQ(o.pageMidiIn().cmbMIDIINDevice->currentText(), vt->loadString(1178));
+  });
+  EXPECT_EQ(vt->settings().setMIDIInDevice, 1);
+  EXPECT_FALSE(contient(sons, "openIn"));
+}
+
+TEST_F(Options, TheTestButtonsSoundThePageThroughTheOutputItShows) {
+  lanceSurJournal();
+  ouvre("KeyMidi", [this](FOptions& o) {
+    o.show();
+    o.selectTab("KeyMidi");
+    PageMidi& p = o.pageMidi();
+    p.cmbMIDIchannel->setCurrentIndex(3);
+    p.cmbMIDIinstru->setCurrentIndex(30);
+    p.sldMIDIvolume.sld->setValue(90);
+    sorties[0]->efface();
+    QTest::mousePress(p.btnMIDItest, Qt::LeftButton);
+    QTest::mouseRelease(p.btnMIDItest, Qt::LeftButton);
+    // The session's output gets the settings' program back.
+    EXPECT_EQ(octets(*sorties[0]),
+              (std::vector<std::string>{"C3 1E", "93 39 5A", "93 39 00", "C0 1B"}));
+
+    // A whole tone up at 16 steps a semitone, within a range of two.
+    sorties[0]->efface();
+    p.chkMIDIEffets1Ton->setChecked(true);
+    p.sldMIDIEffets.sld->setValue(1);
+    p.btnMIDIEffet_MouseDown();
+    int pas = 1;
+    while (p.pasTiré())
+      ++pas;
+    EXPECT_EQ(pas, 10);
+    p.btnMIDIEffet_MouseUp();
+    const auto o8 = octets(*sorties[0]);
+    ASSERT_EQ(o8.size(), 6u + 10u + 3u);
+    EXPECT_EQ(std::vector<std::string>(o8.begin(), o8.begin() + 6),
+              (std::vector<std::string>{"B3 65 00", "B3 64 00", "B3 06 02", "B3 26 00", "C3 1E",
+                                        "93 39 5A"}));
+    EXPECT_EQ(o8[15], "E3 00 60");
+    EXPECT_EQ(std::vector<std::string>(o8.begin() + 16, o8.end()),
+              (std::vector<std::string>{"93 39 00", "E3 00 40", "C0 1B"}));
+
+    // The system's default is the built-in synthesizer too: no second one.
+    sorties[0]->efface();
+    p.cmbMIDIdevice->setCurrentIndex(0);
+    p.btnMIDItest_MouseDown();
+    p.btnMIDItest_MouseUp();
+    EXPECT_EQ(sorties.size(), 1u);
+    EXPECT_EQ(octets(*sorties[0]).size(), 4u);
+    o.btnAnnuler()->click();
+  });
+  EXPECT_EQ(vt->settings().setMIDIdevice, 0);
+  EXPECT_EQ(vt->settings().setMIDIchannel, 1);
+}
+
+TEST_F(Options, AnotherOutputIsOpenedForTheTestsAlone) {
+  lanceSurJournal();
+  SonLive& son = vt->son();
+  const auto ouverte = midiHandleSortie(son.midiOutHandle());
+  EXPECT_EQ(son.sortieEssai(0), ouverte);
+  EXPECT_EQ(son.sortieEssai(-1), ouverte);
+  journal.clear();
+  const auto autre = son.sortieEssai(2);
+  EXPECT_EQ(journal, Journal{"open 2"});
+  EXPECT_NE(autre, ouverte);
+  EXPECT_EQ(midiHandleSortie(son.midiOutHandle()), ouverte) << "the session keeps its own";
+}
+
+// ---- All pages: language, values edited by hand, help -------------------------------
+
+TEST_F(Options, TheTextsFollowTheLanguage) {
+  lance();
+  ouvre("KeyDiv", [](FOptions& o) { o.btnAnnuler()->click(); });
+  FOptions& o = dialogue();
+  const auto onglets = [&o] {
+    QStringList l;
+    for (int i = 0; i < o.TabStrip()->count(); ++i)
+      l << o.TabStrip()->tabText(i);
+    return l;
+  };
+  EXPECT_EQ(onglets(), (QStringList{"General", "Tablature", "Scales", "Chords", "Metronome", "MIDI",
+                                    "MIDI input"}));
+  vt->mnuFileLang_Click(0);
+  EXPECT_EQ(onglets(), (QStringList{"G\u00e9n\u00e9ral", "Tablature", "Gammes", "Accords",
+                                    "M\u00e9tronome", "MIDI", "Entr\u00e9e MIDI"}));
+  EXPECT_EQ(o.btnAnnuler()->text(), "Annuler");
+  EXPECT_EQ(o.pageMidi().cmbMIDIinstru->itemText(27), vt->loadString(4027));
+  EXPECT_EQ(o.pageMidi().cmbMIDIdevice->itemText(0), vt->loadString(1164));
+  EXPECT_EQ(o.pageDiv().chkStarWith[0]->text(), "Accords");
+  vt->mnuFileLang_Click(1);
+  EXPECT_EQ(onglets().front(), "General");
+  EXPECT_EQ(o.pageMidi().cmbMIDIdevice->itemText(1), "Built-in synthesizer");
+}
+
+TEST_F(Options, ValuesEditedByHandOpenAsTheNearestOnesAndOkKeepsThose) {
+  const std::vector<std::tuple<QString, QString, QString>> cas = {
+      {"Options/setManche", "7", "2"},
+      {"Options/setMIDIchannel", "40", "16"},
+      {"Options/setMIDIPitchDemiTon", "20", "16"},
+      {"Options/setMIDIdevice", "99", "2"},
+      {"Options/setMIDIInDevice", "-5", "0"},
+      {"Options/setMIDIinstru", "200", "127"},
+      {"Options/setM\u00e9tronomeMIDINote1", "250", "127"},
+      {"Options/setMIDIPitchBendRange", "0", "1"},
+      {"Options/strSkinPath", "gone", "default"},
+      {"Gammes/setGAMMode", "0", "1"},
+      {"Gammes/setGAMConst", "9", "3"},
+      {"Gammes/setGAMTimer", "5000", "1000"},
+      {"Accords/setAccordConst", "5", "1"},
+      {"Accords/AccordParametres.MAXSPAN", "200", "12"},
+      {"Tab/cfgASCIILargeur", "-3", "20"},
+      {"Tab/cfgFontSize", "0", "1"},
+      {"Tab/TAB_VIEW_INTER_STRINGS", "1000", "40"},
+      {"Tab/cfgCurseurColor", "-1", "16777215"},
+  };
+  for (const auto& [clé, écrit, attendu] : cas)
+    règle(clé, écrit);
+  lance();
+  ok("KeyDiv", [](FOptions&) {});
+  const Réglages après = écrits();
+  for (const auto& [clé, écrit, attendu] : cas)
+    EXPECT_EQ(après.value(clé), attendu) << clé.toStdString() << " was " << écrit.toStdString();
+}
+
+TEST_F(Options, HelpOpensOnThePagesTopicOverTheWaitingDialog) {
+  lance();
+  ouvre("KeyMidi", [](FOptions& o) {
+    o.btnAide()->click();
+    auto* aide = o.findChild<FAideNavigateur*>();
+    ASSERT_NE(aide, nullptr);
+    EXPECT_TRUE(aide->isVisible());
+    EXPECT_EQ(aide->navigateur()->source().fragment(), "midi");
+    o.btnAnnuler()->click();
+    EXPECT_FALSE(aide->isVisible());
+  });
+}
+
+}  // namespace
+}  // namespace vt::essai
