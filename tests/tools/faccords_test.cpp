@@ -178,13 +178,21 @@ TEST_F(Dictionnaire, PlaySoundsEveryStringAtOnceAndTheTimerSilencesThem) {
 }
 
 TEST_F(Dictionnaire, TheInstrumentRulesTheSearch) {
+  crée();
+  enregistre({fen::FMetronome});
   ouvre();
   choisit(5, "maj");
   EXPECT_EQ(premier(), (std::vector<int>{-1, -1, 0, 2, 3, 2}));
-  // Drop D: the low string is D now.
+  // Drop D: the low string is D now; the fretboard's redraw searches again.
   vt->guitare().corde[6] = 38;
   vt->drawMancheContenu();
   EXPECT_EQ(premier(), (std::vector<int>{0, 0, 0, 2, 3, 2}));
+  // Changed while another window is in front: brought forward, it follows.
+  vt->montreFenetre(fen::FMetronome);
+  vt->guitare().corde[6] = 40;
+  vt->montreFenetre(fen::FAccords);
+  EXPECT_EQ(premier(), (std::vector<int>{-1, -1, 0, 2, 3, 2}));
+  vt->guitare().corde[6] = 38;
   // Three strings: nothing, said in the diagram; Play and Copy do nothing.
   vt->guitare().nbrCordes = 3;
   fa->drawAccord(false);

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPainter>
 #include <QRegularExpression>
@@ -94,6 +95,13 @@ FAccords::FAccords(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
   m_tmrFinAccord.setInterval(2500);
   connect(&m_tmrFinAccord, &QTimer::timeout, this, &FAccords::tmrFinAccord_Timer);
   créeControles();
+  // Another tool may change the instrument while this window waits behind
+  // it: brought forward, the window searches again for the new one.
+  if (QMdiArea* zone = vt.mdiArea()) {
+    connect(zone, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* w) {
+      if (w && w->widget() == this && accordageCourant() != m_accordage) drawAccord(false);
+    });
+  }
   load_skin();
   load_lang();
   drawAccord(false);
@@ -299,14 +307,6 @@ void FAccords::mouseMoveEvent(QMouseEvent* e) {
 void FAccords::closeEvent(QCloseEvent* e) {
   if (m_tmrFinAccord.isActive()) tmrFinAccord_Timer();
   QWidget::closeEvent(e);
-}
-
-void FAccords::changeEvent(QEvent* e) {
-  // Another tool may have changed the instrument while this one waited.
-  if (e->type() == QEvent::ActivationChange && isActiveWindow() &&
-      accordageCourant() != m_accordage)
-    drawAccord(false);
-  QWidget::changeEvent(e);
 }
 
 void FAccords::optListe_Click(int mode) {

@@ -96,7 +96,6 @@ class FAccords : public QWidget, public FenetreVT, public FenetreAccords {
   void keyPressEvent(QKeyEvent* e) override;
   void mouseMoveEvent(QMouseEvent* e) override;
   void closeEvent(QCloseEvent* e) override;
-  void changeEvent(QEvent* e) override;
 
  private:
   void créeControles();
