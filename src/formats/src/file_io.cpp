@@ -30,7 +30,13 @@ std::filesystem::path nomTemporaire(const std::filesystem::path& cible) {
   return cible.parent_path() / ("." + cible.filename().string() + "." + suffixe + ".tmp");
 }
 
-bool toutÉcrire(int fd, std::span<const std::uint8_t> octets) {
+SaveStepHook g_étape = nullptr;
+
+void étape(SaveStep s) {
+  if (g_étape) g_étape(s);
+}
+
+bool écrireBloc(int fd, std::span<const std::uint8_t> octets) {
   std::size_t fait = 0;
   while (fait < octets.size()) {
     const ssize_t n = ::write(fd, octets.data() + fait, octets.size() - fait);
@@ -43,7 +49,17 @@ bool toutÉcrire(int fd, std::span<const std::uint8_t> octets) {
   return true;
 }
 
+// In two halves, so that a save cut short in the middle can be shown whole.
+bool toutÉcrire(int fd, std::span<const std::uint8_t> octets) {
+  const std::size_t moitié = octets.size() / 2;
+  if (!écrireBloc(fd, octets.first(moitié))) return false;
+  étape(SaveStep::HalfWritten);
+  return écrireBloc(fd, octets.subspan(moitié));
+}
+
 }  // namespace
+
+void setSaveStepHook(SaveStepHook hook) { g_étape = hook; }
 
 FileRead readWholeFile(const std::filesystem::path& fichier) {
   FileRead r;
@@ -105,19 +121,24 @@ std::string writeFileAtomically(const std::filesystem::path& fichier,
     if (fd < 0 && errno != EEXIST) return erreurSystème(cible.c_str());
   }
   if (fd < 0) return erreurSystème(cible.c_str());
+  étape(SaveStep::Opened);
 
   std::string erreur;
   if (!toutÉcrire(fd, octets)) erreur = erreurSystème("write");
+  if (erreur.empty()) étape(SaveStep::Written);
   if (erreur.empty() && existe && ::fchmod(fd, ancien.st_mode & 07777) != 0)
     erreur = erreurSystème("chmod");
   if (erreur.empty() && ::fsync(fd) != 0) erreur = erreurSystème("fsync");
+  if (erreur.empty()) étape(SaveStep::Flushed);
   if (::close(fd) != 0 && erreur.empty()) erreur = erreurSystème("close");
+  if (erreur.empty()) étape(SaveStep::Closed);
   if (erreur.empty() && ::rename(temp.c_str(), cible.c_str()) != 0)
     erreur = erreurSystème("rename");
   if (!erreur.empty()) {
     ::unlink(temp.c_str());
     return cible.string() + ": " + erreur;
   }
+  étape(SaveStep::Renamed);
   // The rename itself reaches the disk with the folder; best effort.
   const int dir = ::open(cible.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (dir >= 0) {

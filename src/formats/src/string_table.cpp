@@ -26,35 +26,40 @@ std::string déséchapper(std::string_view s) {
 }
 
 const std::map<int, std::string>& table() {
-  static const std::map<int, std::string> t = [] {
-    std::map<int, std::string> m;
-    std::string_view all(kStringsTsv);
-    bool entête = true;
-    while (!all.empty()) {
-      const auto eol = all.find('\n');
-      std::string_view line = all.substr(0, eol);
-      all = eol == std::string_view::npos ? std::string_view() : all.substr(eol + 1);
-      if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-      if (entête) {
-        entête = false;
-        continue;
-      }
-      const auto t1 = line.find('\t');
-      if (line.empty() || line[0] == '#' || t1 == std::string_view::npos) continue;
-      const auto t2 = line.find('\t', t1 + 1);
-      if (t2 == std::string_view::npos) continue;
-      int id = 0;
-      for (char c : line.substr(0, t1))
-        id = c >= '0' && c <= '9' ? id * 10 + (c - '0') : id;
-      m[id + kLangFrançais] = déséchapper(line.substr(t1 + 1, t2 - t1 - 1));
-      m[id + kLangAnglais] = déséchapper(line.substr(t2 + 1));
-    }
-    return m;
-  }();
+  static const std::map<int, std::string> t = parseStringTable(kStringsTsv);
   return t;
 }
 
 }  // namespace
+
+std::map<int, std::string> parseStringTable(std::string_view all) {
+  std::map<int, std::string> m;
+  bool entête = true;
+  while (!all.empty()) {
+    const auto eol = all.find('\n');
+    std::string_view line = all.substr(0, eol);
+    all = eol == std::string_view::npos ? std::string_view() : all.substr(eol + 1);
+    if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+    if (entête) {
+      entête = false;
+      continue;
+    }
+    const auto t1 = line.find('\t');
+    if (line.empty() || line[0] == '#' || t1 == std::string_view::npos) continue;
+    const auto t2 = line.find('\t', t1 + 1);
+    if (t2 == std::string_view::npos) continue;
+    // The digits of the id; an id must stay below the English offset.
+    int id = 0;
+    for (char c : line.substr(0, t1)) {
+      if (c >= '0' && c <= '9') id = id * 10 + (c - '0');
+      if (id >= kLangAnglais) break;
+    }
+    if (id >= kLangAnglais) continue;
+    m[id + kLangFrançais] = déséchapper(line.substr(t1 + 1, t2 - t1 - 1));
+    m[id + kLangAnglais] = déséchapper(line.substr(t2 + 1));
+  }
+  return m;
+}
 
 std::string loadString(int id, int setLang) {
   const auto it = table().find(setLang + id);

@@ -138,7 +138,9 @@ void MVantoro::reçoit(std::uint32_t message) {
   // The input's thread: queue the note, wake the window, nothing more.
   const auto n = noteReçue(message, m_canalDeBase.load(std::memory_order_relaxed));
   if (!n) return;
-  m_notes.ajoute(*n);
+  // One wake-up for a run of notes: the window takes them all at once, and a
+  // flooding device cannot fill the window's event queue.
+  if (m_notes.ajoute(*n) != FileNotesReçues::Ajout::Premier) return;
   std::lock_guard lock(m_verrouNotificateur);
   if (m_notificateur) m_notificateur();
 }

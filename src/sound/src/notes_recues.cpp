@@ -1,6 +1,7 @@
 #include "sound/notes_recues.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "sound/midi_out.h"
 
@@ -16,9 +17,19 @@ std::optional<NoteReçue> noteReçue(std::uint32_t message, int canalDeBase) {
   return n;
 }
 
-void FileNotesReçues::ajoute(const NoteReçue& n) {
+FileNotesReçues::Ajout FileNotesReçues::ajoute(const NoteReçue& n) {
   std::lock_guard lock(m_verrou);
+  if (m_notes.size() >= kCapacité) {
+    ++m_perdues;
+    return Ajout::Perdu;
+  }
   m_notes.push_back(n);
+  return m_notes.size() == 1 ? Ajout::Premier : Ajout::Suivant;
+}
+
+std::uint64_t FileNotesReçues::prendPerdues() {
+  std::lock_guard lock(m_verrou);
+  return std::exchange(m_perdues, 0);
 }
 
 std::vector<NoteReçue> FileNotesReçues::prendTout() {

@@ -34,4 +34,13 @@ FileRead readWholeFile(const std::filesystem::path& fichier);
 std::string writeFileAtomically(const std::filesystem::path& fichier,
                                 std::span<const std::uint8_t> octets);
 
+// The steps of writeFileAtomically, in their order. A process that dies after
+// any of them leaves the target either as it was or wholly replaced.
+enum class SaveStep { Opened, HalfWritten, Written, Flushed, Closed, Renamed };
+
+// Called after each step: the tests of a save cut short end the process there.
+// Null (the default) in the program.
+using SaveStepHook = void (*)(SaveStep);
+void setSaveStepHook(SaveStepHook hook);
+
 }  // namespace vt

@@ -2,7 +2,9 @@
 // French at N, English at N + 10000. `setLang` is 0 for French, 10000 for English.
 #pragma once
 
+#include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vt {
@@ -26,6 +28,11 @@ inline std::string loadString(StringId s, int setLang) {
 
 // True when the table has the entry setLang + id.
 bool hasString(int id, int setLang);
+
+// The table from the text of a strings file (a header line, then "id TAB
+// French TAB English" lines; "#" starts a comment line), keyed by setLang + id.
+// Lines that do not read so, and ids of 10000 or more, are left out.
+std::map<int, std::string> parseStringTable(std::string_view tsv);
 
 // Every id (below 10000) that the table knows, in rising order.
 std::vector<int> stringIds();

@@ -83,10 +83,13 @@ class MVantoro {
   // new).
   std::vector<MessageSon> prendMessages();
 
-  // Called on the input's thread after a note is queued. Set it before
+  // Called on the input's thread when a note arrives in an empty queue: the
+  // taker then takes every note queued until it comes round. Set it before
   // midiOpenIn.
   void setNotificateur(std::function<void()> n);
   std::vector<NoteReçue> prendNotesReçues() { return m_notes.prendTout(); }
+  // Notes a flooding device sent while the queue was full, since the last call.
+  std::uint64_t prendNotesPerdues() { return m_notes.prendPerdues(); }
 
  private:
   void envoie(std::uint8_t statut, int canal, int d1, int d2);
