@@ -43,7 +43,8 @@ TEST_F(ChordsCli, TuningParametersAndCreateModeChangeTheSearch) {
   // Drop D: the low D rings under the D chord.
   EXPECT_EQ(json("D maj --tuning 64,59,55,50,45,38")["positions"][0], Json::parse("[0,0,0,2,3,2]"));
   // A reach of two frets leaves the open C out.
-  for (const auto& p : json("C maj --params 2,9,10,2,50,12,3")["positions"])
+  const Json court = json("C maj --params 2,9,10,2,50,12,3");
+  for (const auto& p : court["positions"])
     EXPECT_NE(p, Json::parse("[-1,3,2,0,1,0]"));
   // Create mode: minor base, the seventh added.
   const Json am7 = json("A --create m,,,,add7");
