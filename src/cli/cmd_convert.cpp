@@ -1,5 +1,5 @@
 // convert IN OUT: reads by the input's extension (.vtb, .mid/.midi, .txt/.tab), writes by
-// the output's (those, and .wav), with the options of the MIDI and ASCII formats.
+// the output's (those, .wav and .pdf), with the options of the formats.
 #include <memory>
 
 #include "command.h"
@@ -28,8 +28,12 @@ const CommandRegistration kConvert("convert", [](CLI::App& app, Context& ctx) {
          "--tempos", [o](const std::string& v) { o->tempos = v == "on"; },
          "MIDI import: take the tempo changes (on by default)")
       ->check(CLI::IsMember({"on", "off"}));
-  sub->add_option("--track", o->piste, "ASCII export: the track written (1 by default)")
+  sub->add_option("--track", o->piste,
+                  "ASCII export: the track written (1 by default); PDF: the one track printed "
+                  "(every track by default, each from a new page)")
       ->check(CLI::Range(1, 255));
+  sub->add_option("--paper", o->papier, "PDF: the sheet, a4 or letter (the system's by default)")
+      ->check(CLI::IsMember({"a4", "letter"}));
   sub->add_option("--rhythm", o->rythme, "ASCII import: ticks of one text column (24 by default)")
       ->check(CLI::IsMember({192, 96, 48, 24, 12, 6, 3}));
   sub->add_option("--width", o->largeur, "ASCII export: the widest block in columns (66 by default)")

@@ -1,6 +1,6 @@
 // Reading and writing documents by file extension, shared by the subcommands.
 // Each format joins the two tables below when its reader or writer exists
-// (".wav" has a writer only).
+// (".wav" and ".pdf" have a writer only).
 #pragma once
 
 #include <algorithm>
@@ -17,6 +17,7 @@
 #include "formats/string_table.h"
 #include "formats/vtb.h"
 #include "interchange_files.h"
+#include "page_files.h"
 
 namespace vt::cli {
 
@@ -85,7 +86,7 @@ inline std::optional<DocumentLu> lireDocument(Context& ctx, const std::filesyste
 // True when the extension is one the writer knows; else a usage error.
 inline bool sortieConnue(Context& ctx, const std::filesystem::path& fichier) {
   const std::string ext = extension(fichier);
-  if (ext == ".vtb" || estMidi(ext) || estTexte(ext) || estSon(ext)) return true;
+  if (ext == ".vtb" || estMidi(ext) || estTexte(ext) || estSon(ext) || estPdf(ext)) return true;
   usage(ctx, kTypeDeFichierInconnu, fichier.string());
   return false;
 }
@@ -100,6 +101,7 @@ inline bool écrireDocument(Context& ctx, CVantoroTablature& doc,
   if (estMidi(ext)) return écrireMidiCli(ctx, doc, fichier, options);
   if (estTexte(ext)) return écrireTexteCli(ctx, doc, fichier, options);
   if (estSon(ext)) return écrireWavCli(ctx, doc, fichier);
+  if (estPdf(ext)) return écrirePdfCli(ctx, doc, fichier, options);
   const VtbSauvegarde s = io_enregistrer_vtb(doc, fichier);
   if (!s.ok()) refuse(ctx, s.message, s.détail);
   return s.ok();

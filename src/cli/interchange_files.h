@@ -23,7 +23,8 @@ struct OptionsFormats {
   std::vector<int> pistesMidi;  // MIDI import: the sources, in the order of the target tracks
   int transposition = 0;        // MIDI import: semitones
   bool tempos = true;           // MIDI import: take the tempo changes
-  int piste = 1;                // ASCII export: the track written
+  int piste = 0;                // ASCII export: the track written (0: the first); PDF: 0 all
+  std::string papier;           // PDF: "a4" or "letter"; empty for the system's
   int rythme = 24;              // ASCII import: ticks of a text column
   int largeur = kASCIILargeurParDéfaut;  // ASCII export: the widest block
 };
@@ -97,15 +98,19 @@ inline bool écrireMidiCli(Context& ctx, CVantoroTablature& doc, const std::file
   return r.ok();
 }
 
+// A usage error unless the tablature has track `piste` (0 stands for a default).
+inline bool pisteExiste(Context& ctx, const CVantoroTablature& doc, int piste) {
+  if (piste <= doc.getPisteLast()) return true;
+  std::cerr << "--track: the tablature has " << doc.getPisteLast() << " track"
+            << (doc.getPisteLast() > 1 ? "s" : "") << '\n';
+  ctx.exitCode = kUsage;
+  return false;
+}
+
 inline bool écrireTexteCli(Context& ctx, const CVantoroTablature& doc,
                            const std::filesystem::path& f, const OptionsFormats& o) {
-  if (o.piste > doc.getPisteLast()) {
-    std::cerr << "--track: the tablature has " << doc.getPisteLast() << " track"
-              << (doc.getPisteLast() > 1 ? "s" : "") << '\n';
-    ctx.exitCode = kUsage;
-    return false;
-  }
-  const InterchangeResult r = exporterTxt(doc, o.piste, f.string(), o.largeur);
+  if (!pisteExiste(ctx, doc, o.piste)) return false;
+  const InterchangeResult r = exporterTxt(doc, o.piste > 0 ? o.piste : 1, f.string(), o.largeur);
   if (!r.ok()) refuserInterchange(ctx, r);
   return r.ok();
 }

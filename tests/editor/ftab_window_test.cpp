@@ -38,9 +38,9 @@ TEST_F(Fenetre, MenusCarryTheStringTableAndLaterCommandsAreDisabled) {
   EXPECT_EQ(ftab->entrée("mnuTabFile_0")->text(), "&New tablature\tCtrl+N");
   EXPECT_EQ(ftab->entrée("mnuTabPopUp_0")->text().section('\t', 0, 0), "&Upper string");
   EXPECT_EQ(ftab->entrée("mnuTabToolAttaque_6")->text().section('\t', 0, 0), "&Natural harmonic");
-  for (const char* nom : {"mnuTabFile_11", "mnuTabEdit_3", "mnuTabEdit_9", "mnutabPistes_2"})
+  for (const char* nom : {"mnuTabTool_6", "mnuTabEdit_3", "mnuTabEdit_9", "mnutabPistes_2"})
     EXPECT_FALSE(ftab->entrée(nom)->isEnabled()) << nom;
-  for (const char* nom : {"mnuTabFile_0", "mnuTabFile_2", "mnuTabFile_17", "mnuTabPlay_1",
+  for (const char* nom : {"mnuTabFile_0", "mnuTabFile_2", "mnuTabFile_11", "mnuTabFile_17", "mnuTabPlay_1",
                           "mnuTabDisplay_0", "mnuTabEffet_0", "mnutabPistes_1"})
     EXPECT_TRUE(ftab->entrée(nom)->isEnabled()) << nom;
   // The toolbar's buttons follow their entries.

@@ -96,6 +96,7 @@ FTab::FTab(VT& vt, QWidget* parent)
   connecteJeu();
   connecteDialogues();
   connecteImports();
+  connecteImpression();
   load_lang();
   DebugInitialisation();
 }

@@ -49,8 +49,19 @@ void FTab::MenuTabFile(int index) {
     case 3:
       MenuTabFileSaves(index);
       return;
+    case 11:
+      imprime();
+      return;
+    case 12:
+      TimerMIDIStop(true);
+      ouvreApercu();
+      return;
     case 13:
       m_vt.MenuGlobalFile(2);
+      return;
+    case 14:
+      TimerMIDIStop(true);
+      ouvreMiseEnPage();
       return;
     case 16:
       m_vt.MenuGlobalFile(4);
@@ -65,7 +76,7 @@ void FTab::MenuTabFile(int index) {
       MenuTabFileOpenLast(m_vt.settings().setTabLastOpenFile[static_cast<std::size_t>(index - 18)]);
       return;
     default:
-      // Import, export, printing and the page setup have their own commands.
+      // Import and export have their own commands.
       return;
   }
 }

@@ -64,6 +64,11 @@ void FTab::créeMenus() {
   ajoute(export_, QStringLiteral("mnuTabFileExportMIDI"), 1285, [this] { mnuTabFileExportMIDI(); });
   ajoute(export_, QStringLiteral("mnuTabFileExportASCII"), 1286,
          [this] { mnuTabFileExportASCII(); });
+  export_->addSeparator();
+  ajoute(export_, QStringLiteral("mnuTabFileExportPDF_0"), 1277,
+         [this] { mnuTabFileExportPDF(true); });
+  ajoute(export_, QStringLiteral("mnuTabFileExportPDF_1"), 1278,
+         [this] { mnuTabFileExportPDF(false); });
   f->addSeparator();
   QMenu* langue = menu(f, QStringLiteral("mnuTabFile_9"), 14);
   for (int i = 0; i < 2; ++i)
@@ -257,9 +262,6 @@ void FTab::disponibilités() {
     if (QAction* a = entrée(nom)) a->setEnabled(oui);
   };
   const auto dialogue = [this](DialogueTab d) { return dialogueDisponible(d) && !m_joue; };
-  // File: printing and the page setup have their own work to come.
-  for (int i : {11, 12, 14})
-    active(nomEntrée("mnuTabFile", i), false);
   // Edit: undo and redo by their stacks, the note and bar clipboards to come,
   // the dialogs when they are connected.
   active(QStringLiteral("mnuTabEdit_0"), doc().getUndoDepth() > 0 && !m_joue);

@@ -126,7 +126,7 @@ void MidiWalk::entrerMesure() {
   for (int p : m_pistes) {
     PisteEtat& t = m_etat[static_cast<std::size_t>(p)];
     t.nbrCordes = std::min<int>(m_in->piste(p).bytNbrCordes, kMaxCordes);
-    for (int c = 1; c <= kMaxCordes; ++c) t.listes[static_cast<std::size_t>(c)] = &m_in->notes(p, m, c);
+    for (int c = 1; c <= kMaxCordes; ++c) t.listes[static_cast<std::size_t>(c)] = m_in->notes(p, m, c);
     t.curseur.fill(1);
     t.accords = &m_in->accords(p, m);
     t.accord = 0;
@@ -191,13 +191,13 @@ void MidiWalk::step(WalkSink& sink) {
 // starts right where n ends, or for the bar's last note the first note of the
 // next bar when it stands at X 0.
 int MidiWalk::suivanteLiée(int p, int m, int c, int n) const {
-  const OneBased<tNote>& l = m_in->notes(p, m, c);
+  const OneBasedView<tNote> l = m_in->notes(p, m, c);
   if (!l.has(n)) return 0;
   if (n < l.last()) {
     const tNote& suiv = l[n + 1];
     return suiv.intX == l[n].intX + l[n].bytDurée ? suiv.bytDurée : 0;
   }
-  const OneBased<tNote>& après = m_in->notes(p, m + 1, c);
+  const OneBasedView<tNote> après = m_in->notes(p, m + 1, c);
   return (!après.empty() && après[1].intX == 0) ? après[1].bytDurée : 0;
 }
 
@@ -205,7 +205,7 @@ void MidiWalk::preparerGlisse(const tNote& note, CordeEtat& s, int p, int m, int
                               int largeur) {
   // The target: the next fretted note of the bar, else the next bar's first
   // note when it stands at X 0.
-  const OneBased<tNote>& l = m_in->notes(p, m, c);
+  const OneBasedView<tNote> l = m_in->notes(p, m, c);
   int cible = -1;
   int ticks = 0;
   for (int j = n + 1; j <= l.last(); ++j) {
@@ -216,7 +216,7 @@ void MidiWalk::preparerGlisse(const tNote& note, CordeEtat& s, int p, int m, int
     }
   }
   if (cible < 0) {
-    const OneBased<tNote>& après = m_in->notes(p, m + 1, c);
+    const OneBasedView<tNote> après = m_in->notes(p, m + 1, c);
     if (!après.empty() && après[1].intX == 0 && après[1].bytCase < kCaseVide) {
       cible = après[1].bytCase;
       ticks = largeur - note.intX;
@@ -270,7 +270,7 @@ void MidiWalk::stepPiste(int p, WalkSink& sink) {
     calme = t.accord >= t.accords->size() || (*t.accords)[t.accord] != x;
   }
   for (int c = 1; c <= cordes; ++c) {
-    const OneBased<tNote>& l = *t.listes[static_cast<std::size_t>(c)];
+    const OneBasedView<tNote> l = t.listes[static_cast<std::size_t>(c)];
     int& i = t.curseur[static_cast<std::size_t>(c)];
     while (i <= l.last() && l[i].intX < x) ++i;
     ici[static_cast<std::size_t>(c)] = (i <= l.last() && l[i].intX == x) ? i : 0;
@@ -286,7 +286,7 @@ void MidiWalk::stepPiste(int p, WalkSink& sink) {
   const int largeur = m_largeur;
   auto noteIci = [&](int c) -> const tNote* {
     const int n = ici[static_cast<std::size_t>(c)];
-    return n != 0 ? &(*t.listes[static_cast<std::size_t>(c)])[n] : nullptr;
+    return n != 0 ? &t.listes[static_cast<std::size_t>(c)][n] : nullptr;
   };
   auto etat = [&](int c) -> CordeEtat& { return t.cordes[static_cast<std::size_t>(c)]; };
 
@@ -382,7 +382,7 @@ int MidiWalk::calmeÀVenir(const PisteEtat& t, int x) const {
     const CordeEtat& s = t.cordes[static_cast<std::size_t>(c)];
     if (s.bendRestant > 0) return 0;
     if (s.restant >= 0) n = std::min(n, s.restant);
-    const OneBased<tNote>& l = *t.listes[static_cast<std::size_t>(c)];
+    const OneBasedView<tNote> l = t.listes[static_cast<std::size_t>(c)];
     int j = t.curseur[static_cast<std::size_t>(c)];
     while (j <= l.last() && l[j].intX <= x) ++j;
     if (j <= l.last()) n = std::min(n, l[j].intX - x - 1);

@@ -7,7 +7,6 @@
 namespace vt {
 
 namespace {
-const OneBased<tNote> kAucuneNote;
 const std::vector<u16> kAucunAccord;
 }  // namespace
 
@@ -24,14 +23,14 @@ std::size_t WalkInput::cellule(int p, int m) const {
          static_cast<std::size_t>(p - 1);
 }
 
-const OneBased<tNote>& WalkInput::notes(int p, int m, int c) const {
-  if (!m_pistes.has(p) || !m_mesures.has(m) || c < 1 || c > kMaxCordes) return kAucuneNote;
+OneBasedView<tNote> WalkInput::notes(int p, int m, int c) const {
+  if (!m_pistes.has(p) || !m_mesures.has(m) || c < 1 || c > kMaxCordes) return {};
   return m_notes[cellule(p, m) * kMaxCordes + static_cast<std::size_t>(c - 1)];
 }
 
-void WalkInput::setNotes(int p, int m, int c, OneBased<tNote> notes) {
+void WalkInput::setNotes(int p, int m, int c, OneBasedView<tNote> notes) {
   if (!m_pistes.has(p) || !m_mesures.has(m) || c < 1 || c > kMaxCordes) return;
-  m_notes[cellule(p, m) * kMaxCordes + static_cast<std::size_t>(c - 1)] = std::move(notes);
+  m_notes[cellule(p, m) * kMaxCordes + static_cast<std::size_t>(c - 1)] = m_listes.add(notes);
 }
 
 const std::vector<u16>& WalkInput::accords(int p, int m) const {

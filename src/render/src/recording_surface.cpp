@@ -14,16 +14,16 @@ int codePoints(std::string_view s) {
 }
 }  // namespace
 
-int RecordingSurface::pixelSize(double points) {
-  return static_cast<int>(std::lround(points * 96.0 / 72.0));
+int RecordingSurface::pixelSize(double points, double dpi) {
+  return static_cast<int>(std::lround(points * dpi / 72.0));
 }
 
 int RecordingSurface::TextWidth(std::string_view texte) {
-  return codePoints(texte) * ((pixelSize(Font().taille) * 3 + 4) / 5);
+  return codePoints(texte) * ((pixelSize(Font().taille, m_dpi) * 3 + 4) / 5);
 }
 
 int RecordingSurface::TextHeight(std::string_view) {
-  return pixelSize(Font().taille) * 5 / 4;
+  return pixelSize(Font().taille, m_dpi) * 5 / 4;
 }
 
 Primitive& RecordingSurface::add(Primitive::Kind kind, double x1, double y1, double x2,
@@ -58,6 +58,10 @@ void RecordingSurface::drawText(double x, double y, std::string_view texte, int 
 
 void RecordingSurface::drawDeviceLine(int x1, int y1, int x2, int y2) {
   add(Primitive::Kind::DeviceLine, x1, y1, x2, y2);
+}
+
+void RecordingSurface::drawGlyph(double x, double y, std::string_view texte) {
+  add(Primitive::Kind::Glyph, x, y, 0, 0).text = std::string(texte);
 }
 
 void RecordingSurface::clear() { add(Primitive::Kind::Clear, 0, 0, m_width, m_height); }

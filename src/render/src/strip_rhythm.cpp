@@ -60,9 +60,6 @@ Barre étendueBarre(int position, bool P, bool N, bool M, bool L, Famille famill
   }
 }
 
-namespace {
-// The beam unit of a bar: its width divided by the groups of its numerator;
-// 0 for a numerator without a rule.
 int uniteDeBarre(const CVantoroTablature& doc, int m) {
   int div = 0;
   switch (doc.getMesureSignatureUp(m)) {
@@ -90,44 +87,50 @@ int nombreDeBarres(Famille f) {
     default: return 0;
   }
 }
-}  // namespace
 
-void CStripRenderer::calculeEtatRythme(int p, int m, int c, int n) {
-  rythmePrecedent = kFaux;
-  rythmeSuivant = kFaux;
-  rythmeSuivantMemeDurée = kFaux;
-  rythmeSuivantLong = kFaux;
-  rythmePosition = 0;
-  const tNote* note = m_doc.getNote(p, m, c, n);
-  const int B = uniteDeBarre(m_doc, m);
+EtatRythme étatRythme(const CVantoroTablature& doc, int p, int m, int c, int n) {
+  EtatRythme e;
+  const tNote* note = doc.getNote(p, m, c, n);
+  const int B = uniteDeBarre(doc, m);
   // A numerator without a beam unit leaves every note with its own flag; such a
   // bar has no beat to beam in.
-  if (note == nullptr || B == 0) return;
+  if (note == nullptr || B == 0) return e;
   const int X = note->intX;
   const int d = note->bytDurée;
-  if (X % B != 0) rythmePosition = (X + d) % B == 0 ? 2 : 1;
+  if (X % B != 0) e.position = (X + d) % B == 0 ? 2 : 1;
 
-  const int temps = m_doc.getTempsNote(p, m, c, n);
-  for (int s = 1; s <= cordes(p); ++s) {
-    const int k = m_doc.searchNoteBeforeX(p, m, s, X);
-    const tNote* avant = k != 0 ? m_doc.getNote(p, m, s, k) : nullptr;
-    if (avant != nullptr && avant->bytCase != kCaseVide &&
-        m_doc.getTempsNote(p, m, s, k) == temps && avant->intX + avant->bytDurée == X) {
-      rythmePrecedent = kVrai;
+  const int cordes = doc.getGuitareNbrCordes(p);
+  const int temps = doc.getTempsNote(p, m, c, n);
+  for (int s = 1; s <= cordes; ++s) {
+    const int k = doc.searchNoteBeforeX(p, m, s, X);
+    const tNote* avant = k != 0 ? doc.getNote(p, m, s, k) : nullptr;
+    if (avant != nullptr && avant->bytCase != kCaseVide && doc.getTempsNote(p, m, s, k) == temps &&
+        avant->intX + avant->bytDurée == X) {
+      e.précédent = true;
       break;
     }
   }
-  for (int s = 1; s <= cordes(p); ++s) {
-    const int k = m_doc.searchNoteAfterX(p, m, s, X + d, s == c ? 2 : 1);
-    const tNote* après = k != 0 ? m_doc.getNote(p, m, s, k) : nullptr;
-    if (après != nullptr && après->bytCase != kCaseVide &&
-        m_doc.getTempsNote(p, m, s, k) == temps && après->intX == X + d) {
-      rythmeSuivant = kVrai;
-      if (après->bytDurée == d) rythmeSuivantMemeDurée = kVrai;
-      if (après->bytDurée >= 32) rythmeSuivantLong = kVrai;
+  for (int s = 1; s <= cordes; ++s) {
+    const int k = doc.searchNoteAfterX(p, m, s, X + d, s == c ? 2 : 1);
+    const tNote* après = k != 0 ? doc.getNote(p, m, s, k) : nullptr;
+    if (après != nullptr && après->bytCase != kCaseVide && doc.getTempsNote(p, m, s, k) == temps &&
+        après->intX == X + d) {
+      e.suivant = true;
+      e.suivantMêmeDurée = après->bytDurée == d;
+      e.suivantLong = après->bytDurée >= 32;
       break;
     }
   }
+  return e;
+}
+
+void CStripRenderer::calculeEtatRythme(int p, int m, int c, int n) {
+  const EtatRythme e = étatRythme(m_doc, p, m, c, n);
+  rythmePrecedent = e.précédent ? kVrai : kFaux;
+  rythmeSuivant = e.suivant ? kVrai : kFaux;
+  rythmeSuivantMemeDurée = e.suivantMêmeDurée ? kVrai : kFaux;
+  rythmeSuivantLong = e.suivantLong ? kVrai : kFaux;
+  rythmePosition = static_cast<byt>(e.position);
 }
 
 void CStripRenderer::drawRythme(Surface& surface, int d, int x, int y, int h, int unité) {

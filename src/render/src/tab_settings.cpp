@@ -22,6 +22,17 @@ void TabSettings::setViewMode(int mode, bool triolet) {
   TAB_VIEW_SCALE = static_cast<i16>(viewModeScale(viewMode, triolet));
 }
 
+std::array<StyleEntête, 8> stylesEntêteParDéfaut() {
+  std::array<StyleEntête, 8> styles{};
+  for (int i = 0; i < 8; ++i) {
+    StyleEntête& s = styles[static_cast<std::size_t>(i)];
+    s.taille = (i == kEntêteTitre || i == kEntêteSousTitre || i == kEntêteNomPiste) ? 20 : 10;
+    s.gras = i == kEntêteTitre || i == kEntêteAuteur;
+    s.italique = i == kEntêteCommentaires;
+  }
+  return styles;
+}
+
 FontSpec TabSettings::policeTablature() const {
   return FontSpec{cfgFontName, static_cast<double>(cfgFontSize), cfgFontBold, false};
 }

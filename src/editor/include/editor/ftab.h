@@ -34,6 +34,7 @@ class QAction;
 class QLayout;
 class QMenu;
 class QMenuBar;
+class QPrinter;
 class QScrollBar;
 class QToolBar;
 
@@ -114,6 +115,9 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   // The document to a MIDI file, the cursor's track to a text tablature.
   void mnuTabFileExportMIDI();
   void mnuTabFileExportASCII();
+  // Every track, one after another, or the cursor's track, as a PDF of the
+  // printed pages.
+  void mnuTabFileExportPDF(bool toutesLesPistes);
   // Asks whether to save a changed tablature, and saves on Yes. NoButton when
   // nothing was asked; Cancel is the order to stop.
   QMessageBox::StandardButton save_current_file();
@@ -212,6 +216,14 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   // The bar range dialog of the bar commands (mode 1 insert, 2 copy, 3 cut,
   // 4 delete): true on OK with the range in `positions`.
   std::function<bool(int mode, PositionsMesures& positions)> demandeMesures;
+  // Printing: the system's print dialog (true to print, with the pages and
+  // copies left in the printer), the print preview and the page setup (true
+  // on OK). Modal windows by default; tests put their own.
+  std::function<bool(QPrinter& printer, int pages)> dialogueImpression;
+  std::function<void()> ouvreApercu;
+  std::function<bool()> ouvreMiseEnPage;
+  // What the pages are drawn with, from the settings of the main window.
+  TabSettings réglagesPage() const;
   // The clipboards of notes and of bars.
   const PressePapierNotes& pressePapierNotes() const { return m_pressePapierNotes; }
   const PressePapierMesures& pressePapierMesures() const { return m_pressePapierMesures; }
@@ -391,6 +403,9 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void dialogue(DialogueTab d);
   void connecteDialogues();
   void connecteImports();
+  // ---- Printing (ftab_impression.cpp) ----
+  void connecteImpression();
+  void imprime();
   void importe(bool midi);
   void nouveauDocument();
   // The clipboards' commands of the Edit menu (3, 4, 5, 7 to 11).

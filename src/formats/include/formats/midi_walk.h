@@ -159,7 +159,7 @@ class MidiWalk {
   struct PisteEtat {
     std::array<CordeEtat, kMaxCordes + 1> cordes{};
     // The current bar's lists, taken at its start, and where the lookup stands.
-    std::array<const OneBased<tNote>*, kMaxCordes + 1> listes{};
+    std::array<OneBasedView<tNote>, kMaxCordes + 1> listes{};
     std::array<int, kMaxCordes + 1> curseur{};
     const std::vector<u16>* accords = nullptr;
     std::size_t accord = 0;

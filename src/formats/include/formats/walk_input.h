@@ -12,6 +12,7 @@
 #include <deque>
 #include <vector>
 
+#include "document/list_pool.h"
 #include "document/one_based.h"
 #include "document/records.h"
 #include "document/types.h"
@@ -63,8 +64,9 @@ class WalkInput {
   WalkMesure& mesure(int m) { return m_mesures[m]; }
 
   // The notes of string c (1..7) of track p in bar m; an empty list outside.
-  const OneBased<tNote>& notes(int p, int m, int c) const;
-  void setNotes(int p, int m, int c, OneBased<tNote> notes);
+  OneBasedView<tNote> notes(int p, int m, int c) const;
+  // Keeps a copy of the list.
+  void setNotes(int p, int m, int c, OneBasedView<tNote> notes);
 
   // Ticks at which track p shows a chord diagram in bar m, rising. Only the
   // file export fills them; the walk reports each as an event.
@@ -85,7 +87,8 @@ class WalkInput {
   OneBased<WalkMesure> m_mesures;
   // Bar-major, then track, then string: appending a bar appends cells, and a
   // deque keeps the others in place.
-  std::deque<OneBased<tNote>> m_notes;
+  std::deque<OneBasedView<tNote>> m_notes;
+  ListPool<tNote> m_listes;  // what the views of m_notes show
   std::deque<std::vector<u16>> m_accords;
   int m_ajoutées = 0;
 };

@@ -24,6 +24,7 @@ struct Primitive {
     Arc,         // box (x1, y1)-(x2, y2), rays towards (xs, ys) and (xe, ye)
     Blit,        // destination (x1, y1), size (x2, y2), source (xs, ys) of `text`
     Clear,       // Cls
+    Glyph,       // a music sign: baseline origin (x1, y1), `text`
   };
   Kind kind = Kind::Segment;
   double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
@@ -50,14 +51,18 @@ class NamedBlitSource : public BlitSource {
 
 class RecordingSurface : public Surface {
  public:
-  RecordingSurface(int width, int height) : m_width(width), m_height(height) {}
+  // `dpi` gives the size of a point: 96 for the strip's pixels, more for the
+  // finer units of a page.
+  RecordingSurface(int width, int height, double dpi = 96)
+      : m_width(width), m_height(height), m_dpi(dpi) {}
 
   int ScaleWidth() const override { return m_width; }
   int ScaleHeight() const override { return m_height; }
 
-  // Pixel height of a font size (96 dots to the inch), and the fixed measure:
-  // every character is 3/5 of that wide, a line 5/4 of it high.
-  static int pixelSize(double points);
+  // Pixel height of a font size (96 dots to the inch, or the surface's own),
+  // and the fixed measure: every character is 3/5 of that wide, a line 5/4 of
+  // it high.
+  static int pixelSize(double points, double dpi = 96);
   int TextWidth(std::string_view texte) override;
   int TextHeight(std::string_view texte) override;
 
@@ -79,6 +84,7 @@ class RecordingSurface : public Surface {
   void drawCircle(double x, double y, double rayon) override;
   void drawText(double x, double y, std::string_view texte, int largeur, int hauteur) override;
   void drawDeviceLine(int x1, int y1, int x2, int y2) override;
+  void drawGlyph(double x, double y, std::string_view texte) override;
   void clear() override;
 
  private:
@@ -86,6 +92,7 @@ class RecordingSurface : public Surface {
 
   int m_width;
   int m_height;
+  double m_dpi;
   std::vector<Primitive> m_primitives;
 };
 

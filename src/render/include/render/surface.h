@@ -48,6 +48,8 @@ struct FontSpec {
   double taille = 8;  // points
   bool gras = false;
   bool italique = false;
+  bool souligné = false;
+  bool barrée = false;
   bool operator==(const FontSpec&) const = default;
 };
 
@@ -127,6 +129,10 @@ class Surface {
   void Print(std::string_view texte);
   virtual int TextWidth(std::string_view texte) = 0;
   virtual int TextHeight(std::string_view texte) = 0;
+  // Prints a sign of a music font with its origin on the baseline at (x, y),
+  // in ForeColor and without a background: signs are placed by their outline,
+  // which the baseline gives exactly where a text box would not.
+  void Glyphe(double x, double y, std::string_view texte) { drawGlyph(x, y, texte); }
   // Fills the whole picture with BackColor.
   void Cls();
 
@@ -151,6 +157,7 @@ class Surface {
   virtual void drawBox(double x1, double y1, double x2, double y2, bool filled) = 0;
   virtual void drawCircle(double x, double y, double rayon) = 0;
   virtual void drawText(double x, double y, std::string_view texte, int largeur, int hauteur) = 0;
+  virtual void drawGlyph(double x, double y, std::string_view texte) = 0;
   virtual void drawDeviceLine(int x1, int y1, int x2, int y2) = 0;
   virtual void clear() = 0;
 

@@ -3,12 +3,50 @@
 // these at start; the renderer only reads it.
 #pragma once
 
+#include <array>
 #include <string>
 
 #include "document/types.h"
 #include "render/surface.h"
 
 namespace vt {
+
+// The style of one element of the page head.
+struct StyleEntête {
+  std::string nom = "Arial";
+  double taille = 10;  // points
+  bool souligné = false;
+  bool barrée = false;
+  bool gras = false;
+  bool italique = false;
+  Colour couleur = kNoir;
+  bool operator==(const StyleEntête&) const = default;
+};
+
+// The elements of the page head, by their index.
+enum ElémentEntête : int {
+  kEntêteTitre = 0,
+  kEntêteSousTitre = 1,
+  kEntêteAuteur = 2,
+  kEntêteCopyright = 3,
+  kEntêteCommentaires = 4,
+  kEntêteTempo = 5,
+  kEntêteNuméroPage = 6,
+  kEntêteNomPiste = 7,
+};
+
+// The initial style of each head element: the title large and bold, the
+// subtitle and the track name large, the rest small; comments in italics.
+std::array<StyleEntête, 8> stylesEntêteParDéfaut();
+
+// What a page prints in words, from the string table of the language in use.
+struct TextesPage {
+  std::string tempo = "Tempo:";       // followed by the tempo
+  std::string accordage = "Tuning:";  // followed by the open strings, low to high
+  std::string capodastre = "Capo: fret %1";
+  std::array<std::string, 12> notes{"A", "A#", "B", "C", "C#", "D",
+                                    "D#", "E", "F", "F#", "G", "G#"};  // A first
+};
 
 struct TabSettings {
   // ---- Screen layout, in pixels --------------------------------------------
@@ -55,7 +93,18 @@ struct TabSettings {
   i16 PRN_SET_VIEW_INTER_MESURE = 20;
   i16 PRN_SET_VIEW_INTER_PORTEE = 4;  // fixed, not stored
   float cfgPrintFactor = 3;
-  bool cfgPrintPortée = true;
+  bool cfgPrintPortée = true;          // the staff above the tablature
+  bool cfgPrintAccords = true;         // chord diagrams; off halves a system's top room
+  bool cfgPrintTabRythme = true;       // stems and beams under the tablature
+  bool cfgPrintPortéeSilence = true;   // rests on the staff
+  bool cfgPrintPortéeSilence1Mesure = false;  // ... also in a bar with no note at all
+  bool cfgPrintNumMesure = true;       // the number of a system's first bar
+  int cfgPrintNB = 1;                  // 1: all in black; else in the colours of the settings
+  std::string cfgPrintNumpage = "- %c -";      // %c stands for the page number
+  std::array<int, 8> cfgPrint{1, 1, 1, 1, 1, 1, 1, 1};       // head elements printed
+  std::array<int, 8> cfgPrintAlign{1, 1, 1, 1, 0, 0, 1, 1};  // 0 left, 1 centre, 2 right
+  std::array<StyleEntête, 8> cfgFont = stylesEntêteParDéfaut();
+  TextesPage textesPage;
 
   // The staff lies below the tablature exactly when its offset is the larger.
   bool portéeEnDessous() const { return TAB_VIEW_MARGIN_TOP_PORTEE > TAB_VIEW_MARGIN_TOP_TAB; }

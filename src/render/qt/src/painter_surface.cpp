@@ -32,13 +32,15 @@ PainterSurface::Police& PainterSurface::police() {
   if (m_police != nullptr && m_policeCourante == Font()) return *m_police;
   const FontSpec& f = Font();
   const std::string clé = f.nom + '\0' + std::to_string(f.taille) + (f.gras ? "b" : "") +
-                          (f.italique ? "i" : "");
+                          (f.italique ? "i" : "") + (f.souligné ? "u" : "") + (f.barrée ? "s" : "");
   auto it = m_polices.find(clé);
   if (it == m_polices.end()) {
     QFont font(QString::fromStdString(f.nom));
     font.setPointSizeF(f.taille > 0 ? f.taille : 1);
     font.setBold(f.gras);
     font.setItalic(f.italique);
+    font.setUnderline(f.souligné);
+    font.setStrikeOut(f.barrée);
     font.setStyleStrategy(QFont::NoAntialias);
     font.setHintingPreference(QFont::PreferFullHinting);
     auto p = std::make_unique<Police>(Police{font, QFontMetrics(font, &m_image), {}});
@@ -153,6 +155,14 @@ void PainterSurface::drawText(double x, double y, std::string_view utf8, int lar
   m_painter.setFont(police().font);
   m_painter.setPen(couleurQt(ForeColor()));
   m_painter.drawStaticText(QPointF(x, y), t.statique);
+}
+
+void PainterSurface::drawGlyph(double x, double y, std::string_view utf8) {
+  prepareMode();
+  m_painter.setFont(police().font);
+  m_painter.setPen(couleurQt(ForeColor()));
+  m_painter.drawText(QPointF(x, y),
+                     QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())));
 }
 
 void PainterSurface::drawDeviceLine(int x1, int y1, int x2, int y2) {

@@ -6,7 +6,6 @@ namespace vt {
 
 namespace {
 const OneBased<tPlayTempo> kAucunTempo;
-const OneBased<tNote> kAucuneNote;
 }  // namespace
 
 void PlayMesures::redim(int n) {
@@ -37,6 +36,7 @@ void PlayNotes::redim(int pistes, int mesures) {
   m_pistes = std::max(pistes, 0);
   m_mesures = std::max(mesures, 0);
   m_cellules.clear();
+  m_listes.clear();
   m_cellules.resize(static_cast<std::size_t>(m_pistes) * static_cast<std::size_t>(m_mesures) *
                     kMaxCordes);
 }
@@ -52,12 +52,12 @@ std::size_t PlayNotes::index(int p, int m, int corde0) const {
          static_cast<std::size_t>(p - 1);
 }
 
-const OneBased<tNote>& PlayNotes::cellule(int p, int m, int corde0) const {
-  return dedans(p, m, corde0) ? m_cellules[index(p, m, corde0)] : kAucuneNote;
+OneBasedView<tNote> PlayNotes::cellule(int p, int m, int corde0) const {
+  return dedans(p, m, corde0) ? m_cellules[index(p, m, corde0)] : OneBasedView<tNote>{};
 }
 
-void PlayNotes::setCellule(int p, int m, int corde0, OneBased<tNote> notes) {
-  if (dedans(p, m, corde0)) m_cellules[index(p, m, corde0)] = std::move(notes);
+void PlayNotes::setCellule(int p, int m, int corde0, OneBasedView<tNote> notes) {
+  if (dedans(p, m, corde0)) m_cellules[index(p, m, corde0)] = m_listes.add(notes);
 }
 
 }  // namespace vt

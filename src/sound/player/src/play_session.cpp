@@ -9,8 +9,10 @@ namespace vt {
 
 namespace {
 
+// The walk's copy of the records. Without repeats it never goes back before
+// its start bar, whose earlier notes are then left out.
 WalkInput entréeDesTableaux(const PlayNotes& notes, const PlayMesures& mesures,
-                            const OneBased<tPlayPiste>& pistes) {
+                            const OneBased<tPlayPiste>& pistes, int premièreMesure) {
   WalkInput in(pistes.last(), mesures.getMesureLast());
   for (int p = 1; p <= pistes.last(); ++p) {
     const tPlayPiste& r = pistes[p];
@@ -32,9 +34,10 @@ WalkInput entréeDesTableaux(const PlayNotes& notes, const PlayMesures& mesures,
     w.bytLoopGaucheData = r.bytLoopGaucheData;
     for (const tPlayTempo& t : mesures.tempos(m))
       w.tabTempos.push_back({t.intX, t.bytTempo});
+    if (m < premièreMesure) continue;
     for (int p = 1; p <= pistes.last(); ++p)
       for (int c = 1; c <= kMaxCordes; ++c) {
-        const OneBased<tNote>& l = notes.cellule(p, m, c - 1);
+        const OneBasedView<tNote> l = notes.cellule(p, m, c - 1);
         if (!l.empty()) in.setNotes(p, m, c, l);
       }
   }
@@ -111,7 +114,8 @@ class SessionJeu::Collecteur : public WalkSink {
 SessionJeu::SessionJeu(const PlayNotes& notes, const tPlayParams& params,
                        const PlayMesures& mesures, const OneBased<tPlayPiste>& pistes, int tempo,
                        bool suivreBoucle)
-    : m_in(entréeDesTableaux(notes, mesures, pistes)),
+    : m_in(entréeDesTableaux(notes, mesures, pistes,
+                             params.boolRenvois != kFaux ? 1 : std::max<lng>(params.lngStartMesure, 1))),
       m_pistes(pistes),
       m_params(params),
       m_options(optionsDe(params)),

@@ -39,7 +39,7 @@ tPlayPiste pisteDe(const CVantoroTablature& doc, int p, const OptionsJeu& o) {
 
 }  // namespace
 
-void playConvertTabForDLL(const CVantoroTablature& doc, PlayArrays& a) {
+void playConvertTabForDLL(const CVantoroTablature& doc, PlayArrays& a, int premièreMesure) {
   const int mesures = doc.getMesureLast();
   const int pistes = doc.getPisteLast();
   a.mesures.redim(mesures);
@@ -63,7 +63,7 @@ void playConvertTabForDLL(const CVantoroTablature& doc, PlayArrays& a) {
   a.notes.redim(pistes, mesures);
   for (int p = 1; p <= pistes; ++p) {
     const int cordes = std::min(doc.getGuitareNbrCordes(p), kMaxCordes);
-    for (int m = 1; m <= mesures; ++m)
+    for (int m = std::max(premièreMesure, 1); m <= mesures; ++m)
       for (int c = 1; c <= cordes; ++c) {
         const OneBased<tNote>* l = doc.notes(p, m, c);
         if (l != nullptr && !l->empty()) a.notes.setCellule(p, m, c - 1, *l);
@@ -125,7 +125,10 @@ void préparerJeu(const CVantoroTablature& doc, PlayArrays& a, const OptionsJeu&
     for (tPlayPiste& r : a.pistes)
       if (r.boolSolo == kFaux) r.boolMute = kVrai;
 
-  playConvertTabForDLL(doc, a);
+  // Without repeats the walk never goes back before its start: the notes of
+  // the bars before it are not copied, so a start near the end of a long
+  // piece is heard at once.
+  playConvertTabForDLL(doc, a, p.boolRenvois != kFaux ? 1 : startMesure);
 }
 
 void playStart(const CVantoroTablature& doc, PlayArrays& a, const OptionsJeu& options,

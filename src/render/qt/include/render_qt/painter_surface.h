@@ -58,6 +58,7 @@ class PainterSurface : public Surface {
   void drawCircle(double x, double y, double rayon) override;
   void drawText(double x, double y, std::string_view texte, int largeur, int hauteur) override;
   void drawDeviceLine(int x1, int y1, int x2, int y2) override;
+  void drawGlyph(double x, double y, std::string_view texte) override;
   void clear() override;
 
  private:

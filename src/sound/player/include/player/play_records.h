@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "document/list_pool.h"
 #include "document/one_based.h"
 #include "document/records.h"
 #include "document/types.h"
@@ -213,9 +214,9 @@ class PlayNotes {
   // Drops every cell: `pistes` x `mesures` x 7 empty lists.
   void redim(int pistes, int mesures);
   // String index 0..6 (string - 1); an empty list outside the bounds.
-  const OneBased<tNote>& cellule(int p, int m, int corde0) const;
-  // Nothing happens outside the bounds.
-  void setCellule(int p, int m, int corde0, OneBased<tNote> notes);
+  OneBasedView<tNote> cellule(int p, int m, int corde0) const;
+  // Keeps a copy of the list; nothing happens outside the bounds.
+  void setCellule(int p, int m, int corde0, OneBasedView<tNote> notes);
 
  private:
   std::size_t index(int p, int m, int corde0) const;
@@ -223,7 +224,10 @@ class PlayNotes {
 
   int m_pistes = 0;
   int m_mesures = 0;
-  std::vector<OneBased<tNote>> m_cellules;
+  std::vector<OneBasedView<tNote>> m_cellules;
+  // The lists the cells show, side by side: a piece of thousands of bars
+  // costs a few allocations, not one a cell.
+  ListPool<tNote> m_listes;
 };
 
 }  // namespace vt

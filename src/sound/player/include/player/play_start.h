@@ -46,8 +46,9 @@ struct PlayArrays {
 };
 
 // Copies the bar headers with their tempo changes, and every track's note
-// lists, cell by cell, into the arrays; strings without notes stay empty.
-void playConvertTabForDLL(const CVantoroTablature& doc, PlayArrays& a);
+// lists, cell by cell, into the arrays; strings without notes stay empty, and
+// so do the bars before `premièreMesure`.
+void playConvertTabForDLL(const CVantoroTablature& doc, PlayArrays& a, int premièreMesure = 1);
 
 // Fills every record for a start (the start record, the tracks with the solo
 // rule, then playConvertTabForDLL) without starting anything.

@@ -1,0 +1,257 @@
+// Printing from the editor: the menu entries and buttons, the print dialog's
+// pages and copies on a printer that writes a PDF, a cancelled or failed print,
+// the preview's page bar and copy, the page setup's controls, the PDF export.
+#include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <cstdio>
+
+#include "dialogs/ftab_page_setup.h"
+#include "dialogs/ftab_print.h"
+#include "ftab_banc.h"
+#include "render_qt/page_documents.h"
+
+namespace vt::essai {
+namespace {
+
+// The pages of a PDF as pdfinfo counts them; -1 without pdfinfo or file.
+int pagesPdf(const QString& chemin) {
+  if (!QFile::exists(chemin)) return -1;
+  FILE* f = popen(("pdfinfo '" + chemin.toStdString() + "' 2>/dev/null").c_str(), "r");
+  if (f == nullptr) return -1;
+  char ligne[512];
+  int pages = -1;
+  while (std::fgets(ligne, sizeof ligne, f) != nullptr)
+    if (std::sscanf(ligne, "Pages: %d", &pages) == 1) break;
+  pclose(f);
+  return pages;
+}
+
+class Impressions : public Editeur {
+ protected:
+  void prépare(int mesures) {
+    ouvre();
+    ftab->message = [this](const QString& t) { messages.push_back(t); };
+    for (int m = 2; m <= mesures; ++m)
+      doc().addMesure();
+    for (int m = 1; m <= mesures; ++m)
+      for (int k = 0; k < 8; ++k)
+        pose(m, 1 + k % 6, k * 24, (m + k) % 12);
+    doc().titre = "Etude";
+  }
+  int pagesPiste(int piste) {
+    return miseEnPagePiste(doc(), ftab->réglagesPage(), piste, vt->printer().pageLayout())
+        .nombrePages();
+  }
+  QTemporaryDir dossier;
+  std::vector<QString> messages;
+};
+
+TEST_F(Impressions, MenuEntriesAndButtonsReachTheirWindows) {
+  prépare(4);
+  int aperçus = 0, miseEnPage = 0, dialogues = 0;
+  ftab->ouvreApercu = [&] { ++aperçus; };
+  ftab->ouvreMiseEnPage = [&] {
+    ++miseEnPage;
+    return false;
+  };
+  ftab->dialogueImpression = [&](QPrinter&, int pages) {
+    ++dialogues;
+    EXPECT_EQ(pages, pagesPiste(1));
+    return false;
+  };
+  const CVantoroTablature avant = doc();
+  for (const char* nom : {"mnuTabFile_11", "mnuTabFile_12", "mnuTabFile_14"}) {
+    SCOPED_TRACE(nom);
+    ASSERT_TRUE(ftab->entrée(nom)->isEnabled());
+    ftab->entrée(nom)->trigger();
+  }
+  for (const char* clé : {"imprimer", "preview", "pagesetup"}) {
+    SCOPED_TRACE(clé);
+    QAction* b = ftab->bouton("tbToolbar", clé);
+    ASSERT_NE(b, nullptr);
+    ASSERT_TRUE(b->isEnabled());
+    b->trigger();
+  }
+  EXPECT_EQ(aperçus, 2);
+  EXPECT_EQ(miseEnPage, 2);
+  EXPECT_EQ(dialogues, 2);
+  // Cancel leaves everything as it was.
+  EXPECT_EQ(doc(), avant);
+  EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(Impressions, ThePrinterGetsThePagesAndCopiesOfTheDialog) {
+  prépare(40);
+  const int total = pagesPiste(1);
+  ASSERT_GE(total, 3);
+  const struct {
+    int de, à, copies, attendues;
+  } cas[] = {{0, 0, 1, total}, {2, 3, 1, 2}, {2, 2, 2, 1}, {total + 1, total + 2, 1, -1}};
+  int n = 0;
+  for (const auto& c : cas) {
+    SCOPED_TRACE(n);
+    const QString chemin = dossier.filePath(QStringLiteral("p%1.pdf").arg(n++));
+    int copies = 1;
+    ftab->dialogueImpression = [&](QPrinter& printer, int pages) {
+      EXPECT_EQ(pages, total);
+      printer.setOutputFormat(QPrinter::PdfFormat);
+      printer.setOutputFileName(chemin);
+      printer.setFromTo(c.de, c.à);
+      printer.setCopyCount(c.copies);
+      // A printer that makes copies itself gets the pages once; one that
+      // cannot gets them as many times.
+      copies = printer.supportsMultipleCopies() ? 1 : printer.copyCount();
+      return true;
+    };
+    ftab->MenuTabFile(11);
+    // A range past the last page prints nothing.
+    EXPECT_EQ(pagesPdf(chemin), c.attendues < 0 ? -1 : c.attendues * copies);
+  }
+  EXPECT_TRUE(messages.empty());
+  vt->printer().setFromTo(0, 0);
+  vt->printer().setCopyCount(1);
+}
+
+TEST_F(Impressions, AFailingPrinterSaysSoAndChangesNothing) {
+  prépare(3);
+  const CVantoroTablature avant = doc();
+  const QString chemin = dossier.filePath("absent/p.pdf");
+  ftab->dialogueImpression = [&](QPrinter& printer, int) {
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(chemin);
+    return true;
+  };
+  ftab->MenuTabFile(11);
+  ASSERT_EQ(messages.size(), 1U);
+  EXPECT_EQ(messages[0], vt->loadString(1378));
+  EXPECT_EQ(doc(), avant);
+  EXPECT_FALSE(QFile::exists(chemin));
+}
+
+TEST_F(Impressions, PreviewPagesZoomAndCopy) {
+  prépare(40);
+  TabSettings réglages = ftab->réglagesPage();
+  FTabPrint aperçu([&] { return réglages; }, doc(), 1, vt->printer(),
+                   [this](int id) { return vt->loadString(id); });
+  const int pages = aperçu.nombrePages();
+  EXPECT_EQ(pages, pagesPiste(1));
+  EXPECT_EQ(aperçu.hsbPage()->minimum(), 1);
+  EXPECT_EQ(aperçu.hsbPage()->maximum(), pages);
+  EXPECT_NE(aperçu.vsbPage(), nullptr);
+  const QImage page1 = aperçu.image();
+  aperçu.hsbPage()->setValue(2);
+  EXPECT_NE(aperçu.image(), page1);
+  EXPECT_EQ(aperçu.findChild<QLabel*>("labPage")->text(),
+            QStringLiteral("Page 2 of %1").arg(pages));
+  aperçu.btnCopy_Click();
+  EXPECT_EQ(QGuiApplication::clipboard()->image().size(), aperçu.image().size());
+
+  // A larger zoom makes more pages; the page setup's OK shows them.
+  réglages.cfgPrintFactor = 4.5f;
+  aperçu.miseEnPage = [] { return true; };
+  aperçu.btnMiseEnPage_Click();
+  EXPECT_GT(aperçu.nombrePages(), pages);
+  EXPECT_EQ(aperçu.hsbPage()->maximum(), aperçu.nombrePages());
+}
+
+TEST_F(Impressions, APreviewOfOnePageHasABarWithNoRange) {
+  prépare(1);
+  FTabPrint aperçu([this] { return ftab->réglagesPage(); }, doc(), 1, vt->printer(),
+                   [this](int id) { return vt->loadString(id); });
+  EXPECT_EQ(aperçu.nombrePages(), 1);
+  EXPECT_EQ(aperçu.hsbPage()->minimum(), aperçu.hsbPage()->maximum());
+  EXPECT_FALSE(aperçu.hsbPage()->isEnabled());
+}
+
+TEST_F(Impressions, PageSetupWritesOnOkOnly) {
+  prépare(1);
+  Settings& s = vt->settings();
+  const Settings avant = s;
+  for (const bool ok : {false, true}) {
+    SCOPED_TRACE(ok);
+    FTabPageSetup d(Textes{vt->setLang()}, s);
+    d.findChild<QSlider*>("sldTabPRN_VIEW_FACTOR")->setValue(25);
+    d.findChild<QSlider*>("sldTabINTER_STRINGS")->setValue(16);
+    d.findChild<QRadioButton*>("opt3")->click();
+    EXPECT_EQ(d.element(), 3);
+    d.findChild<QCheckBox*>("chk")->setChecked(false);
+    d.findChild<QToolButton*>("imgAlignementDroite")->click();
+    d.choisitPolice = [](QFont& f) {
+      f.setFamily("Courier");
+      f.setPointSizeF(14);
+      f.setItalic(true);
+      return true;
+    };
+    d.findChild<QPushButton*>("btnPolice")->click();
+    d.findChild<QLineEdit*>("txtPrintNumpage")->setText("p. %c");
+    d.findChild<QCheckBox*>("chkTabPrintAccords")->setChecked(false);
+    if (ok)
+      d.accept();
+    else
+      d.reject();
+  }
+  EXPECT_FLOAT_EQ(s.cfgPrintFactor, 2.5f);
+  EXPECT_EQ(s.PRN_SET_VIEW_INTER_STRINGS, 16);
+  EXPECT_EQ(s.cfgPrint[3], 0);
+  EXPECT_EQ(s.cfgPrintAlign[3], 2);
+  EXPECT_EQ(s.cfgFont[3].nom, "Courier");
+  EXPECT_FLOAT_EQ(s.cfgFont[3].taille, 14);
+  EXPECT_NE(s.cfgFont[3].italique, 0);
+  EXPECT_EQ(s.cfgPrintNumpage, "p. %c");
+  EXPECT_EQ(s.cfgPrintAccords, 0);
+  // The other elements kept their own.
+  EXPECT_EQ(s.cfgFont[0].nom, avant.cfgFont[0].nom);
+  EXPECT_EQ(s.cfgPrint[0], avant.cfgPrint[0]);
+  const TabSettings r = ftab->réglagesPage();
+  EXPECT_EQ(r.cfgFont[3].nom, "Courier");
+  EXPECT_FALSE(r.cfgPrintAccords);
+
+  // Restore brings the layout's sliders back, not the head.
+  FTabPageSetup d(Textes{vt->setLang()}, s);
+  d.btnRestore_Click();
+  d.accept();
+  EXPECT_FLOAT_EQ(s.cfgPrintFactor, 3.0f);
+  EXPECT_EQ(s.PRN_SET_VIEW_INTER_STRINGS, 13);
+  EXPECT_EQ(s.cfgFont[3].nom, "Courier");
+}
+
+TEST_F(Impressions, PdfExportOfEveryTrackOrTheCurrentOne) {
+  prépare(12);
+  doc().addPiste(1, tGuitare{});
+  QString chemin;
+  ftab->choisitFichier = [&](bool enregistrer, const QString&, const QString& filtre,
+                             const QString& titre) {
+    EXPECT_TRUE(enregistrer);
+    EXPECT_EQ(titre, "Export as PDF");
+    EXPECT_TRUE(filtre.startsWith("PDF documents (*.pdf)"));
+    return chemin;
+  };
+  const int une = pagesPiste(1);
+  const int deux = pagesPiste(2);
+  chemin = dossier.filePath("toutes");
+  ftab->entrée("mnuTabFileExportPDF_0")->trigger();
+  EXPECT_EQ(pagesPdf(chemin + ".pdf"), une + deux);
+  chemin = dossier.filePath("une.pdf");
+  ftab->entrée("mnuTabFileExportPDF_1")->trigger();
+  EXPECT_EQ(pagesPdf(chemin), une);
+  EXPECT_TRUE(messages.empty());
+
+  chemin = dossier.filePath("absent/x.pdf");
+  ftab->mnuTabFileExportPDF(true);
+  ASSERT_EQ(messages.size(), 1U);
+  EXPECT_TRUE(messages[0].startsWith(vt->loadString(6122)));
+  EXPECT_FALSE(QFile::exists(chemin));
+}
+
+}  // namespace
+}  // namespace vt::essai

@@ -1,0 +1,404 @@
+// Pages through the recording surface: the layout's edge cases, the head, the
+// signs of a system, and a randomized check that the page count and the pages
+// drawn agree and that every note lands once, on its page.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <random>
+#include <set>
+#include <tuple>
+
+#include "render/page_renderer.h"
+#include "render/recording_surface.h"
+#include "render/strip_metrics.h"
+#include "showcase.h"
+
+namespace vt {
+namespace {
+
+using K = Primitive::Kind;
+
+// The printable area of an A4 sheet with 10 mm sides and 12 mm top and bottom,
+// in page units.
+constexpr int kLargeur = 2692;
+constexpr int kHauteur = 3869;
+
+struct Pages {
+  CVantoroTablature doc;
+  TabSettings s;
+  RecordingSurface surface{kLargeur, kHauteur, kUnitésParPouce};
+
+  MiseEnPage mise() {
+    CPageRenderer r(doc, s);
+    return r.miseEnPage(surface, s.cfgPrintFactor / 3.0, 1);
+  }
+  // Draws a page; the primitives it drew.
+  std::vector<Primitive> page(int n) {
+    surface.clearRecord();
+    CPageRenderer r(doc, s);
+    r.drawOnPage(surface, s.cfgPrintFactor / 3.0, n, 1);
+    return surface.primitives();
+  }
+  // `mesures` bars of 4/4, each with eighths on string 1 (`fret` from 1).
+  void croches(int mesures) {
+    while (doc.getMesureLast() < mesures)
+      doc.addMesure();
+    for (int m = 1; m <= mesures; ++m)
+      for (int k = 0; k < 8; ++k)
+        test::note(doc, m, 1, k * 24, 1 + (m + k) % 12, 24);
+  }
+};
+
+std::vector<Primitive> glyphes(const std::vector<Primitive>& ps, char32_t code) {
+  std::vector<Primitive> out;
+  for (const Primitive& p : ps)
+    if (p.kind == K::Glyph && p.text == glyphe::utf8(code)) out.push_back(p);
+  return out;
+}
+
+TEST(PageLayout, LinesAreJustifiedExceptAShortLastOne) {
+  Pages t;
+  t.croches(9);
+  const MiseEnPage m = t.mise();
+  const lng marge = m.prn.PRN_VIEW_MARGIN_LEFT;
+  std::vector<SystèmePage> systèmes;
+  for (const PagePlan& p : m.pages)
+    systèmes.insert(systèmes.end(), p.systèmes.begin(), p.systèmes.end());
+  ASSERT_GE(systèmes.size(), 2U);
+  for (std::size_t i = 0; i + 1 < systèmes.size(); ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_GT(systèmes[i].étirement, 1.0);
+    // A full line ends one margin short of the page's edge.
+    EXPECT_NEAR(marge + systèmes[i].étirement * systèmes[i].largeur, kLargeur - marge, 0.5);
+  }
+  EXPECT_LE(systèmes.back().largeur, kLargeur / 2);
+  EXPECT_EQ(systèmes.back().étirement, 1.0);
+  EXPECT_EQ(systèmes.back().dernière, 9);
+  // Bars follow on without a gap or a repeat.
+  for (std::size_t i = 1; i < systèmes.size(); ++i)
+    EXPECT_EQ(systèmes[i].première, systèmes[i - 1].dernière + 1);
+}
+
+TEST(PageLayout, SignatureRoomFollowsTheNumeratorTest) {
+  // The unchanged test compares the denominator with the previous numerator:
+  // 4/4 takes room once, 6/8 and 3/4 at every bar.
+  const struct {
+    int up, dn;
+    bool àChaqueMesure;
+  } cas[] = {{4, 4, false}, {6, 8, true}, {3, 4, true}, {2, 2, false}};
+  for (const auto& c : cas) {
+    SCOPED_TRACE(std::to_string(c.up) + "/" + std::to_string(c.dn));
+    Pages t;
+    for (int i = 0; i < 3; ++i)
+      t.doc.addMesure();
+    for (int m = 1; m <= 4; ++m)
+      t.doc.setMesureSignature(m, c.up, c.dn);
+    const MiseEnPage mise = t.mise();
+    ASSERT_EQ(mise.nombrePages(), 1);
+    for (int m = 2; m <= 4; ++m)
+      EXPECT_EQ(getOnPageLargeurSignature(t.doc, mise.prn, m, 1),
+                c.àChaqueMesure ? mise.prn.PRN_VIEW_INTER_NOTE : 0);
+    // Drawn on the staff and on the tablature wherever the room is.
+    const auto page = t.page(1);
+    EXPECT_EQ(glyphes(page, U'0' + static_cast<char32_t>(c.dn)).size(),
+              (c.àChaqueMesure ? 4U : 1U) * (c.up == c.dn ? 4U : 2U));
+  }
+}
+
+TEST(PageLayout, SystemHeightWithAndWithoutStaffAndChords) {
+  const struct {
+    bool portée, accords;
+    lng salle, tab;
+  } cas[] = {{true, true, 420, 288},
+             {false, true, 420, 0},
+             {true, false, 210, 288},
+             {false, false, 210, 0}};
+  for (const auto& c : cas) {
+    SCOPED_TRACE(std::to_string(c.portée) + std::to_string(c.accords));
+    Pages t;
+    t.s.cfgPrintPortée = c.portée;
+    t.s.cfgPrintAccords = c.accords;
+    t.croches(1);
+    const MiseEnPage m = t.mise();
+    EXPECT_EQ(m.salleHaut, c.salle);
+    EXPECT_EQ(m.prn.PRN_VIEW_MARGIN_TOP_TAB, c.tab);
+    EXPECT_EQ(m.hauteurSystème, c.salle + c.tab + 6 * 39);
+    // The staff's five lines, or none.
+    const auto page = t.page(1);
+    const double y0 = static_cast<double>(m.hauteurEntête + m.salleHaut);
+    int lignes = 0;
+    for (const Primitive& p : page)
+      for (int k = 1; k <= 4; ++k)
+        if (p.kind == K::Segment && p.y1 == y0 + 24 * k && p.y2 == p.y1 && p.x1 == 105 &&
+            p.x2 > 500)
+          ++lignes;
+    EXPECT_EQ(lignes, c.portée ? 4 : 0);
+    EXPECT_EQ(glyphes(page, glyphe::kCléSol.code).size(), c.portée ? 1U : 0U);
+  }
+}
+
+TEST(PageLayout, HeadElementsInTheirOrderAndEmptyOnesCostNothing) {
+  Pages t;
+  t.doc.titre = "Song";
+  t.doc.Auteur = "Me";
+  t.doc.Comments = "first\r\nsecond";
+  t.doc.setPisteNom(1, "Lead");
+  t.croches(1);
+  CPageRenderer r(t.doc, t.s);
+  std::vector<int> ordre;
+  for (const auto& [i, texte] : r.textesEntête(1))
+    ordre.push_back(i);
+  EXPECT_EQ(ordre, (std::vector<int>{kEntêteTitre, kEntêteAuteur, kEntêteCommentaires,
+                                     kEntêteNomPiste, kEntêteTempo}));
+  const lng sans = t.mise().hauteurEntête;
+  t.doc.SousTitre = "live";
+  EXPECT_GT(t.mise().hauteurEntête, sans);
+  t.s.cfgPrint[kEntêteSousTitre] = 0;
+  EXPECT_EQ(t.mise().hauteurEntête, sans);
+
+  // Printed top to bottom with their alignment: the title centred, the
+  // comments on the left margin, two lines.
+  const auto page = t.page(1);
+  const auto texte = [&](const std::string& s) {
+    for (const Primitive& p : page)
+      if (p.kind == K::Text && p.text == s) return p;
+    ADD_FAILURE() << s;
+    return Primitive{};
+  };
+  const Primitive titre = texte("Song");
+  EXPECT_NEAR(titre.x1 + titre.x2 / 2, kLargeur / 2.0, 1);
+  EXPECT_EQ(titre.y1, 0);
+  EXPECT_EQ(texte("first").x1, 105);
+  EXPECT_LT(texte("Me").y1, texte("first").y1);
+  EXPECT_LT(texte("first").y1, texte("second").y1);
+  EXPECT_LT(texte("second").y1, texte("Lead").y1);
+  EXPECT_LT(texte("Lead").y1, texte("Tempo: 120").y1);
+}
+
+TEST(PageLayout, ZoomChangesThePageCountAndOneBarIsOnePage) {
+  Pages t;
+  t.croches(120);
+  std::map<float, int> pages;
+  for (const float f : {2.0f, 3.0f, 4.0f}) {
+    t.s.cfgPrintFactor = f;
+    pages[f] = t.mise().nombrePages();
+  }
+  EXPECT_LT(pages[2.0f], pages[3.0f]);
+  EXPECT_LT(pages[3.0f], pages[4.0f]);
+
+  Pages vide;
+  const MiseEnPage m = vide.mise();
+  ASSERT_EQ(m.nombrePages(), 1);
+  EXPECT_EQ(m.pages[0].systèmes.size(), 1U);
+  CPageRenderer r(vide.doc, vide.s);
+  EXPECT_EQ(r.getNumberOfPages(vide.surface, 1, 1), 1);
+}
+
+TEST(PageLayout, ABarWiderThanThePageStandsAloneAndFits) {
+  Pages t;
+  t.croches(3);
+  t.doc.setMesureSignature(2, 12, 4);
+  for (int x = 0; x < 576; x += 6)
+    test::note(t.doc, 2, 2, x, 5, 6);
+  const MiseEnPage m = t.mise();
+  std::vector<SystèmePage> systèmes;
+  for (const PagePlan& p : m.pages)
+    systèmes.insert(systèmes.end(), p.systèmes.begin(), p.systèmes.end());
+  const auto seul = std::find_if(systèmes.begin(), systèmes.end(),
+                                 [](const SystèmePage& s) { return s.première == 2; });
+  ASSERT_NE(seul, systèmes.end());
+  EXPECT_EQ(seul->dernière, 2);
+  EXPECT_LT(seul->étirement, 1.0);
+  for (const Primitive& p : t.page(1)) {
+    if (p.kind == K::Text) {
+      EXPECT_LE(p.x1 + p.x2, kLargeur) << p.text;
+    }
+  }
+}
+
+TEST(PageLayout, PagesBreakBeforeASystemWouldPassTheBottom) {
+  Pages t;
+  t.croches(60);
+  const MiseEnPage m = t.mise();
+  ASSERT_GT(m.nombrePages(), 2);
+  for (std::size_t i = 0; i < m.pages.size(); ++i) {
+    SCOPED_TRACE(i);
+    const auto& s = m.pages[i].systèmes;
+    ASSERT_FALSE(s.empty());
+    // Later pages start at the top; each system keeps its stems on the page.
+    EXPECT_EQ(s.front().y, i == 0 ? m.hauteurEntête : 0);
+    for (const SystèmePage& sys : s)
+      EXPECT_LE(sys.y + m.hauteurSystème + m.débordBas, kHauteur);
+    // A page is full: one more system would not fit.
+    if (i + 1 < m.pages.size()) {
+      EXPECT_GT(s.back().y + 2 * m.hauteurSystème + m.débordBas, kHauteur);
+    }
+  }
+}
+
+TEST(PagePaint, PageNumbersClefsAndColours) {
+  Pages t;
+  t.croches(60);
+  t.doc.setPortéeClef(1, 2);
+  const int n = t.mise().nombrePages();
+  const auto page2 = t.page(2);
+  const auto numéro = std::find_if(page2.begin(), page2.end(), [](const Primitive& p) {
+    return p.kind == K::Text && p.text == "- 2 -";
+  });
+  ASSERT_NE(numéro, page2.end());
+  EXPECT_EQ(numéro->y1, 0);
+  // Page 1 carries the head, not its number.
+  for (const Primitive& p : t.page(1))
+    EXPECT_NE(p.text, "- 1 -");
+  // A bass clef at the head of every system.
+  EXPECT_EQ(glyphes(page2, glyphe::kCléFa.code).size(), t.mise().pages[1].systèmes.size());
+  EXPECT_TRUE(glyphes(page2, glyphe::kCléSol.code).empty());
+  EXPECT_TRUE(t.page(n + 1).empty());
+
+  // Black and white, or the note colour of the settings.
+  t.s.cfgEventColor = kRouge;
+  const auto couleurDesFrettes = [&] {
+    std::set<Colour> c;
+    for (const Primitive& p : t.page(1))
+      if (p.kind == K::Text && p.text == "5" && p.state.font.gras) c.insert(p.state.foreColor);
+    return c;
+  };
+  EXPECT_EQ(couleurDesFrettes(), std::set<Colour>{kNoir});
+  t.s.cfgPrintNB = 0;
+  EXPECT_EQ(couleurDesFrettes(), std::set<Colour>{kRouge});
+}
+
+TEST(PagePaint, KeyAccidentalsRestsAndBarNumbers) {
+  Pages t;
+  t.croches(2);
+  t.doc.addMesure();
+  t.doc.setMesureTonalitéDétails(1, 3, kVrai);
+  t.doc.setMesureTonalitéDétails(2, 3, kVrai);
+  t.doc.setMesureTonalitéDétails(3, -2, kVrai);
+  test::note(t.doc, 3, 1, 0, 5, 48);
+  auto page = t.page(1);
+  // Three sharps at the head of the system, then two flats where the key changes.
+  EXPECT_GE(glyphes(page, glyphe::kDièse.code).size(), 3U);
+  EXPECT_EQ(glyphes(page, glyphe::kBémol.code).size(), 2U);
+  // A quarter then silence in bar 3: a quarter rest and a half rest.
+  EXPECT_EQ(glyphes(page, glyphe::kSoupir.code).size(), 1U);
+  EXPECT_EQ(glyphes(page, glyphe::kPauseBlanche.code).size(), 1U);
+  // The first bar's number above the system; no others.
+  EXPECT_EQ(std::count_if(page.begin(), page.end(),
+                          [](const Primitive& p) {
+                            return p.kind == K::Text && p.text == "1" && !p.state.font.gras;
+                          }),
+            1);
+
+  // Without rests, none; an empty bar shows its rests only when asked.
+  t.doc.addMesure();
+  EXPECT_TRUE(glyphes(t.page(1), glyphe::kPauseRonde.code).empty());
+  t.s.cfgPrintPortéeSilence1Mesure = true;
+  EXPECT_EQ(glyphes(t.page(1), glyphe::kPauseRonde.code).size(), 1U);
+  t.s.cfgPrintPortéeSilence = false;
+  page = t.page(1);
+  EXPECT_TRUE(glyphes(page, glyphe::kSoupir.code).empty());
+  EXPECT_TRUE(glyphes(page, glyphe::kPauseRonde.code).empty());
+}
+
+TEST(PagePaint, TuningAndCapoUnderTheTrackName) {
+  const struct {
+    std::vector<int> cordes;
+    int capo;
+    std::string ligne;
+  } cas[] = {{{64, 59, 55, 50, 45, 40}, 0, ""},
+             {{64, 59, 55, 50, 45, 38}, 0, "Tuning: D A D G B E"},
+             {{64, 59, 55, 50, 45, 40}, 2, "Capo: fret 2"},
+             {{62, 57, 55, 50, 45, 38}, 5, "Tuning: D A D G A D   Capo: fret 5"},
+             {{43, 38, 33, 28}, 0, ""},
+             {{69, 64, 60, 67}, 0, "Tuning: G C E A"}};
+  for (const auto& c : cas) {
+    SCOPED_TRACE(c.ligne);
+    Pages t;
+    t.doc.setGuitareNbrCordes(1, static_cast<int>(c.cordes.size()));
+    for (std::size_t i = 0; i < c.cordes.size(); ++i)
+      t.doc.setGuitareCorde(1, static_cast<int>(i + 1), static_cast<byt>(c.cordes[i]));
+    t.doc.setGuitareCapodastre(1, static_cast<byt>(c.capo));
+    CPageRenderer r(t.doc, t.s);
+    EXPECT_EQ(r.ligneAccordage(1), c.ligne);
+    const auto page = t.page(1);
+    const bool imprimée = std::any_of(page.begin(), page.end(), [&](const Primitive& p) {
+      return p.kind == K::Text && p.text == c.ligne;
+    });
+    EXPECT_EQ(imprimée, !c.ligne.empty());
+  }
+  Pages batterie;
+  batterie.doc.setStaffType(1, kStaffBatterie);
+  batterie.doc.setGuitareCorde(1, 6, 38);
+  EXPECT_EQ(CPageRenderer(batterie.doc, batterie.s).ligneAccordage(1), "");
+}
+
+// Random pieces: the count and the pages drawn agree, and every note's fret is
+// drawn once, inside the page it is on.
+TEST(PageRandom, PageCountMatchesThePagesDrawnAndEveryNoteOnce) {
+  std::mt19937 aléa(20240614);
+  const int signatures[][2] = {{4, 4}, {3, 4}, {6, 8}, {2, 4}, {5, 8}, {12, 8}, {7, 4}};
+  for (int essai = 0; essai < 40; ++essai) {
+    SCOPED_TRACE(essai);
+    Pages t;
+    t.s.cfgPrintFactor = std::uniform_real_distribution<float>(1.5f, 4.5f)(aléa);
+    t.s.cfgPrintPortée = aléa() % 4 != 0;
+    t.s.cfgPrintAccords = aléa() % 3 != 0;
+    t.s.cfgPrintTabRythme = aléa() % 4 != 0;
+    if (aléa() % 2) t.doc.titre = "Piece " + std::to_string(essai);
+    const int mesures = 1 + static_cast<int>(aléa() % 90);
+    while (t.doc.getMesureLast() < mesures)
+      t.doc.addMesure();
+    int notes = 0;
+    for (int m = 1; m <= mesures; ++m) {
+      const auto& sig = signatures[aléa() % std::size(signatures)];
+      t.doc.setMesureSignature(m, sig[0], sig[1]);
+      t.doc.setMesureTonalitéDétails(m, static_cast<int>(aléa() % 15) - 7, kVrai);
+      const int largeur = t.doc.getMesureLargeur(m);
+      const int pas = std::array{6, 12, 24, 48}[aléa() % 4];
+      for (int x = 0; x + pas <= largeur; x += pas) {
+        if (aléa() % 3 == 0) continue;
+        const int c = 1 + static_cast<int>(aléa() % 6);
+        if (test::note(t.doc, m, c, x, static_cast<int>(aléa() % 20), pas) > 0) ++notes;
+      }
+      if (aléa() % 5 == 0) {
+        OneBased<byt> accord(6);
+        for (int c = 1; c <= 6; ++c)
+          accord[c] = static_cast<byt>(aléa() % 5);
+        t.doc.setMesureAccord(1, m, t.doc.addandplaceMesureAccord(1, m, 0), "Am", accord);
+      }
+    }
+    notes = 0;
+    for (int m = 1; m <= mesures; ++m)
+      for (int c = 1; c <= 6; ++c)
+        notes += t.doc.getNoteLast(1, m, c);
+
+    CPageRenderer r(t.doc, t.s);
+    const int compte = r.getNumberOfPages(t.surface, t.s.cfgPrintFactor / 3.0, 1);
+    ASSERT_GE(compte, 1);
+    std::set<std::tuple<int, double, double>> places;
+    int frettes = 0;
+    for (int page = 1; page <= compte + 1; ++page) {
+      const auto ps = t.page(page);
+      EXPECT_EQ(ps.empty(), page > compte) << page;
+      for (const Primitive& p : ps) {
+        // Fret digits are the only texts in the tablature's bold font.
+        if (p.kind != K::Text || !p.state.font.gras || p.state.font.nom != "Arial" ||
+            p.text.empty() || !std::isdigit(static_cast<unsigned char>(p.text[0])) ||
+            p.state.foreColor != kNoir ||
+            p.state.font.taille != t.s.cfgFontSize * (t.s.cfgPrintFactor / 3.0))
+          continue;
+        ++frettes;
+        EXPECT_TRUE(places.emplace(page, p.x1, p.y1).second) << "twice at " << p.x1 << "," << p.y1;
+        EXPECT_GE(p.x1, 0);
+        EXPECT_LE(p.x1 + p.x2, kLargeur);
+        EXPECT_GE(p.y1, 0);
+        EXPECT_LE(p.y1 + p.y2, kHauteur);
+      }
+    }
+    EXPECT_EQ(frettes, notes);
+  }
+}
+
+}  // namespace
+}  // namespace vt
