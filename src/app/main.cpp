@@ -7,6 +7,7 @@
 #include "shell/foptions.h"
 #include "shell/vt.h"
 #include "tools/faccordeur.h"
+#include "tools/faccords.h"
 #include "tools/fgammes.h"
 #include "tools/fharmony.h"
 #include "tools/fmetronome.h"
@@ -20,6 +21,7 @@ int main(int argc, char* argv[]) {
 
   vt::VT vt;
   vt.fenetres().enregistrer(vt::fen::FTab, [](vt::VT& v) { return new vt::FTab(v); });
+  vt.fenetres().enregistrer(vt::fen::FAccords, [](vt::VT& v) { return new vt::FAccords(v); });
   vt.fenetres().enregistrer(vt::fen::FGammes, [](vt::VT& v) { return new vt::FGammes(v); });
   vt.fenetres().enregistrer(vt::fen::FHarmony, [](vt::VT& v) { return new vt::FHarmony(v); });
   vt.fenetres().enregistrer(vt::fen::FAccordeur, [](vt::VT& v) { return new vt::FAccordeur(v); });

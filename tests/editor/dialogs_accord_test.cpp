@@ -144,6 +144,35 @@ TEST(Accord, ANameWindows1252LacksIsRefused) {
   EXPECT_EQ(doc.getMesureAccordLast(1, 1), 0);
 }
 
+TEST(Accord, TheDictionarysFingeringBecomesTheWorkingDiagram) {
+  CVantoroTablature doc = document(1, 1);
+  // Without a dictionary, or one that shows nothing, the button waits.
+  FTabAccord sans(kAnglais, doc, 1, 1, 0);
+  EXPECT_FALSE(enfant<QPushButton>(&sans, "btnDictionnaire")->isEnabled());
+  FTabAccord vide(kAnglais, doc, 1, 1, 0, nullptr, [](Diagramme&) { return false; });
+  EXPECT_FALSE(enfant<QPushButton>(&vide, "btnDictionnaire")->isEnabled());
+
+  // A seven-string fingering keeps the six strings of the track.
+  const auto dictionnaire = [](Diagramme& d) {
+    d.nom = "Dadd7";
+    d.nbrCordes = 7;
+    d.cases = {0, 2, 1, 2, 0, 255, 255, 255};
+    return true;
+  };
+  FTabAccord d(kAnglais, doc, 1, 1, 0, nullptr, dictionnaire);
+  auto* bouton = enfant<QPushButton>(&d, "btnDictionnaire");
+  ASSERT_TRUE(bouton->isEnabled());
+  bouton->click();
+  EXPECT_EQ(d.diagramme().nom, "Dadd7");
+  EXPECT_EQ(d.diagramme().nbrCordes, 6);
+  EXPECT_EQ(d.diagramme().cases, (std::array<int, 8>{0, 2, 1, 2, 0, 255, 255, 0}));
+  EXPECT_EQ(enfant<QLineEdit>(&d, "txtNom")->text(), "Dadd7");
+  ok(d);
+  const int n = doc.searchMesureAccord(1, 1, 0);
+  ASSERT_NE(n, 0);
+  EXPECT_EQ(doc.getMesureAccordCorde(1, 1, n, 3), 2);
+}
+
 TEST(DiagrammeAccord, EveryStringAndRowIsFoundWhereItIsDrawn) {
   for (int n : {4, 6, 7}) {
     const GeometrieDiagramme geo(QRectF(10, 20, 200, 240), n);

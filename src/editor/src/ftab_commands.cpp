@@ -166,6 +166,8 @@ void FTab::mnuTabEffet(int index) {
 void FTab::mnuTabTool(int index) {
   if (index == 4) dialogue(DialogueTab::Texte);
   if (index == 5) dialogue(DialogueTab::Accord);
+  // The chord dictionary, whose To tab button sends its fingering to the cursor.
+  if (index == 6 && !m_joue) m_vt.montreFenetre(fen::FAccords);
 }
 
 void FTab::mnuTabToolRythme(int index) {

@@ -7,6 +7,7 @@
 #include "editor/ftab.h"
 #include "formats/catalogue.h"
 #include "shell/vt.h"
+#include "tools/faccords.h"
 
 namespace vt {
 
@@ -38,7 +39,17 @@ void FTab::connecteDialogues() {
       case DialogueTab::Texte:
         return FTabTextes::editer(this, t, d, p, m, x);
       case DialogueTab::Accord:
-        return FTabAccord::getAccord(this, t, d, p, m, x);
+        return FTabAccord::getAccord(this, t, d, p, m, x, [this](Diagramme& diagramme) {
+          const auto* accords = m_vt.fenetres().interface<FAccords>(fen::FAccords);
+          QString nom;
+          std::vector<int> cordes;
+          if (!accords || !accords->doigtéAffiché(nom, cordes)) return false;
+          diagramme.nom = nom;
+          diagramme.nbrCordes = static_cast<int>(cordes.size()) - 1;
+          for (int c = 1; c <= diagramme.nbrCordes && c < 8; ++c)
+            diagramme.cases[static_cast<std::size_t>(c)] = cordes[static_cast<std::size_t>(c)];
+          return true;
+        });
       case DialogueTab::Transpose:
         return FTabTranspose::editer(this, t, d, p, m_vt.guitare());
     }

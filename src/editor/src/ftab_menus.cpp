@@ -290,7 +290,7 @@ void FTab::disponibilités() {
   disponibilitésJeu();
   active(QStringLiteral("mnuTabTool_4"), dialogue(DialogueTab::Texte));
   active(QStringLiteral("mnuTabTool_5"), dialogue(DialogueTab::Accord));
-  active(QStringLiteral("mnuTabTool_6"), false);
+  active(QStringLiteral("mnuTabTool_6"), m_vt.fenetres().estDisponible(fen::FAccords) && !m_joue);
   disponibilitésPistes();
   boutonsSuiventMenus();
   marqueModifiéTitre();

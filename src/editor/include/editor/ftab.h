@@ -92,6 +92,9 @@ class FTab : public QWidget, public FenetreVT, public FenetreTablature {
   void mancheUpdate() override;
   void ouvreLigneDeCommande(const QString& fichier) override;
   void ouvreFichierDéposé(const QString& fichier) override;
+  // The chord dictionary's fingering at the cursor: a new diagram there, or
+  // the one there replaced, with undo.
+  bool placeAccordAuCurseur(const std::string& nom, const std::vector<byt>& cases) override;
 
   // ---- Keyboard entry ----------------------------------------------------------
   // A key of the strip: Qt's key code and modifiers (the keypad is the

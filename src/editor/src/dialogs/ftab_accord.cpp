@@ -36,8 +36,14 @@ Diagramme lireAccord(const CVantoroTablature& doc, int p, int m, int n) {
 }  // namespace
 
 FTabAccord::FTabAccord(const Textes& t, CVantoroTablature& doc, int piste, int mesure, int x,
-                       QWidget* parent)
-    : QDialog(parent), m_t(t), m_doc(doc), m_piste(piste), m_mesure(mesure), m_x(x) {
+                       QWidget* parent, SourceDictionnaire dictionnaire)
+    : QDialog(parent),
+      m_t(t),
+      m_doc(doc),
+      m_piste(piste),
+      m_mesure(mesure),
+      m_x(x),
+      m_dictionnaire(std::move(dictionnaire)) {
   setObjectName(QStringLiteral("FTabAccord"));
   setWindowTitle(t.loadString(560));
   const int nbrCordes = doc.getGuitareNbrCordes(piste);
@@ -61,6 +67,14 @@ FTabAccord::FTabAccord(const Textes& t, CVantoroTablature& doc, int piste, int m
   m_libelleNom->setBuddy(m_nom);
   champs->addRow(m_libelleNom, m_nom);
   gauche->addLayout(champs);
+  // The fingering the chord dictionary shows, when it shows one.
+  auto* duDico = new QPushButton(t.loadString(120), this);
+  duDico->setObjectName(QStringLiteral("btnDictionnaire"));
+  duDico->setToolTip(t.loadString(121));
+  duDico->setAutoDefault(false);
+  Diagramme essai = Diagramme::vide(nbrCordes);
+  duDico->setEnabled(m_dictionnaire && m_dictionnaire(essai));
+  gauche->addWidget(duDico);
   auto* aide = new QLabel(t.loadString(569), this);
   aide->setWordWrap(true);
   gauche->addWidget(aide);
@@ -120,14 +134,15 @@ FTabAccord::FTabAccord(const Textes& t, CVantoroTablature& doc, int piste, int m
   connect(m_nom, &QLineEdit::textEdited, this, [this](const QString& nom) { m_courant.nom = nom; });
   connect(ajouter, &QPushButton::clicked, this, [this] { ajoute(m_courant, true); });
   connect(m_retirer, &QPushButton::clicked, this, &FTabAccord::retire);
+  connect(duDico, &QPushButton::clicked, this, &FTabAccord::duDictionnaire);
   connect(m_effacer, &QPushButton::clicked, this, &FTabAccord::efface);
   connect(m_lst, &QListWidget::currentRowChanged, this, &FTabAccord::charge);
   redessine();
 }
 
 bool FTabAccord::getAccord(QWidget* parent, const Textes& t, CVantoroTablature& doc, int piste,
-                           int mesure, int x) {
-  FTabAccord d(t, doc, piste, mesure, x, parent);
+                           int mesure, int x, SourceDictionnaire dictionnaire) {
+  FTabAccord d(t, doc, piste, mesure, x, parent, std::move(dictionnaire));
   d.exec();
   return d.modifie();
 }
@@ -172,8 +187,11 @@ void FTabAccord::retire() {
 void FTabAccord::charge(int index) {
   m_retirer->setEnabled(index >= 0);
   if (index < 0 || index >= static_cast<int>(m_liste.size())) return;
+  prend(m_liste[static_cast<std::size_t>(index)]);
+}
+
+void FTabAccord::prend(const Diagramme& d) {
   // A diagram of another string count keeps what fits.
-  const Diagramme& d = m_liste[static_cast<std::size_t>(index)];
   Diagramme neuf = Diagramme::vide(m_courant.nbrCordes);
   neuf.nom = d.nom;
   for (int c = 1; c <= std::min(d.nbrCordes, neuf.nbrCordes); ++c)
@@ -183,6 +201,11 @@ void FTabAccord::charge(int index) {
   const int premiere = m_courant.premiereCaseJouee();
   m_premiere->setValue(premiere > 0 ? premiere : 1);
   redessine();
+}
+
+void FTabAccord::duDictionnaire() {
+  Diagramme d = Diagramme::vide(m_courant.nbrCordes);
+  if (m_dictionnaire && m_dictionnaire(d)) prend(d);
 }
 
 void FTabAccord::efface() {

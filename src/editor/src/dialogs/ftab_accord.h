@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 #include <vector>
 
 #include "diagramme_accord.h"
@@ -24,12 +25,16 @@ class FTabAccord : public QDialog {
   Q_OBJECT
 
  public:
+  // Fills a diagram with the fingering the chord dictionary shows; false when
+  // it shows none.
+  using SourceDictionnaire = std::function<bool(Diagramme&)>;
+
   FTabAccord(const Textes& t, CVantoroTablature& doc, int piste, int mesure, int x,
-             QWidget* parent = nullptr);
+             QWidget* parent = nullptr, SourceDictionnaire dictionnaire = {});
 
   // Modal; true when the document changed (OK, or the chord deleted).
   static bool getAccord(QWidget* parent, const Textes& t, CVantoroTablature& doc, int piste,
-                        int mesure, int x);
+                        int mesure, int x, SourceDictionnaire dictionnaire = {});
 
   bool modifie() const { return m_modifie; }
   void accept() override;
@@ -38,6 +43,8 @@ class FTabAccord : public QDialog {
   const Diagramme& diagramme() const { return m_courant; }
   const std::vector<Diagramme>& liste() const { return m_liste; }
   PicAccord* picAccord() const { return m_pic; }
+  // btnDictionnaire: the working diagram takes the dictionary's fingering.
+  void duDictionnaire();
 
  private:
   void clic(int corde, int rang);
@@ -48,6 +55,8 @@ class FTabAccord : public QDialog {
   void efface();
   void charge(int index);
   void redessine();
+  // The working diagram becomes `d`, keeping what fits the track's strings.
+  void prend(const Diagramme& d);
 
   Textes m_t;
   CVantoroTablature& m_doc;
@@ -64,6 +73,7 @@ class FTabAccord : public QDialog {
   QPushButton* m_retirer;
   QPushButton* m_effacer;
   QLabel* m_erreur;
+  SourceDictionnaire m_dictionnaire;
   bool m_modifie = false;
 };
 

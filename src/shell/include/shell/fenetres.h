@@ -4,6 +4,9 @@
 #pragma once
 
 #include <QString>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 class QMenuBar;
 
@@ -58,6 +61,15 @@ class FenetreTablature {
   virtual void ouvreLigneDeCommande(const QString& fichier) = 0;
   // One ".vtb" dropped on the main window.
   virtual void ouvreFichierDéposé(const QString& fichier) = 0;
+  // A chord diagram from the chord dictionary at the cursor, with undo: its
+  // name and the frets of strings 1 to n (element 0 unused, 255 for a string
+  // not played). False when the editor cannot take it now.
+  virtual bool placeAccordAuCurseur(const std::string& nom,
+                                    const std::vector<std::uint8_t>& cases) {
+    (void)nom;
+    (void)cases;
+    return false;
+  }
 };
 
 // The chord dictionary as another tool reaches it: show one chord, the key as

@@ -1,0 +1,337 @@
+// The chord search against a chord book: the fingerings a guitarist expects
+// come first, on the standard guitar and on other tunings, and every
+// fingering of every chord keeps the rules a playable chord keeps.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "music/accord_recherche.h"
+#include "music/accord_types.h"
+
+namespace vt {
+namespace {
+
+// Open strings as MIDI notes, lowest first.
+const std::vector<int> kStandard = {40, 45, 50, 55, 59, 64};
+const std::vector<int> kDropD = {38, 45, 50, 55, 59, 64};
+const std::vector<int> kDADGAD = {38, 45, 50, 55, 57, 62};
+const std::vector<int> kOpenG = {38, 43, 50, 55, 59, 62};
+const std::vector<int> kBasse = {28, 33, 38, 43};
+const std::vector<int> kSeptCordes = {35, 40, 45, 50, 55, 59, 64};
+
+std::vector<int> hauteurs(const std::vector<int>& midi) {
+  std::vector<int> h;
+  for (int m : midi)
+    h.push_back(hauteurDeNote(m));
+  return h;
+}
+
+std::vector<Doigté> cherche(const std::string& nom, const std::vector<int>& midi,
+                            const ParametresAccord& p = {}) {
+  const auto c = lisNomAccord(nom);
+  EXPECT_TRUE(c) << nom;
+  return c ? chercheDoigtés(*c, hauteurs(midi), p) : std::vector<Doigté>{};
+}
+
+// "x32010": lowest string first, "(10)" for a fret past 9.
+std::string texte(const Doigté& d, std::size_t n) {
+  std::string s;
+  for (std::size_t i = 0; i < n; ++i) {
+    const int f = d.cases[i];
+    s += f < 0    ? "x"
+         : f < 10 ? std::string(1, static_cast<char>('0' + f))
+                  : "(" + std::to_string(f) + ")";
+  }
+  return s;
+}
+
+// The place of a fingering in the list, from 1; 0 when it is not there.
+int rang(const std::vector<Doigté>& liste, const std::string& doigté, std::size_t n) {
+  for (std::size_t i = 0; i < liste.size(); ++i)
+    if (texte(liste[i], n) == doigté) return static_cast<int>(i + 1);
+  return 0;
+}
+
+struct Attendu {
+  const char* nom;  // the search's spelling
+  const char* doigté;
+  int rangMax;  // 1: the first one shown
+};
+
+void vérifie(const std::vector<Attendu>& table, const std::vector<int>& accordage) {
+  for (const Attendu& a : table) {
+    const auto liste = cherche(a.nom, accordage);
+    const int r = rang(liste, a.doigté, accordage.size());
+    SCOPED_TRACE(std::string(a.nom) + " " + a.doigté + ", first " +
+                 (liste.empty() ? "none" : texte(liste[0], accordage.size())));
+    EXPECT_GE(r, 1);
+    EXPECT_LE(r, a.rangMax);
+  }
+}
+
+TEST(AccordRecherche, OpenChordsComeFirst) {
+  vérifie(
+      {
+          // Major and minor.
+          {"C", "x32010", 1},
+          {"A", "x02220", 1},
+          {"E", "022100", 1},
+          {"G", "320003", 1},
+          {"D", "xx0232", 1},
+          {"Amin", "x02210", 1},
+          {"Emin", "022000", 1},
+          {"Dmin", "xx0231", 1},
+          // Dominant sevenths.
+          {"Eadd7", "020100", 1},
+          {"Aadd7", "x02020", 1},
+          {"Dadd7", "xx0212", 1},
+          {"Gadd7", "320001", 1},
+          {"Cadd7", "x32310", 1},
+          {"Badd7", "x21202", 1},
+          // Major sevenths.
+          {"Caug7", "x32000", 1},
+          {"Aaug7", "x02120", 1},
+          {"Daug7", "xx0222", 1},
+          {"Gaug7", "320002", 1},
+          {"Eaug7", "021100", 1},
+          {"Faug7", "xx3210", 4},
+          // Minor sevenths, sixths, minor sixths.
+          {"Aminadd7", "x02010", 1},
+          {"Eminadd7", "020000", 2},
+          {"Dminadd7", "xx0211", 1},
+          {"Aadd6", "x02222", 1},
+          {"Dadd6", "xx0202", 1},
+          {"Eadd6", "022120", 1},
+          {"Cadd6", "x32210", 2},
+          {"Gadd6", "320000", 2},
+          {"Aminadd6", "x02212", 1},
+          {"Dminadd6", "xx0201", 1},
+          {"Eminadd6", "022020", 1},
+          // Suspended.
+          {"Dsus4", "xx0233", 1},
+          {"Asus4", "x02230", 2},
+          {"Esus4", "022200", 2},
+          {"Asus2", "x02200", 1},
+          {"Dsus2", "xx0230", 1},
+          {"Esus4add7", "020200", 2},
+          {"Asus2add7", "x02000", 1},
+          {"Esus0", "022xxx", 1},
+          {"Asus0", "x022xx", 1},
+          // Minor-major sevenths, augmented, diminished, half-diminished.
+          {"Aminaug7", "x02110", 1},
+          {"Eminaug7", "021000", 1},
+          {"Dminaug7", "xx0221", 1},
+          {"Caug", "x32110", 1},
+          {"Aaug", "x03221", 1},
+          {"Eaug", "032110", 2},
+          {"Cdim", "x3454x", 1},
+          {"Ddim", "xx0131", 1},
+          {"Bdim", "x2343x", 2},
+          {"Dddm", "xx0111", 1},
+          {"Bddm", "x2323x", 3},
+      },
+      kStandard);
+}
+
+TEST(AccordRecherche, BarreChordsFollowWhereThereIsNoOpenChord) {
+  vérifie(
+      {
+          // The A shape and the E shape, right after the open chord.
+          {"C", "x35553", 4},
+          {"C", "8(10)(10)988", 4},
+          {"F", "133211", 2},
+          {"B", "x24442", 2},
+          {"A#", "x13331", 2},
+          {"Bmin", "x24432", 2},
+          {"F#min", "244222", 2},
+          {"Cmin", "x35543", 3},
+          {"Gmin", "355333", 4},
+          {"Cmin", "8(10)(10)888", 4},
+      },
+      kStandard);
+}
+
+TEST(AccordRecherche, ExtendedChordsAreFourOrFiveNoteVoicings) {
+  vérifie({{"E9", "020102", 1},
+           {"C9", "x32333", 2},
+           {"D9", "x54555", 1},
+           {"A13", "x02022", 1},
+           {"E13", "020120", 1},
+           {"C13", "x35355", 1}},
+          kStandard);
+  // In every key, the first fingering of a 9, 11 or 13 chord has the root in
+  // the bass and at most five tones: the fifth, the ninth or the eleventh
+  // gives way as a guitarist leaves it out.
+  for (const char* type : {"9", "11", "13"}) {
+    for (int t = 0; t < 12; ++t) {
+      const std::string nom = nomAccordStandard(t, *indexTypeAccord(type));
+      const auto c = lisNomAccord(nom);
+      const auto liste = cherche(nom, kStandard);
+      ASSERT_FALSE(liste.empty()) << nom;
+      std::set<int> tons;
+      for (std::size_t s = 0; s < kStandard.size(); ++s)
+        if (liste[0].cases[s] >= 0) tons.insert(hauteurDeNote(kStandard[s] + liste[0].cases[s]));
+      SCOPED_TRACE(nom + " " + texte(liste[0], 6));
+      EXPECT_EQ(renversement(liste[0], kStandard, c->fondamentale), "");
+      EXPECT_GE(tons.size(), 4u);
+      EXPECT_LE(tons.size(), 5u);
+    }
+  }
+}
+
+TEST(AccordRecherche, OtherTuningsHaveTheirOwnFirstFingerings) {
+  vérifie({{"D", "000232", 1}, {"A", "x02220", 1}, {"C", "x32010", 1}, {"Dsus0", "000xxx", 1}},
+          kDropD);
+  vérifie({{"Dsus4", "000000", 1}, {"Dsus0", "000xxx", 1}}, kDADGAD);
+  vérifie({{"G", "x00000", 1}, {"C", "x55555", 2}}, kOpenG);
+  vérifie({{"C", "x320", 1}, {"G", "3200", 1}, {"E", "0221", 1}}, kBasse);
+  vérifie({{"E", "x022100", 1}, {"A", "xx02220", 1}, {"C", "xx32010", 1}, {"G", "x320003", 1}},
+          kSeptCordes);
+}
+
+// What every fingering of every standard chord keeps, on every tuning.
+TEST(AccordRecherche, EveryFingeringIsAPlayableChord) {
+  for (const auto* accordage : {&kStandard, &kDropD, &kDADGAD, &kOpenG, &kBasse, &kSeptCordes}) {
+    const std::size_t n = accordage->size();
+    for (int t = 0; t < 12; ++t) {
+      for (int type = 0; type < static_cast<int>(kTypesAccord.size()); ++type) {
+        const std::string nom = nomAccordStandard(t, type);
+        SCOPED_TRACE(nom + " on " + std::to_string(n) + " strings");
+        const auto c = lisNomAccord(nom);
+        const auto liste = cherche(nom, *accordage);
+        ASSERT_FALSE(liste.empty());
+        std::set<std::string> vus;
+        bool avecMuetIntérieur = false;
+        bool sansMuetIntérieur = false;
+        for (std::size_t i = 0; i < liste.size(); ++i) {
+          const Doigté& d = liste[i];
+          EXPECT_TRUE(vus.insert(texte(d, n)).second) << "twice: " << texte(d, n);
+          if (i > 0) {
+            EXPECT_GE(liste[i - 1].score, d.score);
+          }
+          int bas = -1, haut = -1, min = 99, max = 0, jouées = 0;
+          std::set<int> tons;
+          for (std::size_t s = 0; s < n; ++s) {
+            const int f = d.cases[s];
+            if (f < 0) continue;
+            const int demiTons = (hauteurDeNote((*accordage)[s] + f) - c->fondamentale + 12) % 12;
+            ASSERT_NE(c->ton(demiTons), nullptr) << texte(d, n) << " sounds a stranger";
+            tons.insert(demiTons);
+            if (bas < 0) bas = static_cast<int>(s);
+            haut = static_cast<int>(s);
+            ++jouées;
+            if (f > 0) min = std::min(min, f), max = std::max(max, f);
+          }
+          EXPECT_GE(jouées, 3);
+          if (max > 0) {
+            EXPECT_LT(max - min, 4) << texte(d, n);
+          }
+          EXPECT_LE(max, kCaseMaxRecherche);
+          for (const TonAccord& ton : c->tons) {
+            if (ton.essentiel) {
+              EXPECT_TRUE(tons.count(ton.demiTons)) << texte(d, n) << " lacks " << ton.degré;
+            }
+          }
+          bool muet = false;
+          for (int s = bas; s <= haut; ++s)
+            muet = muet || d.cases[static_cast<std::size_t>(s)] < 0;
+          (muet ? avecMuetIntérieur : sansMuetIntérieur) = true;
+        }
+        // A muted string between two that sound only when no chord can do without.
+        EXPECT_FALSE(avecMuetIntérieur && sansMuetIntérieur);
+      }
+    }
+  }
+}
+
+TEST(AccordRecherche, AMutedStringInsideComesOnlyWhenItMust) {
+  // Strings tuned C, C#, D#, E and a reach of one fret: no two neighbouring
+  // strings make two tones of C on one fret, so every C skips a string.
+  ParametresAccord unDoigt;
+  unDoigt.MAXSPAN = 1;
+  const std::vector<int> serré = {48, 49, 51, 52};
+  const auto liste = cherche("C", serré, unDoigt);
+  ASSERT_FALSE(liste.empty());
+  for (const Doigté& d : liste) {
+    int bas = -1;
+    int haut = -1;
+    for (int s = 0; s < 4; ++s) {
+      if (d.cases[static_cast<std::size_t>(s)] < 0) continue;
+      if (bas < 0) bas = s;
+      haut = s;
+    }
+    bool muet = false;
+    for (int s = bas; s <= haut; ++s)
+      muet = muet || d.cases[static_cast<std::size_t>(s)] < 0;
+    EXPECT_TRUE(muet) << texte(d, 4);
+  }
+}
+
+TEST(AccordRecherche, TheParametersMoveTheRanking) {
+  ParametresAccord sansVide;
+  sansVide.OPENS_SCORE = 0;
+  sansVide.POSITION_SCORE = 0;
+  // Without a reward for open strings nor a cost for the place on the neck,
+  // the A-shape barre of C is as good as the open C.
+  const auto barres = cherche("C", kStandard, sansVide);
+  EXPECT_LE(rang(barres, "x35553", 6), 2);
+  // A reach of two frets leaves out the open C, which needs three.
+  ParametresAccord court;
+  court.MAXSPAN = 2;
+  EXPECT_EQ(rang(cherche("C", kStandard, court), "x32010", 6), 0);
+  // Without the root's reward, an inversion rich in open strings leads.
+  ParametresAccord sansFondamentale;
+  sansFondamentale.ROOT_SCORE = 0;
+  EXPECT_NE(renversement(cherche("C", kStandard, sansFondamentale)[0], kStandard, 3), "");
+}
+
+TEST(AccordRecherche, BadInputGivesNothingAndExtremeParametersStayBounded) {
+  const auto c = lisNomAccord("C");
+  ASSERT_TRUE(c);
+  for (const std::vector<int>& cordes :
+       {std::vector<int>{}, {7, 0, 5}, {7, 0, 5, 10, 2, 7, 0, 5}, {7, 0, 5, 12}, {7, 0, -1, 5}})
+    EXPECT_TRUE(chercheDoigtés(*c, cordes, {}).empty());
+  EXPECT_TRUE(chercheDoigtés(ConstructionAccord{}, hauteurs(kStandard), {}).empty());
+
+  ParametresAccord zéro{0, 0, 0, 0, 0, 0, 0};
+  // No reach at all: only the open strings, and they make no C.
+  EXPECT_TRUE(cherche("C", kStandard, zéro).empty());
+  const auto eMineur = cherche("Emin", kStandard, zéro);
+  ASSERT_EQ(eMineur.size(), 1u);
+  EXPECT_EQ(texte(eMineur[0], 6), "xxx000");
+  // The widest reach and the heaviest weights end with the best thousand.
+  ParametresAccord plein{255, 255, 255, 255, 255, 255, 255};
+  const auto liste = cherche("C13", kSeptCordes, plein);
+  EXPECT_EQ(liste.size(), kDoigtésMax);
+}
+
+TEST(AccordRecherche, TheInversionNamesTheLowestNote) {
+  const auto d = [](std::initializer_list<int> cases) {
+    Doigté x;
+    std::copy(cases.begin(), cases.end(), x.cases.begin());
+    return x;
+  };
+  const struct {
+    Doigté doigté;
+    const char* attendu;
+  } cas[] = {
+      {d({-1, 3, 2, 0, 1, 0}), ""},
+      {d({0, 3, 2, 0, 1, 0}), "/E"},
+      {d({3, 3, 2, 0, 1, 0}), "/G"},
+      // The open A sounds under the D of the low string's tenth fret.
+      {d({10, 0, 0, 10, 10, 10}), "/A"},
+      {d({-1, -1, -1, -1, -1, -1}), ""},
+  };
+  for (const auto& c : cas) {
+    SCOPED_TRACE(c.attendu);
+    // C is pitch 3 and D pitch 5: the last case asks with the root D.
+    const int fondamentale = std::string(c.attendu) == "/A" ? 5 : 3;
+    EXPECT_EQ(renversement(c.doigté, kStandard, fondamentale), c.attendu);
+  }
+}
+
+}  // namespace
+}  // namespace vt
