@@ -40,7 +40,7 @@ class Impressions : public Editeur {
  protected:
   void prépare(int mesures) {
     ouvre();
-    ftab->message = [this](const QString& t) { messages.push_back(t); };
+    ftab->message = [this](const QString& t, QMessageBox::Icon) { messages.push_back(t); };
     for (int m = 2; m <= mesures; ++m)
       doc().addMesure();
     for (int m = 1; m <= mesures; ++m)

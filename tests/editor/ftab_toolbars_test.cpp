@@ -205,6 +205,9 @@ TEST_F(Barres, EveryButtonWritesItsCodeAndShowsTheStateOfTheNoteUnderTheCursor) 
   ftab->choisitFichier = [](bool, const QString&, const QString&, const QString&) {
     return QString();
   };
+  ftab->dialogueImpression = [](QPrinter&, int) { return false; };
+  ftab->ouvreApercu = [] {};
+  ftab->ouvreMiseEnPage = [] { return false; };
 
   // The table covers every button there is.
   std::map<QString, const Bouton*> parClé;

@@ -32,7 +32,7 @@ void FTab::mnuTabFileExportWAV() {
   for (const MessageSon& m : r.messages) {
     QString texte = m_vt.loadString(m.id);
     if (!m.détail.empty()) texte += QLatin1Char('\n') + QString::fromStdString(m.détail);
-    message(texte);
+    message(texte, QMessageBox::Warning);
   }
 }
 

@@ -34,7 +34,7 @@ void FTab::connecteImpression() {
     aperçu.dialogueImpression = [this](QPrinter& printer, int pages) {
       return dialogueImpression(printer, pages);
     };
-    aperçu.message = [this](const QString& texte) { message(texte); };
+    aperçu.message = [this](const QString& texte) { message(texte, QMessageBox::Critical); };
     aperçu.miseEnPage = [this] { return ouvreMiseEnPage(); };
     aperçu.exec();
   };
@@ -50,7 +50,7 @@ void FTab::imprime() {
                                       return ok;
                                     });
   m_vt.showHourglass(false);
-  if (r == Impression::Echouee) message(m_vt.loadString(1378));
+  if (r == Impression::Echouee) message(m_vt.loadString(1378), QMessageBox::Critical);
 }
 
 void FTab::mnuTabFileExportPDF(bool toutesLesPistes) {
@@ -80,7 +80,8 @@ void FTab::mnuTabFileExportPDF(bool toutesLesPistes) {
   m_vt.showHourglass(false);
   if (!r.ok)
     message(m_vt.loadString(6122) + QLatin1Char('\n') + fichier + QStringLiteral(": ") +
-            QString::fromStdString(r.erreur));
+                QString::fromStdString(r.erreur),
+            QMessageBox::Critical);
 }
 
 }  // namespace vt

@@ -10,10 +10,6 @@ namespace {
 bool estChiffre(int key) {
   return key >= Qt::Key_0 && key <= Qt::Key_9;
 }
-bool estModificateur(int key) {
-  return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt ||
-         key == Qt::Key_Meta || key == Qt::Key_AltGr;
-}
 bool estEntrée(int key) {
   return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
@@ -95,7 +91,7 @@ void FTab::picTab_KeyDown(int key, Qt::KeyboardModifiers mods, bool répétition
   // Where the digits of the main row need Shift, Shift only makes the digit.
   if (estChiffre(key) && maj && !ctrl && !alt && !mods.testFlag(Qt::KeypadModifier)) maj = false;
   // Only a digit may follow a digit to make a two-digit fret.
-  if (!estModificateur(key) && (!estChiffre(key) || ctrl || alt)) m_caseTapée.reset();
+  if (!estChiffre(key) || ctrl || alt) m_caseTapée.reset();
 
   // 1. Ctrl+Insert flips the entry mode, whatever the other modifiers.
   if (ctrl && key == Qt::Key_Insert) m_vt.toggleInsert();
