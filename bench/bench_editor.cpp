@@ -22,6 +22,7 @@
 #include <memory>
 #include <string>
 
+#include "bench_editeur.h"
 #include "document/tablature.h"
 #include "editor/ftab.h"
 #include "formats/vtb.h"
@@ -33,54 +34,8 @@ using namespace vt;
 
 constexpr int kMesures = 2000;
 
-class SonMuet : public SonLive {
- public:
-  void midiOpenOut() override {}
-  void midiOpenIn() override {}
-  void midiCloseOut() override {}
-  void midiCloseIn() override {}
-  void midiNoteOnGlobal(int) override {}
-  void midiNoteOffGlobal(int) override {}
-  void midiController(int, int, int) override {}
-};
-
-struct Editeur {
-  QTemporaryDir dossier;
-  std::unique_ptr<VT> vt;
-  FTab* ftab = nullptr;
-
+struct Editeur : banc::EditeurBanc {
   Editeur() {
-    const QString réglages = dossier.filePath("settings.ini");
-    {
-      QSettings s(réglages, QSettings::IniFormat);
-      s.setValue("Options/setLang", "10000");
-      s.setValue(QString::fromUtf8("Options/setDémarrage"), "0");
-      s.setValue("Options/Show Tips at Startup", "0");
-      s.setValue("Options/setLoadHelpAccessWndAtStartup", "False");
-      s.setValue("Options/setMancheVisible", "True");
-    }
-    qputenv("VANTORO_SETTINGS", réglages.toUtf8());
-    vt = std::make_unique<VT>();
-    VT::Interactions i;
-    i.getLang = [] { return static_cast<i16>(10000); };
-    i.exec = [](QDialog&) {};
-    i.critique = [](const QString&, const QString&) {};
-    i.information = [](const QString&) {};
-    i.avertissement = [](const QString&) {};
-    vt->setInteractions(i);
-    vt->setSon(std::make_unique<SonMuet>());
-    vt->fenetres().enregistrer(fen::FTab, [](VT& v) { return new FTab(v); });
-    VT::Démarrage d;
-    d.strAppPath = QStringLiteral(VT_BIN_DIR "/");
-    d.dossierDonnéesUtilisateur = dossier.filePath("data");
-    d.rafraîchirBureau = false;
-    if (!vt->MDIForm_Load(d)) std::abort();
-    vt->resize(1700, 1000);
-    ftab = dynamic_cast<FTab*>(vt->montreFenetre(fen::FTab));
-    if (ftab == nullptr) std::abort();
-    ftab->setOuvreDialogue({}, {});
-    if (auto* cadre = qobject_cast<QMdiSubWindow*>(ftab->parentWidget())) cadre->resize(1610, 700);
-
     CVantoroTablature& doc = vt->document();
     while (doc.getMesureLast() < kMesures)
       doc.addMesure();
@@ -97,27 +52,17 @@ struct Editeur {
     ftab->refreshPicture();
     QApplication::processEvents();
   }
-
-  // The key as the window system sends it, then what it changed painted.
-  void touche(int key) {
-    QWidget* pic = ftab->picTab();
-    QKeyEvent appui(QEvent::KeyPress, key, Qt::NoModifier, QString());
-    QApplication::sendEvent(pic, &appui);
-    QKeyEvent relâche(QEvent::KeyRelease, key, Qt::NoModifier, QString());
-    QApplication::sendEvent(pic, &relâche);
-    QApplication::processEvents();
-  }
 };
 
 // Made on first use, gone before the application: the main window needs it.
 std::unique_ptr<Editeur> g_banc;
-Editeur& banc() {
+Editeur& éditeur() {
   if (!g_banc) g_banc = std::make_unique<Editeur>();
   return *g_banc;
 }
 
 void BM_TypedFretRepaintsItsBar(benchmark::State& state) {
-  Editeur& e = banc();
+  Editeur& e = éditeur();
   if (e.vt->booInsert()) e.vt->toggleInsert();
   int k = 0;
   for (auto _ : state) {
@@ -129,7 +74,7 @@ void BM_TypedFretRepaintsItsBar(benchmark::State& state) {
 BENCHMARK(BM_TypedFretRepaintsItsBar)->Unit(benchmark::kMillisecond);
 
 void BM_CursorMove(benchmark::State& state) {
-  Editeur& e = banc();
+  Editeur& e = éditeur();
   int k = 0;
   for (auto _ : state)
     e.touche(k++ % 2 == 0 ? Qt::Key_Down : Qt::Key_Up);
@@ -137,7 +82,7 @@ void BM_CursorMove(benchmark::State& state) {
 BENCHMARK(BM_CursorMove)->Unit(benchmark::kMillisecond);
 
 void BM_TypedFretInInsertMode(benchmark::State& state) {
-  Editeur& e = banc();
+  Editeur& e = éditeur();
   if (!e.vt->booInsert()) e.vt->toggleInsert();
   CVantoroTablature& doc = e.vt->document();
   for (auto _ : state) {
@@ -264,7 +209,7 @@ class CompteurPeintures : public QObject {
 // the document, rebuilds its track entries and draws the strip; the pending
 // paint of the widget is then done.
 void BM_OpenLargeFile(benchmark::State& state) {
-  Editeur& e = banc();
+  Editeur& e = éditeur();
   const QString fichier = e.dossier.filePath("large.vtb");
   const CVantoroTablature pièce = grandePièce();
   {

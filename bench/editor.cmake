@@ -6,3 +6,10 @@ if(TARGET vt_editor)
   # The program's data folder, beside the programs.
   target_compile_definitions(bench_editor PRIVATE VT_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
 endif()
+
+# The editor on the piece at the format's limits.
+if(TARGET vt_editor)
+  vt_add_bench(NAME bench_editor_limits DEPS vt_editor vt_formats Qt6::Widgets
+    SOURCES ${CMAKE_CURRENT_LIST_DIR}/bench_editor_limits.cpp)
+  target_compile_definitions(bench_editor_limits PRIVATE VT_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
+endif()
