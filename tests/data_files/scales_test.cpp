@@ -135,28 +135,15 @@ TEST(ScalesFile, KnownRecords) {
 
 TEST(ScalesFile, HoldsTheScalesModesAndChordsTheToolsNeed) {
   const auto scales = readScales();
-  for (const char* name : {"Natural minor scale",
-                           "Harmonic minor scale",
-                           "Major pentatonic",
-                           "Minor pentatonic",
-                           "Whole-tone scale",
-                           "Diminished (half-whole)",
-                           "Diminished (whole-half)",
-                           "Chromatic scale",
-                           "Chord minor",
-                           "Chord 7",
-                           "Chord maj7",
-                           "Chord m7",
-                           "Chord dim",
-                           "Chord aug",
-                           "Chord sus2",
-                           "Chord sus4",
-                           "Chord 6",
-                           "Chord m6",
-                           "Chord 9",
-                           "Chord add9",
-                           "Chord m7b5 (half-diminished)",
-                           "Chord dim7"})
+  // clang-format off
+  const char* const needed[] = {
+      "Natural minor scale", "Harmonic minor scale", "Major pentatonic", "Minor pentatonic",
+      "Whole-tone scale", "Diminished (half-whole)", "Diminished (whole-half)", "Chromatic scale",
+      "Chord minor", "Chord 7", "Chord maj7", "Chord m7", "Chord dim", "Chord aug", "Chord sus2",
+      "Chord sus4", "Chord 6", "Chord m6", "Chord 9", "Chord add9", "Chord m7b5 (half-diminished)",
+      "Chord dim7"};
+  // clang-format on
+  for (const char* name : needed)
     EXPECT_NE(find(scales, name), nullptr) << name;
 
   // The seven modes of the major scale: each is the major scale's notes.

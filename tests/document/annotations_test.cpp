@@ -187,13 +187,9 @@ TEST(Markers, StartAndStopStayInOrder) {
   EXPECT_EQ(doc.marqueurs(), (tMarqueurs{4, 50, 7, 0}));
 }
 
-TEST(TrackSettings, PlainReadsAndWritesWithLimits) {
+TEST(TrackSettings, LimitsOfTheStringCountAndTheName) {
   CVantoroTablature doc;
-  doc.setMIDIBank(1, 5);
-  doc.setPistePlaySolo(1, kVrai);
-  doc.setGuitareCorde(1, 7, 35);
-  EXPECT_EQ(doc.getMIDIBank(1), 5);
-  EXPECT_EQ(doc.getPistePlaySolo(1), kVrai);
+  doc.setGuitareCorde(1, 7, 35);  // kept past the string count
   EXPECT_EQ(doc.getGuitareCorde(1, 7), 35);
   EXPECT_EQ(doc.getGuitareCorde(1, 8), 0);
   EXPECT_FALSE(doc.setGuitareNbrCordes(1, 8));

@@ -15,6 +15,15 @@ namespace {
 
 const std::filesystem::path kLivré = test::dossierDonnées() / kFichierCatalogue;
 
+tPiste pisteDe(const tGuitare& g) {
+  tPiste p;
+  p.bytNbrCordes = g.nbrCordes;
+  p.bytCordes = g.corde;
+  p.bytNbrCases = g.nbrCases;
+  p.bytCapodastre = g.capodastre;
+  return p;
+}
+
 TEST(Catalogue, AbsentKeysTakeTheProfileDefaults) {
   const CatalogueGuitares vide = CatalogueGuitares::load("/nonexistent/vt.ini");
   EXPECT_EQ(vide.nbrGuitares(), 1);
@@ -94,12 +103,7 @@ TEST(Catalogue, ShippedFileIsCompleteAndHasTheCommonTunings) {
     EXPECT_EQ(g.capodastre, 0);
     // No instrument hides another: each is the first with its layout.
     EXPECT_TRUE(vus.insert({g.nbrCordes, g.nbrCases, g.corde}).second);
-    tPiste piste;
-    piste.bytNbrCordes = g.nbrCordes;
-    piste.bytCordes = g.corde;
-    piste.bytNbrCases = g.nbrCases;
-    piste.bytCapodastre = g.capodastre;
-    EXPECT_EQ(chercherGuitarePiste(c, piste), i);
+    EXPECT_EQ(chercherGuitarePiste(c, pisteDe(g)), i);
     accordages.insert(g.corde);
   }
   const auto a = [](std::initializer_list<int> cordes) { return test::guitare(cordes).corde; };
@@ -109,15 +113,6 @@ TEST(Catalogue, ShippedFileIsCompleteAndHasTheCommonTunings) {
         a({62, 57, 53, 48, 43, 38}), a({64, 59, 55, 50, 45, 40, 35}), a({43, 38, 33, 28}),
         a({43, 38, 33, 28, 23})})
     EXPECT_TRUE(accordages.count(attendu));
-}
-
-tPiste pisteDe(const tGuitare& g) {
-  tPiste p;
-  p.bytNbrCordes = g.nbrCordes;
-  p.bytCordes = g.corde;
-  p.bytNbrCases = g.nbrCases;
-  p.bytCapodastre = g.capodastre;
-  return p;
 }
 
 TEST(Catalogue, FileMatchLooksAtTheStringsOnly) {
