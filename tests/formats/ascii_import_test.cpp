@@ -10,6 +10,7 @@
 namespace vt {
 namespace {
 
+using test::notes;
 using test::poser;
 
 InterchangeResult importer(const std::string& texte, CVantoroTablature& doc, int rythme = 24) {
@@ -20,18 +21,6 @@ InterchangeResult importer(const std::string& texte, CVantoroTablature& doc, int
     EXPECT_EQ(validateDocument(doc), "");
   }
   return r;
-}
-
-// Every note of the track as "bar:string:X:fret", in bar, string, X order.
-std::vector<std::string> notes(const CVantoroTablature& doc) {
-  std::vector<std::string> out;
-  for (int m = 1; m <= doc.getMesureLast(); ++m)
-    for (int c = 1; c <= doc.getGuitareNbrCordes(1); ++c)
-      for (int n = 1; n <= doc.getNoteLast(1, m, c); ++n)
-        out.push_back(std::to_string(m) + ":" + std::to_string(c) + ":" +
-                      std::to_string(doc.getNoteX(1, m, c, n)) + ":" +
-                      std::to_string(doc.getNoteCase(1, m, c, n)));
-  return out;
 }
 
 TEST(AsciiImportBlocks, AnEmptyFileIsSaidToHoldNoTablatureSinceNothingInItIsDamaged) {

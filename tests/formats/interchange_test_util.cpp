@@ -35,6 +35,17 @@ CVantoroTablature document(int mesures, int pistes) {
   return doc;
 }
 
+std::vector<std::string> notes(const CVantoroTablature& doc, int p) {
+  std::vector<std::string> out;
+  for (int m = 1; m <= doc.getMesureLast(); ++m)
+    for (int c = 1; c <= doc.getGuitareNbrCordes(p); ++c)
+      for (int n = 1; n <= doc.getNoteLast(p, m, c); ++n)
+        out.push_back(std::to_string(m) + ":" + std::to_string(c) + ":" +
+                      std::to_string(doc.getNoteX(p, m, c, n)) + ":" +
+                      std::to_string(doc.getNoteCase(p, m, c, n)));
+  return out;
+}
+
 std::vector<Enregistreur::Evt> Enregistreur::deType(WalkEventType t) const {
   std::vector<Evt> r;
   for (const Evt& e : evts)

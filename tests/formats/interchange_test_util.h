@@ -21,6 +21,9 @@ int poser(CVantoroTablature& doc, int p, int m, int c, int x, int frette, int du
 // A document of `mesures` 4/4 bars and `pistes` standard six-string tracks.
 CVantoroTablature document(int mesures, int pistes = 1);
 
+// Every note of a track as "bar:string:X:fret", in bar, string, X order.
+std::vector<std::string> notes(const CVantoroTablature& doc, int piste = 1);
+
 // Every event of a walk, with a copy of the starting note.
 struct Enregistreur : WalkSink {
   struct Evt {
