@@ -155,9 +155,7 @@ TEST(Repeats, FirstBarWithAnError) {
   EXPECT_EQ(renvois(6, {{5, 2, 0}}), 6);             // never closed: the last bar
   EXPECT_EQ(renvois(3, {{2, 2, 2}, {3, 2, 2}}), 0);  // one-bar repeats
   EXPECT_EQ(renvois(3, {{1, 1, 3}, {2, 0, 1}}), 0);  // double and final lines are no repeats
-}
-
-TEST(Repeats, AnEndAfterAClosedRepeatWithoutItsOwnStartIsAnError) {
+  // An end after a closed repeat, without a start of its own.
   EXPECT_EQ(renvois(5, {{1, 2, 0}, {2, 0, 2}, {4, 0, 2}}), 4);
 }
 

@@ -69,18 +69,6 @@ TEST(Catalogue, NamesComeOutInWindows1252FromEitherEncoding) {
   EXPECT_EQ(ancien.loadGuitare(1, 0).nom, "Ukul\xE9l\xE9");
 }
 
-TEST(Catalogue, ShippedFileBeginsWithTheStandardGuitar) {
-  const CatalogueGuitares c = CatalogueGuitares::load(kLivré);
-  ASSERT_GE(c.nbrGuitares(), 11);
-  const tGuitare g = c.loadGuitare(1, kLangAnglais);
-  EXPECT_EQ(g.nbrCordes, 6);
-  EXPECT_EQ(g.corde, (std::array<byt, 8>{0, 64, 59, 55, 50, 45, 40, 0}));
-  EXPECT_EQ(g.nbrCases, 24);
-  EXPECT_EQ(g.capodastre, 0);
-  EXPECT_EQ(g.nom, "Guitar, standard tuning");
-  EXPECT_EQ(c.loadGuitare(1, kLangFrançais).nom, "Guitare, accordage standard");
-}
-
 TEST(Catalogue, ShippedFileIsCompleteAndHasTheCommonTunings) {
   const CatalogueGuitares c = CatalogueGuitares::load(kLivré);
   const IniFile& ini = c.ini();
