@@ -81,6 +81,15 @@ TEST(PageLayout, LinesAreJustifiedExceptAShortLastOne) {
   // Bars follow on without a gap or a repeat.
   for (std::size_t i = 1; i < systèmes.size(); ++i)
     EXPECT_EQ(systèmes[i].première, systèmes[i - 1].dernière + 1);
+  // A tick's x on a stretched line is rounded half to even: 12.5, 37.5, 62.5, 87.5.
+  PlaceMesure b;
+  b.xNotes = 100;
+  b.échelle = 24;
+  b.interNote = 20;
+  b.interMesure = 10;
+  b.étirement = 1.25;
+  EXPECT_EQ((std::vector<double>{b.xTick(0), b.xTick(24), b.xTick(48), b.xTick(72)}),
+            (std::vector<double>{112, 138, 162, 188}));
 }
 
 TEST(PageLayout, SignatureRoomFollowsTheNumeratorTest) {
