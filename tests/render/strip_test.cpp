@@ -263,13 +263,21 @@ TEST_F(Beams, TwoEighthsOnABeatMeet) {
   EXPECT_EQ(poutres(foot - 1).size(), 2U);  // two pixels thick
 }
 
-TEST_F(Beams, AnEighthBeforeAQuarterGetsAFlag) {
+TEST_F(Beams, AnEighthBeforeAQuarterOrInABarWithoutABeamUnitGetsAFlag) {
   note(b.doc, 1, 3, 0, 2, 24);
   note(b.doc, 1, 3, 24, 2, 48);
   b.r.drawInLine();
   const auto rang = poutres(7 * 13 + 140);
   ASSERT_EQ(rang.size(), 1U);
   EXPECT_EQ(rang[0].x2 - rang[0].x1, 20 / 4);
+  // A bar without a beam unit flags every note.
+  b.doc.setMesureSignature(1, 8, 8);
+  b.doc.setNoteDurée(1, 1, 3, 2, 24);
+  b.surface.clearRecord();
+  b.r.drawInLine();
+  ASSERT_EQ(poutres(7 * 13 + 140).size(), 2U);
+  for (const Primitive& p : poutres(7 * 13 + 140))
+    EXPECT_EQ(p.x2 - p.x1, 5);
 }
 
 TEST_F(Beams, SixteenthsAndMixedGroups) {
@@ -301,15 +309,6 @@ TEST_F(Beams, TripletsAndDotsAreMarkedUnderTheStem) {
       [](const Primitive& p) { return p.kind == K::Circle && p.x2 == 1 && p.y1 == 8 * 13 + 140; });
   ASSERT_EQ(point.size(), 1U);
   EXPECT_EQ(point[0].state.fillStyle, FillStyle::Solid);
-}
-
-TEST_F(Beams, ABarWithoutABeamUnitFlagsEveryNote) {
-  b.doc.setMesureSignature(1, 8, 8);
-  note(b.doc, 1, 3, 0, 2, 24);
-  note(b.doc, 1, 3, 24, 2, 24);
-  b.r.drawInLine();
-  for (const Primitive& p : poutres(7 * 13 + 140))
-    EXPECT_EQ(p.x2 - p.x1, 5);
 }
 
 }  // namespace

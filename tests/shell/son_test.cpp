@@ -158,8 +158,11 @@ TEST_F(SonJournal, TheSettingsOfTheMomentReachTheBytes) {
   règle("Options/setMIDIinstru", "30");
   règle("Options/setMIDIvolume", "77");
   règle("Options/setSoundFont", "/home/me/piano.sf2");
+  messages = {{son::kAucuneSortieAudio.id, "pulseaudio: connection refused"}};
   prépare();
   ASSERT_TRUE(démarre());
+  // What the output says, in the window's language with its detail.
+  EXPECT_EQ(avertissements, QStringList{vt->loadString(3104) + "\npulseaudio: connection refused"});
   vt->resize(1000, 700);
   QCoreApplication::processEvents();
   ASSERT_EQ(ouvertures.size(), 1u);
@@ -173,13 +176,6 @@ TEST_F(SonJournal, TheSettingsOfTheMomentReachTheBytes) {
   clic(droitier(5, 6));               // A2
   EXPECT_EQ(octets(*journalMidi), (std::vector<std::string>{"C3 1E", "93 43 4D", "B3 7B 00",
                                                             "94 43 00", "94 2D 4D", "B4 7B 00"}));
-}
-
-TEST_F(SonJournal, MessagesAreShownInTheWindowsLanguageWithTheirDetail) {
-  messages = {{son::kAucuneSortieAudio.id, "pulseaudio: connection refused"}};
-  prépare();
-  ASSERT_TRUE(démarre());
-  EXPECT_EQ(avertissements, QStringList{vt->loadString(3104) + "\npulseaudio: connection refused"});
 }
 
 TEST_F(SonJournal, InputNotesCrossToTheWindowsThreadAsQueuedCalls) {
