@@ -221,16 +221,7 @@ TEST_F(Rests, ARunOfSeventyTwoTicksIsAQuarterThenAnEighth) {
   EXPECT_EQ(p[1].x1, (108 * 20) / 24 + 55);
 }
 
-TEST_F(Rests, AnEmptyFiveEightBarRoundsItsRunDown) {
-  b.doc.setMesureSignature(1, 5, 8);
-  b.r.drawNotePortéeSilences(1, 1);
-  const auto p = pauses();
-  ASSERT_EQ(p.size(), 1U);  // 120 ticks round down to 96: a half rest
-  EXPECT_EQ(p[0].xs, pt::kPauseBlanche.x);
-  EXPECT_EQ(p[0].x1, 60 * 20 / 24 + 55);
-}
-
-TEST_F(Rests, AnEmptyFourFourBarHasAWholeRestAndShortGapsNone) {
+TEST_F(Rests, EmptyBarsHaveARestOfTheirLengthRoundedDownAndShortGapsNone) {
   b.r.drawNotePortéeSilences(1, 1);
   ASSERT_EQ(pauses().size(), 1U);
   EXPECT_EQ(pauses()[0].xs, pt::kPauseRonde.x);
@@ -238,6 +229,13 @@ TEST_F(Rests, AnEmptyFourFourBarHasAWholeRestAndShortGapsNone) {
   note(b.doc, 1, 1, 0, 0, 188);  // leaves 4 ticks: below the shortest rest
   b.r.drawNotePortéeSilences(1, 1);
   EXPECT_TRUE(pauses().empty());
+  b.doc.addMesure();
+  b.doc.setMesureSignature(2, 5, 8);
+  b.r.drawNotePortéeSilences(1, 2);
+  const auto p = pauses();
+  ASSERT_EQ(p.size(), 1U);  // 120 ticks round down to 96: a half rest
+  EXPECT_EQ(p[0].xs, pt::kPauseBlanche.x);
+  EXPECT_EQ(p[0].x1, 60 * 20 / 24 + 255);
 }
 
 TEST(Staff, TheShowcaseHasEveryKindOfSignInEveryViewMode) {
