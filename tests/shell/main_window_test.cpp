@@ -145,6 +145,18 @@ TEST_F(FenetrePrincipale, EntriesOfWindowsThisBuildLacksAreDisabledUntilRegister
   EXPECT_TRUE(vt->mnuFen(0)->isEnabled());
   EXPECT_TRUE(vt->boutonBarre("accords")->isEnabled());
   EXPECT_FALSE(vt->mnuFen(1)->isEnabled());
+  // Any options dialog will do: the MIDI panel opens it on its page.
+  struct Options : QDialog, FenetreOptions {
+    explicit Options(Journal& j) : m_j(j) {}
+    void selectTab(const QString& clé) override { m_j.push_back("tab " + clé); }
+    Journal& m_j;
+  };
+  vt->fenetres().enregistrer(
+      fen::FOptions, [this](VT&) { return new Options(journal); },
+      RegistreFenetres::Genre::Dialogue);
+  EXPECT_TRUE(vt->mnuFile(4)->isEnabled());
+  QTest::mouseDClick(vt->panneau("midi"), Qt::LeftButton);
+  EXPECT_EQ(journal, (Journal{"tab KeyMidi"}));
 }
 
 TEST_F(FenetrePrincipale, AWindowIsCreatedOnceAndBroughtForwardAfterwards) {
