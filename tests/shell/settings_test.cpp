@@ -139,19 +139,15 @@ TEST_F(SettingsStore, NumbersAreRoundedHalfToEvenAndBooleansAcceptNumbers) {
   ecrire("Options/setMancheVisible", "0");
   ecrire("Options/setLeftHanded", "-1");
   ecrire("Tab/cfgFontBold", "false");
-  const Settings s = charger();
+  ecrire("Options/setLang", "-1");  // brings the language dialog back
+  int questions = 0;
+  const Settings s = charger(&questions);
+  EXPECT_EQ(questions, 1);
   EXPECT_EQ(s.setMIDIvolume, 100);
   EXPECT_EQ(s.setMIDIinstru, 102);
   EXPECT_EQ(s.setMancheVisible, kFaux);
   EXPECT_EQ(s.setLeftHanded, kVrai);
   EXPECT_EQ(s.cfgFontBold, kFaux);
-}
-
-TEST_F(SettingsStore, AStoredMinusOneBringsTheLanguageDialogBack) {
-  ecrire("Options/setLang", "-1");
-  int questions = 0;
-  charger(&questions);
-  EXPECT_EQ(questions, 1);
 }
 
 TEST_F(SettingsStore, AMinimizedWindowRecordsNoStateAndNoGeometry) {
