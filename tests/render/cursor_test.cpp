@@ -9,7 +9,9 @@ namespace vt {
 namespace {
 
 using test::Banc;
+using test::coins;
 using test::note;
+using test::q;
 using K = Primitive::Kind;
 
 TEST(Cursor, ShownByMaskPenHiddenByMergeNotPen) {
@@ -25,14 +27,9 @@ TEST(Cursor, ShownByMaskPenHiddenByMergeNotPen) {
   ASSERT_EQ(p.size(), 2U);
   const int x = (50 / 24 + 1) * 20 + 255;
   EXPECT_EQ(p[0].kind, K::Segment);
-  EXPECT_EQ(p[0].x1, x);
-  EXPECT_EQ(p[0].y1, 31);
-  EXPECT_EQ(p[0].y2, 400);
-  EXPECT_EQ(p[1].kind, K::FilledBox);
-  EXPECT_EQ(p[1].x1, x - 9);
-  EXPECT_EQ(p[1].x2, x + 9);  // IN - 1 wide
-  EXPECT_EQ(p[1].y1, 140 + 2 * 13 - 6);
-  EXPECT_EQ(p[1].y2 - p[1].y1 + 1, 13);
+  EXPECT_EQ(coins(p[0]), q(x, 31, x, 400));
+  EXPECT_EQ(p[1].kind, K::FilledBox);  // IN - 1 wide, a string's gap high
+  EXPECT_EQ(coins(p[1]), q(x - 9, 140 + 2 * 13 - 6, x + 9, 140 + 2 * 13 + 6));
   for (const Primitive& q : p) {
     EXPECT_EQ(q.state.drawMode, DrawMode::MaskPen);
     EXPECT_EQ(q.state.foreColor, b.s.cfgCurseurColor);
@@ -47,7 +44,8 @@ TEST(Cursor, ShownByMaskPenHiddenByMergeNotPen) {
 
 TEST(Selection, NothingWithoutOneAndABoxAroundIt) {
   Banc b;
-  for (int i = 0; i < 3; ++i) b.doc.addMesure();
+  for (int i = 0; i < 3; ++i)
+    b.doc.addMesure();
   b.r.selAffiche();
   EXPECT_TRUE(b.surface.primitives().empty());
   // One cell, as a click leaves it: the cursor marks it, with no box of its own.
@@ -66,10 +64,8 @@ TEST(Selection, NothingWithoutOneAndABoxAroundIt) {
   b.r.selAffiche();
   const auto boîtes = b.surface.ofKind(K::FilledBox);
   ASSERT_EQ(boîtes.size(), 1U);
-  EXPECT_EQ(boîtes[0].x1, (1 + 1) * 20 + 55 - 9);
-  EXPECT_EQ(boîtes[0].x2, (2 + 1) * 20 + 255 + 10);
-  EXPECT_EQ(boîtes[0].y1, 140 + 13 - 6);
-  EXPECT_EQ(boîtes[0].y2, 140 + 39 + 7);
+  EXPECT_EQ(coins(boîtes[0]),
+            q((1 + 1) * 20 + 55 - 9, 140 + 13 - 6, (2 + 1) * 20 + 255 + 10, 140 + 39 + 7));
   EXPECT_EQ(boîtes[0].state.drawMode, DrawMode::MaskPen);
 
   // Starting before the first bar shown, the box opens at the strip's left.
@@ -101,10 +97,7 @@ TEST(PartialRepaint, ErasesInTheBackgroundAndRedrawsTheBar) {
   const auto blanc = b.surface.ofKind(K::Rectangle);
   ASSERT_EQ(blanc.size(), 1U);  // the staff under a white box, whatever the background
   EXPECT_EQ(blanc[0].state.fillColor, kBlanc);
-  EXPECT_EQ(blanc[0].x1, 255);
-  EXPECT_EQ(blanc[0].y1, 290 - 84);
-  EXPECT_EQ(blanc[0].x2, 255 + 160 + 10 + 1);
-  EXPECT_EQ(blanc[0].y2, 290 - 84 + 160 + 1);
+  EXPECT_EQ(coins(blanc[0]), q(255, 290 - 84, 255 + 160 + 10 + 1, 290 - 84 + 160 + 1));
 
   b.surface.clearRecord();
   b.r.drawCurrentMesure();

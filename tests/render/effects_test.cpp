@@ -9,13 +9,16 @@ namespace vt {
 namespace {
 
 using test::Banc;
+using test::coins;
 using test::note;
+using test::q;
+using test::rayons;
 using K = Primitive::Kind;
 
 struct Effects : ::testing::Test {
   Banc b;
   // The effect of note n of string c, drawn alone.
-  const std::vector<Primitive>& dessine(int c, int n, int m = 1) {
+  std::vector<Primitive> dessine(int c, int n, int m = 1) {
     b.surface.clearRecord();
     b.r.drawEffet(1, m, c, n);
     return b.surface.primitives();
@@ -25,8 +28,8 @@ struct Effects : ::testing::Test {
 };
 
 TEST_F(Effects, LinkingEffectsNeedANextNote) {
-  for (const byt e : {effet::kLiaison, effet::kHammerOn, effet::kPullOff, effet::kSlideUp,
-                      effet::kSlideDown}) {
+  for (const byt e :
+       {effet::kLiaison, effet::kHammerOn, effet::kPullOff, effet::kSlideUp, effet::kSlideDown}) {
     Banc seul;
     note(seul.doc, 1, 3, 0, 5, 48, 0, e);
     seul.r.drawEffet(1, 1, 3, 1);
@@ -37,27 +40,22 @@ TEST_F(Effects, LinkingEffectsNeedANextNote) {
 TEST_F(Effects, TieArcsToTheNextNoteOnItsString) {
   note(b.doc, 1, 3, 0, 5, 48, 0, effet::kLiaison);
   note(b.doc, 1, 3, 48, 5, 48);
-  const auto& p = dessine(3, 1);
+  const auto p = dessine(3, 1);
   ASSERT_EQ(p.size(), 1U);
   EXPECT_EQ(p[0].kind, K::Arc);
   const int x = 55 + 20;  // the effect column: IM as last term
   const int nx = 55 + 40 + 20;
-  EXPECT_EQ(p[0].x1, x);
-  EXPECT_EQ(p[0].y1, T + IS);
-  EXPECT_EQ(p[0].x2, nx);
-  EXPECT_EQ(p[0].y2, T + 2 * IS);
-  // From the right end round over the top to the left end, at mid height.
-  EXPECT_EQ(p[0].xs, nx);
-  EXPECT_EQ(p[0].xe, x);
-  EXPECT_EQ(p[0].ys, 160);  // (3 - 1.5) * 13 + 140 = 159.5, rounded to even
-  EXPECT_EQ(p[0].ye, 160);
+  EXPECT_EQ(coins(p[0]), q(x, T + IS, nx, T + 2 * IS));
+  // From the right end round over the top to the left end, at mid height:
+  // (3 - 1.5) * 13 + 140 = 159.5, rounded to even.
+  EXPECT_EQ(rayons(p[0]), (std::array<int, 4>{nx, 160, x, 160}));
 }
 
-TEST_F(Effects, TheNextNoteMayOpenTheNextBar) {
+TEST_F(Effects, TheNextNoteMayOpenTheNextBarAndPullOffsAndSlides) {
   b.doc.addMesure();
   note(b.doc, 1, 2, 144, 5, 48, 0, effet::kHammerOn);
   note(b.doc, 2, 2, 0, 7, 48);
-  const auto& p = dessine(2, 1);
+  const auto p = dessine(2, 1);
   ASSERT_EQ(p.size(), 2U);
   EXPECT_EQ(p[0].kind, K::Arc);
   EXPECT_EQ(p[0].x2, 255 + 20);
@@ -65,9 +63,7 @@ TEST_F(Effects, TheNextNoteMayOpenTheNextBar) {
   EXPECT_EQ(test::centreX(p[1]), (55 + 120 + 20 + 255 + 20) / 2);
   EXPECT_EQ(test::centreY(p[1]), (2 - 3) * IS + T);
   EXPECT_TRUE(p[1].state.fontTransparent);
-}
 
-TEST_F(Effects, PullOffAndSlides) {
   note(b.doc, 1, 4, 0, 7, 24, 0, effet::kPullOff);
   note(b.doc, 1, 4, 24, 5, 24, 0, effet::kSlideUp);
   note(b.doc, 1, 4, 48, 7, 24, 0, effet::kSlideDown);
@@ -75,10 +71,8 @@ TEST_F(Effects, PullOffAndSlides) {
   EXPECT_EQ(dessine(4, 1)[1].text, "P");
   const auto montée = dessine(4, 2);
   ASSERT_EQ(montée.size(), 1U);
-  EXPECT_EQ(montée[0].x1, 55 + 20 + 20 + 10);
-  EXPECT_EQ(montée[0].y1, (4 - 0.75) * IS + T);
-  EXPECT_EQ(montée[0].x2, 55 + 40 + 20 - 10);
-  EXPECT_EQ(montée[0].y2, (4 - 1.25) * IS + T);
+  EXPECT_EQ(coins(montée[0]),
+            q(55 + 20 + 20 + 10, (4 - 0.75) * IS + T, 55 + 40 + 20 - 10, (4 - 1.25) * IS + T));
   const auto descente = dessine(4, 3);
   ASSERT_EQ(descente.size(), 1U);
   EXPECT_EQ(descente[0].y1, (4 - 1.25) * IS + T);
@@ -95,14 +89,8 @@ TEST_F(Effects, BendsAreArcsWithAHead) {
   const auto bend = dessine(2, 1);
   ASSERT_EQ(bend.size(), 3U);
   EXPECT_EQ(bend[0].kind, K::Arc);
-  EXPECT_EQ(bend[0].x1, x - w);
-  EXPECT_EQ(bend[0].y1, T - IS);
-  EXPECT_EQ(bend[0].x2, x + w);
-  EXPECT_EQ(bend[0].y2, T - 3 * IS);
-  EXPECT_EQ(bend[0].xs, x);
-  EXPECT_EQ(bend[0].ys, T - IS);
-  EXPECT_EQ(bend[0].xe, x + w);
-  EXPECT_EQ(bend[0].ye, T - 2 * IS);
+  EXPECT_EQ(coins(bend[0]), q(x - w, T - IS, x + w, T - 3 * IS));
+  EXPECT_EQ(rayons(bend[0]), (std::array<int, 4>{x, T - IS, x + w, T - 2 * IS}));
   EXPECT_EQ(bend[1].x2 - bend[1].x1, -5);
   EXPECT_EQ(bend[2].y2 - bend[2].y1, 5);
 
@@ -118,18 +106,13 @@ TEST_F(Effects, BendsAreArcsWithAHead) {
   x = 155;
   const auto relâche = dessine(2, 3);
   ASSERT_EQ(relâche.size(), 3U);
-  EXPECT_EQ(relâche[0].xs, x + w);
-  EXPECT_EQ(relâche[0].ys, T - IS);
-  EXPECT_EQ(relâche[0].xe, x);
-  EXPECT_EQ(relâche[0].ye, T - 2 * IS);
+  EXPECT_EQ(rayons(relâche[0]), (std::array<int, 4>{x + w, T - IS, x, T - 2 * IS}));
 
   x = 195;
   const auto préBend = dessine(2, 4);
   ASSERT_EQ(préBend.size(), 4U);
   EXPECT_EQ(préBend[0].kind, K::Segment);
-  EXPECT_EQ(préBend[0].x1, x);
-  EXPECT_EQ(préBend[0].y1, T - 2 * IS);
-  EXPECT_EQ(préBend[0].y2, T - IS);
+  EXPECT_EQ(coins(préBend[0]), q(x, T - 2 * IS, préBend[0].x2, T - IS));
   EXPECT_EQ(préBend[1].kind, K::Arc);
 }
 
@@ -140,18 +123,14 @@ TEST_F(Effects, VibratoTremoloAndTrill) {
   // A zigzag over the note's 40 pixels: four teeth of two strokes.
   const auto vibrato = dessine(1, 1);
   ASSERT_EQ(vibrato.size(), 8U);
-  EXPECT_EQ(vibrato[0].x1, 75);
-  EXPECT_EQ(vibrato[0].y1, T - IS);
-  EXPECT_EQ(vibrato[0].y2, T - 2 * IS);
+  EXPECT_EQ(coins(vibrato[0]), q(75, T - IS, vibrato[0].x2, T - 2 * IS));
   EXPECT_EQ(vibrato[7].x2, 75 + 40);
 
   const auto trémolo = dessine(1, 2);
   ASSERT_EQ(trémolo.size(), 3U);
   for (const Primitive& p : trémolo) {
     EXPECT_EQ(p.state.drawWidth, 2);
-    EXPECT_EQ(p.x1, 115 - 5);
-    EXPECT_EQ(p.x2, 115 + 5);
-    EXPECT_EQ(p.y2 - p.y1, -6);
+    EXPECT_EQ(coins(p), q(115 - 5, p.y1, 115 + 5, p.y1 - 6));
   }
   EXPECT_EQ(trémolo[0].y1, T - 2 * IS);
   EXPECT_EQ(trémolo[2].y1, T - IS);
@@ -166,7 +145,7 @@ TEST_F(Effects, VibratoTremoloAndTrill) {
   EXPECT_FALSE(b.surface.Font().italique);
 }
 
-TEST_F(Effects, AnEffectOnABlankNoteStandsAlone) {
+TEST_F(Effects, AnEffectOnABlankNoteStandsAloneAndUnknownCodesDrawNothing) {
   b.doc.setNoteWhole(1, 1, 2, 48, kCaseVide, 48);
   b.doc.setNoteEffet(1, 1, 2, 1, effet::kVibrato);
   b.r.drawInLine();
@@ -175,9 +154,7 @@ TEST_F(Effects, AnEffectOnABlankNoteStandsAlone) {
     return p.kind == K::Segment && p.y1 == T - IS && p.y2 == T - 2 * IS;
   });
   EXPECT_EQ(zigzag.size(), 4U);
-}
-
-TEST_F(Effects, UnknownCodesDrawNothingAndTheFontBoxComesBack) {
+  // An unknown code: nothing, and the font box comes back.
   note(b.doc, 1, 1, 0, 5, 48, 0, 26);
   b.surface.setFontTransparent(false);
   EXPECT_TRUE(dessine(1, 1).empty());

@@ -4,9 +4,9 @@
 // PDF that cannot be written leaves nothing behind.
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPdfWriter>
@@ -23,20 +23,8 @@
 namespace vt {
 namespace {
 
-void appPages() {
-  static int argc = 1;
-  static char nom[] = "vt_render_qt_tests";
-  static char* argv[] = {nom, nullptr};
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QGuiApplication* app =
-      QCoreApplication::instance() == nullptr ? new QGuiApplication(argc, argv) : nullptr;
-  (void)app;
-  installeMusicalFont(QCoreApplication::applicationDirPath().toStdString() + "/");
-}
-
-struct QtPages : ::testing::Test {
-  void SetUp() override { appPages(); }
-};
+// The application comes from qt_surface_test.cpp's environment.
+using QtPages = ::testing::Test;
 
 // The output of a command, empty when it could not run.
 std::string sortie(const std::string& commande) {
@@ -169,11 +157,6 @@ TEST_F(QtPages, PdfHasItsPagesSizeTitleAndPageNumbers) {
   EXPECT_NE(serré.find("-2-"), std::string::npos);
   EXPECT_EQ(serré.find("-1-"), std::string::npos);
   EXPECT_NE(sortie("pdffonts '" + chemin + "'").find("MusicalSymbols"), std::string::npos);
-  // To look at the pages: VT_PAGES_DIR=/some/folder keeps a copy there.
-  if (const QString garde = qEnvironmentVariable("VT_PAGES_DIR"); !garde.isEmpty()) {
-    QFile::remove(garde + "/morceau.pdf");
-    QFile::copy(QString::fromStdString(chemin), garde + "/morceau.pdf");
-  }
 }
 
 TEST_F(QtPages, APdfThatCannotBeWrittenLeavesNothing) {

@@ -5,7 +5,7 @@
 
 #include <QGuiApplication>
 #include <algorithm>
-#include <cstdlib>
+#include <functional>
 
 #include "render/staff_source.h"
 #include "render/strip_renderer.h"
@@ -17,20 +17,22 @@
 namespace vt {
 namespace {
 
-void guiApp() {
-  static int argc = 1;
-  static char nom[] = "vt_render_qt_tests";
-  static char* argv[] = {nom, nullptr};
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  static QGuiApplication* app =
-      QCoreApplication::instance() == nullptr ? new QGuiApplication(argc, argv) : nullptr;
-  (void)app;
-  installeMusicalFont(QCoreApplication::applicationDirPath().toStdString() + "/");
-}
-
-struct QtSurface : ::testing::Test {
-  void SetUp() override { guiApp(); }
+// The application of the whole binary, with the music font installed.
+class AppGui : public ::testing::Environment {
+  void SetUp() override {
+    static int argc = 1;
+    static char nom[] = "vt_render_qt_tests";
+    static char* argv[] = {nom, nullptr};
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    static auto* app = new QGuiApplication(argc, argv);
+    (void)app;
+    installeMusicalFont(QCoreApplication::applicationDirPath().toStdString() + "/");
+  }
 };
+[[maybe_unused]] ::testing::Environment* const kAppGui =
+    ::testing::AddGlobalTestEnvironment(new AppGui);
+
+using QtSurface = ::testing::Test;
 
 bool blanche(const QImage& image) {
   for (int y = 0; y < image.height(); ++y)
@@ -39,8 +41,13 @@ bool blanche(const QImage& image) {
   return true;
 }
 
-TEST_F(QtSurface, CursorShownThenHiddenLeavesWhiteUnchanged) {
+TEST_F(QtSurface, CursorAndSelectionShownThenHiddenLeaveWhiteUnchanged) {
   CVantoroTablature doc;
+  doc.intSelStartMesure = 1;
+  doc.intSelStopMesure = 1;
+  doc.intSelStopX = 96;
+  doc.bytSelStartCorde = 2;
+  doc.bytSelStopCorde = 5;
   TabSettings s;
   PainterSurface surface(400, 300);
   tGuitare g;
@@ -49,10 +56,14 @@ TEST_F(QtSurface, CursorShownThenHiddenLeavesWhiteUnchanged) {
   ASSERT_TRUE(blanche(surface.image()));
   r.curAffiche();
   const int x = 75;
-  EXPECT_EQ(surface.image().pixel(x, 100), qRgb(127, 255, 255));  // the line
+  EXPECT_EQ(surface.image().pixel(x, 100), qRgb(127, 255, 255));      // the line
   EXPECT_EQ(surface.image().pixel(x - 5, 140), qRgb(127, 255, 255));  // the box
   EXPECT_EQ(surface.image().pixel(x - 15, 140), qRgb(255, 255, 255));
   r.curEfface();
+  EXPECT_TRUE(blanche(surface.image()));
+  r.selAffiche();
+  EXPECT_EQ(surface.image().pixel(100, 170), qRgb(127, 255, 255));
+  r.selEfface();
   EXPECT_TRUE(blanche(surface.image()));
 }
 
@@ -117,24 +128,6 @@ TEST_F(QtSurface, ShowThenHideGivesBackEveryPixelOverInk) {
   r.curEfface();
   EXPECT_EQ(surface.image().pixel(xLigne, 60), qRgb(255, 0, 0));
   EXPECT_EQ(surface.image().pixel(xLigne, 100), référence.pixel(xLigne, 100));
-}
-
-TEST_F(QtSurface, SelectionShownThenHiddenLeavesWhiteUnchanged) {
-  CVantoroTablature doc;
-  doc.intSelStartMesure = 1;
-  doc.intSelStopMesure = 1;
-  doc.intSelStopX = 96;
-  doc.bytSelStartCorde = 2;
-  doc.bytSelStopCorde = 5;
-  TabSettings s;
-  PainterSurface surface(400, 300);
-  tGuitare g;
-  CStripRenderer r(doc, s, surface, g, nullptr);
-  surface.Cls();
-  r.selAffiche();
-  EXPECT_EQ(surface.image().pixel(100, 170), qRgb(127, 255, 255));
-  r.selEfface();
-  EXPECT_TRUE(blanche(surface.image()));
 }
 
 TEST_F(QtSurface, SourceAndBlitLeavesTheGroundWhereTheSourceIsWhite) {
@@ -202,16 +195,6 @@ TEST_F(QtSurface, AWholeStripHasItsSizeInkAndBarLinesWhereTheMetricsSay) {
   o.hauteur = 420;
   ASSERT_EQ(vérifieOptions(doc, o), "");
   const QImage image = renderStripImage(doc, TabSettings{}, o);
-  if (const char* chemin = std::getenv("VT_SHOWCASE_PNG")) {
-    image.save(chemin);
-    TabSettings dessus;
-    dessus.TAB_VIEW_MARGIN_TOP_TAB = 150;
-    dessus.TAB_VIEW_MARGIN_TOP_PORTEE = 0;
-    o.viewMode = 3;
-    o.premièreMesure = 4;
-    o.curseur = StripImageOptions::Curseur{6, 36, 2};
-    renderStripImage(doc, dessus, o).save(QString::fromUtf8(chemin) + ".above.png");
-  }
   EXPECT_EQ(image.width(), 1920);
   EXPECT_EQ(image.height(), 420);
   EXPECT_FALSE(blanche(image));
@@ -222,7 +205,8 @@ TEST_F(QtSurface, AWholeStripHasItsSizeInkAndBarLinesWhereTheMetricsSay) {
   const StripMetrics m(copie, s);
   for (int k = 1; k <= 9; ++k) {
     const int x = m.barreGaucheX(k);
-    for (const int y : {50, 146, 250, 321}) EXPECT_EQ(image.pixel(x, y), qRgb(0, 0, 0)) << k << "," << y;
+    for (const int y : {50, 146, 250, 321})
+      EXPECT_EQ(image.pixel(x, y), qRgb(0, 0, 0)) << k << "," << y;
   }
   EXPECT_EQ(image.pixel(m.barreGaucheX(8) + 50, 146), qRgb(255, 255, 255));
   // The ruler's face colour, the staff and the strings.
@@ -244,25 +228,27 @@ TEST_F(QtSurface, PngIsWrittenWholeOrNotAtAll) {
 
 TEST_F(QtSurface, StripOptionsAreChecked) {
   const CVantoroTablature doc = test::showcaseDocument();
+  // A track, a bar or a view mode past the piece's, a cursor past its bar
+  // (6/8 is 144 ticks) or its strings, an image of no width.
+  const std::vector<std::function<void(StripImageOptions&)>> fautes = {
+      [](StripImageOptions& o) { o.piste = 2; },
+      [](StripImageOptions& o) { o.premièreMesure = 10; },
+      [](StripImageOptions& o) { o.viewMode = 5; },
+      [](StripImageOptions& o) {
+        o.curseur = StripImageOptions::Curseur{6, 144, 1};
+      },
+      [](StripImageOptions& o) {
+        o.curseur = StripImageOptions::Curseur{6, 143, 7};
+      },
+      [](StripImageOptions& o) { o.largeur = 0; }};
   StripImageOptions o;
-  o.piste = 2;
-  EXPECT_NE(vérifieOptions(doc, o), "");
-  o.piste = 1;
-  o.premièreMesure = 10;
-  EXPECT_NE(vérifieOptions(doc, o), "");
-  o.premièreMesure = 1;
-  o.viewMode = 5;
-  EXPECT_NE(vérifieOptions(doc, o), "");
-  o.viewMode = 1;
-  o.curseur = StripImageOptions::Curseur{6, 144, 1};  // 6/8 is 144 ticks
-  EXPECT_NE(vérifieOptions(doc, o), "");
-  o.curseur->x = 143;
-  o.curseur->corde = 7;
-  EXPECT_NE(vérifieOptions(doc, o), "");
-  o.curseur->corde = 6;
+  o.curseur = StripImageOptions::Curseur{6, 143, 6};
   EXPECT_EQ(vérifieOptions(doc, o), "");
-  o.largeur = 0;
-  EXPECT_NE(vérifieOptions(doc, o), "");
+  for (std::size_t i = 0; i < fautes.size(); ++i) {
+    StripImageOptions faute = o;
+    fautes[i](faute);
+    EXPECT_NE(vérifieOptions(doc, faute), "") << i;
+  }
 }
 
 }  // namespace

@@ -16,8 +16,7 @@ TEST(Ruler, NumbersBarsAndMarksQuarterNotesLonger) {
   b.r.drawInLine();
   const auto deux = b.surface.texts("2");
   ASSERT_EQ(deux.size(), 1U);
-  EXPECT_EQ(deux[0].x1, 235 + 2);
-  EXPECT_EQ(deux[0].y1, 10);
+  EXPECT_EQ(test::coin(deux[0]), test::coin(235 + 2, 10));
   EXPECT_EQ(deux[0].state.font.nom, "Small Fonts");
   // 4/4 at 24 ticks a column: 8 ticks, long on ticks 0, 48, 96 and 144.
   const auto marques = [&](double yDébut) {
@@ -49,20 +48,19 @@ TEST(Ruler, LoopMarkersArePennantsPointingInwards) {
   });
   ASSERT_EQ(rangées.size(), 30U);
   const int départ = 55 + 40 + 20;
-  EXPECT_EQ(rangées[0].x1, départ);
-  EXPECT_EQ(rangées[0].x2, départ + 15);
-  EXPECT_EQ(rangées[14].x2, départ + 1);  // one pixel narrower each row
-  EXPECT_EQ(rangées[14].y1, 16);
   const int arrivée = 255 + 80 + 20;
-  EXPECT_EQ(rangées[15].x1, arrivée);
-  EXPECT_EQ(rangées[15].x2, arrivée - 15);
+  // One pixel narrower each row.
+  EXPECT_EQ(test::coins(rangées[0]), test::q(départ, 2, départ + 15, 2));
+  EXPECT_EQ(test::coins(rangées[14]), test::q(départ, 16, départ + 1, 16));
+  EXPECT_EQ(test::coins(rangées[15]), test::q(arrivée, 2, arrivée - 15, 2));
 }
 
 TEST(ChordDiagram, GridDotsOpenAndMutedStringsAndTheName) {
   Banc b;
   OneBased<byt> ré(6);
   const byt frettes[] = {2, 3, 2, 0, kCaseVide, kCaseVide};  // D: e 2, B 3, G 2, D open
-  for (int c = 1; c <= 6; ++c) ré[c] = frettes[c - 1];
+  for (int c = 1; c <= 6; ++c)
+    ré[c] = frettes[c - 1];
   b.doc.setMesureAccord(1, 1, b.doc.addandplaceMesureAccord(1, 1, 48), "D", ré);
   b.r.drawInLine();
   // "D" also names string 4; the chord's name stands over the tablature.

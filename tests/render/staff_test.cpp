@@ -9,17 +9,21 @@ namespace vt {
 namespace {
 
 using test::Banc;
+using test::coin;
+using test::coins;
 using test::note;
+using test::q;
 using K = Primitive::Kind;
 namespace pt = portee;
 
 constexpr int kBase = 274;  // two staff spaces above the top line at 290
-int y0De(int u) { return (u + 12) * 4 - 4 + kBase; }
+constexpr int y0De(int u) {
+  return (u + 12) * 4 - 4 + kBase;
+}
 
 TEST(Spelling, TwelvePitchClassesOnlySharps) {
   EXPECT_EQ(graphie(64).u, -7);  // sounding E4, written in the top space
-  EXPECT_EQ(graphie(64).lettre, kMi);
-  EXPECT_EQ(graphie(52).u, 0);  // the bottom line
+  EXPECT_EQ(graphie(52).u, 0);   // the bottom line
   const int lettres[] = {kDo, kDo, kRé, kRé, kMi, kFa, kFa, kSol, kSol, kLa, kLa, kSi};
   const int pas[] = {30, 30, 29, 29, 28, 27, 27, 26, 26, 25, 25, 24};
   for (int pc = 0; pc < 12; ++pc) {
@@ -31,15 +35,13 @@ TEST(Spelling, TwelvePitchClassesOnlySharps) {
 }
 
 TEST(Spelling, KeySignaturesSetTheAlterationTable) {
-  const Altérations ré = altérationsDeTonalité(2);  // F and C sharp
-  EXPECT_EQ(ré[kFa], 1);
-  EXPECT_EQ(ré[kDo], 1);
-  EXPECT_EQ(ré[kSol], 0);
+  const Altérations ré = altérationsDeTonalité(2);   // F and C sharp
   const Altérations fa = altérationsDeTonalité(-1);  // B flat
-  EXPECT_EQ(fa[kSi], -1);
-  EXPECT_EQ(fa[kMi], 0);
+  EXPECT_EQ((std::vector<int>{ré[kFa], ré[kDo], ré[kSol], fa[kSi], fa[kMi]}),
+            (std::vector<int>{1, 1, 0, -1, 0}));
   const Altérations dob = altérationsDeTonalité(-7);
-  for (const i16 v : dob) EXPECT_EQ(v, -1);
+  for (const i16 v : dob)
+    EXPECT_EQ(v, -1);
 }
 
 TEST(Staff, FMajorWritesBFlatAsASharpAndHoldsAccidentalsToTheBarEnd) {
@@ -51,18 +53,15 @@ TEST(Staff, FMajorWritesBFlatAsASharpAndHoldsAccidentalsToTheBarEnd) {
   b.r.drawInLine();
   const auto dièses = b.blits(pt::kDièse);
   ASSERT_EQ(dièses.size(), 1U);
-  EXPECT_EQ(dièses[0].x1, 75 - 13);
-  EXPECT_EQ(dièses[0].y1, y0De(25 - 28));  // A4 written
+  EXPECT_EQ(coin(dièses[0]), coin(75 - 13, y0De(25 - 28)));  // A4 written
   const auto bécarres = b.blits(pt::kBécarre);
   ASSERT_EQ(bécarres.size(), 1U);
-  EXPECT_EQ(bécarres[0].x1, 115 - 10);
-  EXPECT_EQ(bécarres[0].y1, y0De(24 - 28));
+  EXPECT_EQ(coin(bécarres[0]), coin(115 - 10, y0De(24 - 28)));
   EXPECT_EQ(bécarres[0].rop, RasterOp::SrcAnd);
   // The key itself shows the flat, on the middle line's staff step.
   const auto bémols = b.blits(pt::kBémol);
   ASSERT_EQ(bémols.size(), 1U);
-  EXPECT_EQ(bémols[0].x1, 35 + 4);
-  EXPECT_EQ(bémols[0].y1, kBase + 2 + 6 * 4);
+  EXPECT_EQ(coin(bémols[0]), coin(35 + 4, kBase + 2 + 6 * 4));
 }
 
 TEST(Staff, AccidentalsFollowStringOrderNotTime) {
@@ -85,30 +84,27 @@ TEST(Staff, BassClefShiftsTwelveSteps) {
   b.r.drawInLine();
   const auto têtes = b.blits(pt::kTêtePleine);
   ASSERT_EQ(têtes.size(), 1U);
-  EXPECT_EQ(têtes[0].y1, y0De(-5));
-  EXPECT_EQ(têtes[0].x1, 75 - 4);
+  EXPECT_EQ(coin(têtes[0]), coin(75 - 4, y0De(-5)));
   const auto clefs = b.blits(pt::kCléFa);
   ASSERT_EQ(clefs.size(), 1U);
-  EXPECT_EQ(clefs[0].x1, 5);
-  EXPECT_EQ(clefs[0].y1, kBase + 17);
+  EXPECT_EQ(coin(clefs[0]), coin(5, kBase + 17));
   EXPECT_TRUE(b.blits(pt::kCléSol).empty());
 }
 
 TEST(Staff, DrumsStandByTheirTable) {
   Banc b;
   b.doc.setStaffType(1, kStaffBatterie);
-  note(b.doc, 1, 6, 0, 39, 48);  // not in the table: the bottom line
+  note(b.doc, 1, 6, 0, 39, 48);   // not in the table: the bottom line
   note(b.doc, 1, 5, 48, 38, 48);  // snare
   note(b.doc, 1, 1, 96, 49, 48);  // crash, above the staff
   b.r.drawInLine();
   const auto têtes = b.blits(pt::kTêtePleine);
   ASSERT_EQ(têtes.size(), 3U);
   std::vector<double> ys;
-  for (const Primitive& p : têtes) ys.push_back(p.y1);
+  for (const Primitive& p : têtes)
+    ys.push_back(p.y1);
   std::sort(ys.begin(), ys.end());
-  EXPECT_EQ(ys[0], y0De(-10));
-  EXPECT_EQ(ys[1], y0De(-5));
-  EXPECT_EQ(ys[2], y0De(0));
+  EXPECT_EQ(ys, (std::vector<double>{y0De(-10), y0De(-5), y0De(0)}));
   EXPECT_TRUE(b.blits(pt::kDièse).empty());
   EXPECT_EQ(getNbUnitesFromStaffLowLineForDrums(39), 0);
   EXPECT_EQ(getNbUnitesFromStaffLowLineForDrums(37), 2);
@@ -124,10 +120,9 @@ TEST(Staff, LedgerLinesAboveAndBelow) {
     return p.kind == K::DeviceLine && p.x2 - p.x1 == 12 && p.y1 == p.y2;
   });
   ASSERT_EQ(ledger.size(), 2U);
-  EXPECT_EQ(ledger[0].x1, 75 - 6);
-  EXPECT_EQ(ledger[0].y1, kBase + 8);   // a staff space above the top line
-  EXPECT_EQ(ledger[1].x1, 155 - 6);
-  EXPECT_EQ(ledger[1].y1, kBase + 56);  // a staff space below the bottom line
+  // A staff space above the top line, and one below the bottom line.
+  EXPECT_EQ(coin(ledger[0]), coin(75 - 6, kBase + 8));
+  EXPECT_EQ(coin(ledger[1]), coin(155 - 6, kBase + 56));
 }
 
 TEST(Staff, HeadsDotsAndWholeNotes) {
@@ -163,9 +158,8 @@ TEST(Staff, DotsAndTripletsAreMarkedUnderTheHeadAsOnTheTablature) {
         b.surface.select([&](const Primitive& p) { return p.kind == K::Circle && surLaPortée(p); });
     ASSERT_EQ(points.size(), c.point ? 1U : 0U);
     if (c.point) {
-      EXPECT_EQ(points[0].x1, 75 + 3);
-      EXPECT_EQ(points[0].y1, pied + 13);
-      EXPECT_EQ(points[0].x2, 1);  // the tablature's dot, a radius of 1
+      // The tablature's dot, a radius of 1.
+      EXPECT_EQ(coins(points[0]), q(75 + 3, pied + 13, 1, 0));
     }
     std::vector<Primitive> trois;
     for (const Primitive& p : b.surface.texts("3"))
@@ -187,12 +181,10 @@ TEST(Staff, StemsOfABeatReachOneHeight) {
     return p.kind == K::DeviceLine && p.x1 == p.x2 && p.y1 > 250 && p.y2 < p.y1;
   });
   ASSERT_EQ(tiges.size(), 2U);
-  EXPECT_EQ(tiges[0].x1, 75 + 3);
-  EXPECT_EQ(tiges[1].x1, 95 + 3);
   // The highest pitch, 59, sets the tip: ((59 div 12) * -7 + 33) * 4 - 3 + base.
   const int pointe = (4 * -7 + 33) * 4 - 3 + kBase;
-  EXPECT_EQ(tiges[0].y2, pointe);
-  EXPECT_EQ(tiges[1].y2, pointe);
+  EXPECT_EQ(coins(tiges[0]), q(75 + 3, tiges[0].y1, 75 + 3, pointe));
+  EXPECT_EQ(coins(tiges[1]), q(95 + 3, tiges[1].y1, 95 + 3, pointe));
   EXPECT_EQ(getTempsPortéeMaxMinNote(b.doc, 1, 1, 3, 1, true), 59);
 }
 
@@ -202,22 +194,17 @@ TEST(Staff, AChordHasOneStemThroughItsHeads) {
   note(b.doc, 1, 3, 0, 0, 48);
   note(b.doc, 1, 5, 0, 0, 48);
   b.r.drawInLine();
-  const auto tiges = b.surface.select([](const Primitive& p) {
-    return p.kind == K::DeviceLine && p.x1 == 78 && p.x2 == 78;
-  });
+  const auto tiges = b.surface.select(
+      [](const Primitive& p) { return p.kind == K::DeviceLine && p.x1 == 78 && p.x2 == 78; });
   ASSERT_EQ(tiges.size(), 2U);  // from the lowest head to the top one, then on up
-  EXPECT_EQ(tiges[0].y1, y0De(25 - 21) + 1);
-  EXPECT_EQ(tiges[0].y2, y0De(-7) + 1);
-  EXPECT_EQ(tiges[1].y1, y0De(-7) + 1);
-  EXPECT_EQ(tiges[1].y2, y0De(-7) + 1 - 24);
+  EXPECT_EQ(coins(tiges[0]), q(78, y0De(25 - 21) + 1, 78, y0De(-7) + 1));
+  EXPECT_EQ(coins(tiges[1]), q(78, y0De(-7) + 1, 78, y0De(-7) + 1 - 24));
 }
 
 struct Rests : ::testing::Test {
   Banc b;
   std::vector<Primitive> pauses() {
-    return b.surface.select([](const Primitive& p) {
-      return p.kind == K::Blit && p.ys == 10;
-    });
+    return b.surface.select([](const Primitive& p) { return p.kind == K::Blit && p.ys == 10; });
   }
 };
 
@@ -230,21 +217,11 @@ TEST_F(Rests, ARunOfSeventyTwoTicksIsAQuarterThenAnEighth) {
   EXPECT_EQ(p[0].xs, pt::kSoupir.x);
   EXPECT_EQ(p[1].xs, pt::kDemiSoupir.x);
   // Each at the middle of what is left of the run, from 48 to 120.
-  EXPECT_EQ(p[0].x1, (84 * 20) / 24 + 55);
+  EXPECT_EQ(coin(p[0]), coin((84 * 20) / 24 + 55, 290 + 8));
   EXPECT_EQ(p[1].x1, (108 * 20) / 24 + 55);
-  EXPECT_EQ(p[0].y1, 290 + 8);
 }
 
-TEST_F(Rests, AnEmptyFiveEightBarRoundsItsRunDown) {
-  b.doc.setMesureSignature(1, 5, 8);
-  b.r.drawNotePortéeSilences(1, 1);
-  const auto p = pauses();
-  ASSERT_EQ(p.size(), 1U);  // 120 ticks round down to 96: a half rest
-  EXPECT_EQ(p[0].xs, pt::kPauseBlanche.x);
-  EXPECT_EQ(p[0].x1, 60 * 20 / 24 + 55);
-}
-
-TEST_F(Rests, AnEmptyFourFourBarHasAWholeRestAndShortGapsNone) {
+TEST_F(Rests, EmptyBarsHaveARestOfTheirLengthRoundedDownAndShortGapsNone) {
   b.r.drawNotePortéeSilences(1, 1);
   ASSERT_EQ(pauses().size(), 1U);
   EXPECT_EQ(pauses()[0].xs, pt::kPauseRonde.x);
@@ -252,9 +229,16 @@ TEST_F(Rests, AnEmptyFourFourBarHasAWholeRestAndShortGapsNone) {
   note(b.doc, 1, 1, 0, 0, 188);  // leaves 4 ticks: below the shortest rest
   b.r.drawNotePortéeSilences(1, 1);
   EXPECT_TRUE(pauses().empty());
+  b.doc.addMesure();
+  b.doc.setMesureSignature(2, 5, 8);
+  b.r.drawNotePortéeSilences(1, 2);
+  const auto p = pauses();
+  ASSERT_EQ(p.size(), 1U);  // 120 ticks round down to 96: a half rest
+  EXPECT_EQ(p[0].xs, pt::kPauseBlanche.x);
+  EXPECT_EQ(p[0].x1, 60 * 20 / 24 + 255);
 }
 
-TEST(Staff, TheShowcaseHasEveryKindOfSign) {
+TEST(Staff, TheShowcaseHasEveryKindOfSignInEveryViewMode) {
   Banc b;
   b.doc = test::showcaseDocument();
   b.surface = RecordingSurface(1920, 420);
@@ -262,7 +246,14 @@ TEST(Staff, TheShowcaseHasEveryKindOfSign) {
   for (const pt::Cellule& c : {pt::kDièse, pt::kBémol, pt::kBécarre, pt::kTêtePleine, pt::kPoint,
                                pt::kTêteBlanche, pt::kCléSol, pt::kPauseBlanche, pt::kDemiSoupir})
     EXPECT_FALSE(b.blits(c).empty()) << c.x << "," << c.y;
-  for (const Primitive& p : b.surface.ofKind(K::Blit)) EXPECT_EQ(p.rop, RasterOp::SrcAnd);
+  for (const Primitive& p : b.surface.ofKind(K::Blit))
+    EXPECT_EQ(p.rop, RasterOp::SrcAnd);
+  for (int mode = 1; mode <= 4; ++mode) {
+    b.s.setViewMode(mode, mode % 2 == 0);
+    b.surface.clearRecord();
+    b.r.drawInLine();
+    EXPECT_GT(b.surface.primitives().size(), 300U) << mode;
+  }
 }
 
 }  // namespace

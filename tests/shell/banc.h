@@ -5,16 +5,24 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QDialog>
+#include <QDir>
+#include <QFileInfo>
+#include <QMouseEvent>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QWidget>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "shell/fenetres.h"
+#include "shell/manche.h"
+#include "shell/required_files.h"
 #include "shell/son.h"
 #include "shell/vt.h"
+#include "sound/sortie_journal.h"
 
 // Readable failures.
 inline void PrintTo(const QString& s, std::ostream* os) {
@@ -24,6 +32,28 @@ inline void PrintTo(const QString& s, std::ostream* os) {
 namespace vt::essai {
 
 using Journal = std::vector<QString>;
+
+// The bytes of a logging output, without their times.
+inline std::vector<std::string> octets(const SortieJournal& s) {
+  std::vector<std::string> l;
+  for (const MessageDate& m : s.messages()) {
+    const std::string ligne = ligneJournal(m);
+    l.push_back(ligne.substr(ligne.find(' ') + 1));
+  }
+  return l;
+}
+
+// A program folder of our own: the build's required files, but for `sauf`.
+inline void copieProgramme(const QTemporaryDir& app, const QStringList& sauf = {}) {
+  const QString source = QCoreApplication::applicationDirPath() + "/";
+  for (const char* nom : kFichiersRequis) {
+    const QString n = QString::fromUtf8(nom);
+    QDir().mkpath(QFileInfo(app.filePath(n)).absolutePath());
+    if (!sauf.contains(n)) {
+      ASSERT_TRUE(QFile::copy(source + n, app.filePath(n))) << n.toStdString();
+    }
+  }
+}
 
 class SonEnregistreur : public SonLive {
  public:
@@ -147,6 +177,13 @@ class Banc : public ::testing::Test {
     return *vt;
   }
 
+  // Warnings written down instead of shown in a message box.
+  void notesAvertissements() {
+    VT::Interactions i;
+    i.avertissement = [this](const QString& t) { avertissements << t; };
+    vt->setInteractions(i);
+  }
+
   // Registers stand-in windows under these names (FTab as an editor).
   void enregistre(const std::vector<QString>& noms) {
     for (const QString& nom : noms) {
@@ -166,6 +203,19 @@ class Banc : public ::testing::Test {
     return vt->MDIForm_Load(d);
   }
 
+  // The centre of a fret and a string on a right-handed board, in pixels, and
+  // the mouse over the fretboard.
+  static QPoint droitier(int c, int s) { return {32 * c + 19, 24 * s - 16}; }
+  void souris(QEvent::Type type, QPoint p, Qt::MouseButton bouton, Qt::MouseButtons tenus) {
+    QMouseEvent e(type, QPointF(p), vt->manche().mapToGlobal(QPointF(p)), bouton, tenus,
+                  Qt::NoModifier);
+    QApplication::sendEvent(&vt->manche(), &e);
+  }
+  void clic(QPoint p, Qt::MouseButton b = Qt::LeftButton) {
+    souris(QEvent::MouseButtonPress, p, b, b);
+    souris(QEvent::MouseButtonRelease, p, b, Qt::NoButton);
+  }
+
   bool contient(const Journal& j, const QString& ligne) const {
     return std::find(j.begin(), j.end(), ligne) != j.end();
   }
@@ -173,6 +223,7 @@ class Banc : public ::testing::Test {
   QTemporaryDir dir;
   std::unique_ptr<VT> vt;
   Journal étapes, sons, journal, critiques, informations;
+  QStringList avertissements;
   std::vector<QString> modales;
   std::function<void(QDialog&)> pendantModale;
   i16 langueChoisie = 10000;

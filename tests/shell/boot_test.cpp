@@ -109,13 +109,7 @@ TEST_F(Boot, AWindowThatRefusesToCloseKeepsTheProgramOpen) {
 TEST_F(Boot, AMissingRequiredFileEndsTheStartNamingOnlyTheFirst) {
   // A program folder with eight of the nine files: scales.dat and vt.ini missing.
   QTemporaryDir app;
-  const QString source = QCoreApplication::applicationDirPath() + "/";
-  for (const char* nom : kFichiersRequis) {
-    const QString n = QString::fromUtf8(nom);
-    if (n == "scales.dat" || n == "vt.ini") continue;
-    QDir().mkpath(QFileInfo(app.filePath(n)).absolutePath());
-    ASSERT_TRUE(QFile::copy(source + n, app.filePath(n)));
-  }
+  copieProgramme(app, {"scales.dat", "vt.ini"});
   silencieux();
   VT::Démarrage d;
   d.strAppPath = app.path();
@@ -166,20 +160,16 @@ TEST_F(Boot, AnythingElseOnTheCommandLineSkipsTheStartPageButNotTheStartWindows)
   }
 }
 
-TEST_F(Boot, WithoutTheStartPageOnlyTheMainWindowAndItsStartWindowsShow) {
-  silencieux();
-  ASSERT_TRUE(démarre());
-  EXPECT_TRUE(modales.empty());
-  EXPECT_TRUE(vt->isVisible());
-  EXPECT_TRUE(vt->mdiArea()->subWindowList().isEmpty());
-  EXPECT_FALSE(contient(étapes, "FLang"));
-}
-
-TEST_F(Boot, TheViewSettingsShowOrHideTheBars) {
+TEST_F(Boot, WithoutTheStartPageOnlyTheMainWindowShowsAndTheViewSettingsSetTheBars) {
   silencieux();
   règle("Options/setToolBar", "0");
   règle("Options/setMancheVisible", "False");
   ASSERT_TRUE(démarre());
+  // Without the start page, only the main window shows.
+  EXPECT_TRUE(modales.empty());
+  EXPECT_TRUE(vt->isVisible());
+  EXPECT_TRUE(vt->mdiArea()->subWindowList().isEmpty());
+  EXPECT_FALSE(contient(étapes, "FLang"));
   EXPECT_FALSE(vt->toolbar()->isVisible());
   EXPECT_TRUE(vt->statusBar()->isVisible());
   EXPECT_FALSE(vt->manche().isVisible());
@@ -212,13 +202,7 @@ TEST_F(Boot, HandWrittenNonsenseInTheSettingsStartsCleanly) {
 
 TEST_F(Boot, ACatalogueWithMissingKeysAndASkinlessFolderStillStart) {
   QTemporaryDir app;
-  const QString source = QCoreApplication::applicationDirPath() + "/";
-  for (const char* nom : kFichiersRequis) {
-    const QString n = QString::fromUtf8(nom);
-    QDir().mkpath(QFileInfo(app.filePath(n)).absolutePath());
-    if (n == "vt.ini") continue;
-    ASSERT_TRUE(QFile::copy(source + n, app.filePath(n)));
-  }
+  copieProgramme(app, {"vt.ini"});
   QFile ini(app.filePath("vt.ini"));
   ASSERT_TRUE(ini.open(QIODevice::WriteOnly));
   ini.write("[Accordeur]\nnbrGuitares=1\n[1]\nnomEN=Bass\nnbrCordes=4\ncorde1=43\n");

@@ -17,7 +17,7 @@ QString lis(const QString& chemin) {
   return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
 }
 
-TEST(Association, WritesTheTypeAndTheEntryOnceAndThenLeavesThemAlone) {
+TEST(Association, WritesTheTypeAndTheEntryOnceThenLeavesThemAloneAndNeedsADataFolder) {
   QTemporaryDir dir;
   const Association a{dir.path(), "/opt/my tabs/vantoro", "/opt/my tabs/"};
   EXPECT_TRUE(enregistreAssociation(a, false));
@@ -42,16 +42,14 @@ TEST(Association, WritesTheTypeAndTheEntryOnceAndThenLeavesThemAlone) {
   const Association ailleurs{dir.path(), "/usr/bin/vantoro", "/usr/share/vantoro/"};
   EXPECT_TRUE(enregistreAssociation(ailleurs, false));
   EXPECT_TRUE(lis(bureau).contains("Exec=\"/usr/bin/vantoro\" %f"));
+  // Without a data folder nothing is written.
+  EXPECT_FALSE(enregistreAssociation({"", "/usr/bin/vantoro", "/usr/share/vantoro/"}, false));
 }
 
 TEST(Association, SpecialCharactersOfThePathAreEscapedForExec) {
   const Association a{"", "/home/me/$x \"y\"/100%/vantoro", "/home/me/"};
   EXPECT_TRUE(
       texteEntréeBureau(a).contains("Exec=\"/home/me/\\\\$x \\\\\"y\\\\\"/100%%/vantoro\" %f"));
-}
-
-TEST(Association, WithoutADataFolderNothingIsWritten) {
-  EXPECT_FALSE(enregistreAssociation({"", "/usr/bin/vantoro", "/usr/share/vantoro/"}, false));
 }
 
 }  // namespace

@@ -145,6 +145,18 @@ TEST_F(FenetrePrincipale, EntriesOfWindowsThisBuildLacksAreDisabledUntilRegister
   EXPECT_TRUE(vt->mnuFen(0)->isEnabled());
   EXPECT_TRUE(vt->boutonBarre("accords")->isEnabled());
   EXPECT_FALSE(vt->mnuFen(1)->isEnabled());
+  // Any options dialog will do: the MIDI panel opens it on its page.
+  struct Options : QDialog, FenetreOptions {
+    explicit Options(Journal& j) : m_j(j) {}
+    void selectTab(const QString& clé) override { m_j.push_back("tab " + clé); }
+    Journal& m_j;
+  };
+  vt->fenetres().enregistrer(
+      fen::FOptions, [this](VT&) { return new Options(journal); },
+      RegistreFenetres::Genre::Dialogue);
+  EXPECT_TRUE(vt->mnuFile(4)->isEnabled());
+  QTest::mouseDClick(vt->panneau("midi"), Qt::LeftButton);
+  EXPECT_EQ(journal, (Journal{"tab KeyMidi"}));
 }
 
 TEST_F(FenetrePrincipale, AWindowIsCreatedOnceAndBroughtForwardAfterwards) {
@@ -201,7 +213,11 @@ TEST_F(FenetrePrincipale, TilingPutsTheWindowsOneAboveTheOtherOrSideBySide) {
 }
 
 TEST_F(FenetrePrincipale, TheStatusBarPanels) {
+  crée();
+  enregistre({fen::FAccordeur});
   ASSERT_TRUE(démarre());
+  QTest::mouseDClick(vt->panneau("guitare"), Qt::LeftButton);  // brings the tuner
+  EXPECT_TRUE(vt->isFormLoaded(fen::FAccordeur));
   EXPECT_TRUE(vt->panneau("position")->text().isEmpty());
   vt->setStatusPosition(12, 72);
   EXPECT_EQ(vt->panneau("position")->text(), "12 : " + QLocale().toString(1.5, 'f', 2));
@@ -222,23 +238,6 @@ TEST_F(FenetrePrincipale, TheStatusBarPanels) {
   EXPECT_EQ(vt->panneau("midi")->toolTip(), "Acoustic Grand Piano");
 }
 
-TEST_F(FenetrePrincipale, ANewSkinReachesTheWindowsWithPicturesInTheirOrder) {
-  crée();
-  enregistre({fen::FMetronome, fen::FAccords, fen::FGammes, fen::FTab});
-  ASSERT_TRUE(démarre());
-  for (const QString& n : {fen::FMetronome, fen::FGammes, fen::FAccords, fen::FTab})
-    vt->montreFenetre(n);
-  journal.clear();
-  vt->changeSkin("nuit");
-  Journal skins;
-  for (const QString& l : journal)
-    if (l.endsWith("load_skin")) skins.push_back(l);
-  EXPECT_EQ(skins, (Journal{"FAccords load_skin", "FGammes load_skin", "FMetronome load_skin"}));
-  EXPECT_EQ(vt->settings().strSkinPath, "nuit");
-  // A skin without the wood keeps the default one on the fretboard.
-  EXPECT_FALSE(vt->manche().aspect().fond.isNull());
-}
-
 TEST_F(FenetrePrincipale, PrinterSetupSaysSoWhenThereIsNoPrinter) {
   ASSERT_TRUE(démarre());
   vt->MenuGlobalFile(2);
@@ -249,37 +248,6 @@ TEST_F(FenetrePrincipale, PrinterSetupSaysSoWhenThereIsNoPrinter) {
     EXPECT_TRUE(informations.empty());
     EXPECT_EQ(modales.size(), 1u);
   }
-}
-
-TEST_F(FenetrePrincipale, DoubleClickingTheGuitarPanelBringsTheTuner) {
-  crée();
-  enregistre({fen::FAccordeur});
-  ASSERT_TRUE(démarre());
-  QTest::mouseDClick(vt->panneau("guitare"), Qt::LeftButton);
-  EXPECT_TRUE(vt->isFormLoaded(fen::FAccordeur));
-}
-
-TEST_F(FenetrePrincipale, TheMidiPanelOpensTheOptionsOnTheirMidiPage) {
-  crée();
-  struct Options : QDialog, FenetreOptions {
-    explicit Options(Journal& j) : m_j(j) {}
-    void selectTab(const QString& clé) override { m_j.push_back("tab " + clé); }
-    Journal& m_j;
-  };
-  vt->fenetres().enregistrer(
-      fen::FOptions, [this](VT&) { return new Options(journal); },
-      RegistreFenetres::Genre::Dialogue);
-  ASSERT_TRUE(démarre());
-  EXPECT_TRUE(vt->mnuFile(4)->isEnabled());
-  QTest::mouseDClick(vt->panneau("midi"), Qt::LeftButton);
-  EXPECT_EQ(journal, (Journal{"tab KeyMidi"}));
-  EXPECT_EQ(modales, (std::vector<QString>{fen::FOptions}));
-  // The dialog stays loaded between uses, and goes when the main window closes.
-  vt->MenuGlobalFile(4);
-  EXPECT_EQ(modales.size(), 2u);
-  EXPECT_TRUE(vt->isFormLoaded(fen::FOptions));
-  vt->close();
-  EXPECT_FALSE(vt->isFormLoaded(fen::FOptions));
 }
 
 TEST_F(FenetrePrincipale, TheQuickAccessWindowRemembersWhetherItIsWanted) {

@@ -28,7 +28,7 @@ class Skins : public ::testing::Test {
   QTemporaryDir racine;
 };
 
-TEST_F(Skins, TheTableNamesEveryPictureByIndex) {
+TEST_F(Skins, TheTableNamesEveryPictureByIndexAndNothingPastIt) {
   EXPECT_EQ(skinName(0), "harmony");
   EXPECT_EQ(skinName(23), "bouton tone 0007");
   EXPECT_EQ(skinName(29), "bouton tone 0001");
@@ -38,6 +38,8 @@ TEST_F(Skins, TheTableNamesEveryPictureByIndex) {
   EXPECT_EQ(skinName(85), "aide0018");
   EXPECT_EQ(skinName(86), "");
   EXPECT_EQ(skinName(-1), "");
+  // Past the table the paths have an empty name.
+  EXPECT_EQ(skinFile(app(), "bois", 86), chemin("default", ".jpg"));
 }
 
 TEST_F(Skins, ABmpWinsOverAJpgAndTheSkinOverTheDefault) {
@@ -66,10 +68,6 @@ TEST_F(Skins, ASkinWithJustTheJpegOfFondChangesTheBackgroundAndNothingElse) {
   EXPECT_EQ(skinFile(app(), "nuit", 13), chemin("default", "accord0017.bmp"));
   // A skin that does not exist at all falls back as well.
   EXPECT_EQ(skinFile(app(), "absent", 34), chemin("default", "fond.jpg"));
-}
-
-TEST_F(Skins, PastTheTableThePathsHaveAnEmptyName) {
-  EXPECT_EQ(skinFile(app(), "bois", 86), chemin("default", ".jpg"));
 }
 
 TEST_F(Skins, TicTacFramesHaveTwoDigitsAndFallBackAlike) {

@@ -2,19 +2,15 @@
 // start, notes from the MIDI input reach the editor or the fretboard's
 // listeners, and a click on the fretboard sounds through the built-in
 // synthesizer itself.
-#include <QApplication>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <thread>
 
 #include "banc.h"
-#include "shell/manche.h"
 #include "son_systeme.h"
 #include "sound/midi_handles.h"
-#include "sound/sortie_journal.h"
 #include "sound/synthe_integre.h"
 
 namespace vt::essai {
@@ -49,12 +45,9 @@ class Son : public Banc {
     auto s = std::make_unique<SonBavard>(sons, std::move(messages));
     SonBavard& r = *s;
     vt->setSon(std::move(s));
-    VT::Interactions i;
-    i.avertissement = [this](const QString& t) { avertissements << t; };
-    vt->setInteractions(i);
+    notesAvertissements();
     return r;
   }
-  QStringList avertissements;
 };
 
 // What the sound has to say comes after the start page and the tip, so that
@@ -85,18 +78,13 @@ TEST_F(Son, TheSoundsNoticesComeLastAndThoseAboutTheMachineOnce) {
   EXPECT_EQ(avertissements, QStringList{"No port"});
 }
 
-TEST_F(Son, NothingToSayShowsNothing) {
-  bavard({});
-  ASSERT_TRUE(démarre());
-  EXPECT_TRUE(avertissements.isEmpty());
-  EXPECT_FALSE(contient(étapes, "avertissement"));
-}
-
 TEST_F(Son, InputNotesGoToTheEditorWhenItIsLoaded) {
   SonBavard& s = bavard();
   enregistre({fen::FTab});
   ASSERT_TRUE(démarre());
   ASSERT_TRUE(s.receveur);
+  EXPECT_TRUE(avertissements.isEmpty()) << "nothing to say shows nothing";
+  EXPECT_FALSE(contient(étapes, "avertissement"));
   QSignalSpy reçues(vt.get(), &VT::noteMidiRecue);
   vt->montreFenetre(fen::FTab);
   journal.clear();
@@ -155,26 +143,7 @@ class SonJournal : public Son {
           entrée = e.get();
           return OuvertureEntrée{std::move(e), {}};
         }));
-    VT::Interactions i;
-    i.avertissement = [this](const QString& t) { avertissements << t; };
-    vt->setInteractions(i);
-  }
-  std::vector<std::string> octets() const {
-    std::vector<std::string> l;
-    for (const MessageDate& m : journalMidi->messages()) {
-      const std::string ligne = ligneJournal(m);
-      l.push_back(ligne.substr(ligne.find(' ') + 1));
-    }
-    return l;
-  }
-  void clic(int c, int s) {
-    const QPoint p(32 * c + 19, 24 * s - 16);
-    for (auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-      QMouseEvent e(type, QPointF(p), vt->manche().mapToGlobal(QPointF(p)), Qt::LeftButton,
-                    type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                    Qt::NoModifier);
-      QApplication::sendEvent(&vt->manche(), &e);
-    }
+    notesAvertissements();
   }
 
   std::vector<std::pair<int, std::string>> ouvertures;
@@ -189,8 +158,11 @@ TEST_F(SonJournal, TheSettingsOfTheMomentReachTheBytes) {
   règle("Options/setMIDIinstru", "30");
   règle("Options/setMIDIvolume", "77");
   règle("Options/setSoundFont", "/home/me/piano.sf2");
+  messages = {{son::kAucuneSortieAudio.id, "pulseaudio: connection refused"}};
   prépare();
   ASSERT_TRUE(démarre());
+  // What the output says, in the window's language with its detail.
+  EXPECT_EQ(avertissements, QStringList{vt->loadString(3104) + "\npulseaudio: connection refused"});
   vt->resize(1000, 700);
   QCoreApplication::processEvents();
   ASSERT_EQ(ouvertures.size(), 1u);
@@ -199,18 +171,11 @@ TEST_F(SonJournal, TheSettingsOfTheMomentReachTheBytes) {
   EXPECT_EQ(midiHandleSortie(vt->son().midiOutHandle()), journalMidi);
   EXPECT_EQ(vt->panneau("midi")->toolTip(), vt->loadString(4000 + 30));
 
-  clic(3, 1);                         // G4 on the fourth channel at volume 77, then all notes off
+  clic(droitier(3, 1));               // G4 on the fourth channel at volume 77, then all notes off
   vt->settings().setMIDIchannel = 5;  // as the options dialog would
-  clic(5, 6);                         // A2
-  EXPECT_EQ(octets(), (std::vector<std::string>{"C3 1E", "93 43 4D", "B3 7B 00", "94 43 00",
-                                                "94 2D 4D", "B4 7B 00"}));
-}
-
-TEST_F(SonJournal, MessagesAreShownInTheWindowsLanguageWithTheirDetail) {
-  messages = {{son::kAucuneSortieAudio.id, "pulseaudio: connection refused"}};
-  prépare();
-  ASSERT_TRUE(démarre());
-  EXPECT_EQ(avertissements, QStringList{vt->loadString(3104) + "\npulseaudio: connection refused"});
+  clic(droitier(5, 6));               // A2
+  EXPECT_EQ(octets(*journalMidi), (std::vector<std::string>{"C3 1E", "93 43 4D", "B3 7B 00",
+                                                            "94 43 00", "94 2D 4D", "B4 7B 00"}));
 }
 
 TEST_F(SonJournal, InputNotesCrossToTheWindowsThreadAsQueuedCalls) {
@@ -230,7 +195,7 @@ TEST_F(SonJournal, InputNotesCrossToTheWindowsThreadAsQueuedCalls) {
   EXPECT_EQ(reçues[0], (QList<QVariant>{3, 52, true}));
   EXPECT_EQ(reçues[1], (QList<QVariant>{3, 52, false}));
   // No editor: the note sounds on the settings' channel.
-  EXPECT_EQ(octets(), (std::vector<std::string>{"90 34 7F", "90 34 00"}));
+  EXPECT_EQ(octets(*journalMidi), (std::vector<std::string>{"90 34 7F", "90 34 00"}));
 }
 
 // The system's own ports, as the program opens them: the output is the
@@ -251,10 +216,7 @@ TEST_F(Son, AClickOnTheFretboardSoundsThroughTheBuiltInSynthesizer) {
   EXPECT_EQ(synthé->voixActives(), 0);
 
   // The high E string, third fret: G4.
-  const QPoint p(32 * 3 + 19, 24 * 1 - 16);
-  QMouseEvent appui(QEvent::MouseButtonPress, QPointF(p), vt->manche().mapToGlobal(QPointF(p)),
-                    Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
-  QApplication::sendEvent(&vt->manche(), &appui);
+  souris(QEvent::MouseButtonPress, droitier(3, 1), Qt::LeftButton, Qt::LeftButton);
   EXPECT_GT(synthé->voixActives(), 0);
   if (synthé->piloteAudio().empty()) {
     // No audio device here: listen to it by hand.

@@ -118,26 +118,21 @@ TEST_F(Fenetres, TipsAreLinesOfTheLanguagesFile) {
   EXPECT_TRUE(tip.texteAffiché().isEmpty());
 }
 
-TEST_F(Fenetres, TheTipsCheckBoxWritesTheSettingAtOnce) {
+TEST_F(Fenetres, FrenchTipsComeFromTheFrenchFileAndTheCheckBoxWritesTheSettingAtOnce) {
+  règle("Options/setLang", "0");
   ASSERT_TRUE(démarre());
   vt->settings().setTipsStartup = 1;
   FTip tip(*vt);
+  EXPECT_EQ(tip.windowTitle(), "Astuce du jour");
+  QFile f(vt->strAppPath() + "tipofday.ini");
+  ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(QString::fromUtf8(f.readAll()).contains(tip.texteAffiché()));
   EXPECT_TRUE(tip.chkLoadTipsAtStartup()->isChecked());
   tip.chkLoadTipsAtStartup()->click();
   EXPECT_EQ(vt->settings().setTipsStartup, 0);
   const QString avant = tip.texteAffiché();
   tip.cmdNextTip()->click();
   EXPECT_NE(tip.texteAffiché(), avant);
-}
-
-TEST_F(Fenetres, FrenchTipsComeFromTheFrenchFile) {
-  règle("Options/setLang", "0");
-  ASSERT_TRUE(démarre());
-  FTip tip(*vt);
-  EXPECT_EQ(tip.windowTitle(), "Astuce du jour");
-  QFile f(vt->strAppPath() + "tipofday.ini");
-  ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-  EXPECT_TRUE(QString::fromUtf8(f.readAll()).contains(tip.texteAffiché()));
 }
 
 TEST_F(Fenetres, TheContentsFileGivesTheTreeOfTopics) {
