@@ -9,7 +9,6 @@
 
 #include "banc.h"
 #include "shell/manche.h"
-#include "shell/required_files.h"
 #include "shell/skin.h"
 
 namespace vt::essai {
@@ -46,17 +45,13 @@ void PrintTo(const Dommage& d, std::ostream* os) {
 
 class Abîmé : public Banc {
  protected:
-  // The program's folder, copied so that one of its files can be spoiled.
-  QString copieProgramme() {
-    const QString source = QCoreApplication::applicationDirPath() + "/";
-    for (const char* nom : kFichiersRequis) {
-      const QString n = QString::fromUtf8(nom);
-      QDir().mkpath(QFileInfo(app.filePath(n)).absolutePath());
-      if (!QFile::copy(source + n, app.filePath(n))) return {};
-    }
-    // And the default skin, whose pictures the main window and the strip show.
+  // The program's folder, copied so that one of its files can be spoiled, with
+  // links to the default skin's pictures.
+  QString copieProgrammeEtSkin() {
+    copieProgramme(app);
+    if (::testing::Test::HasFatalFailure()) return {};
+    const QDir skin(QCoreApplication::applicationDirPath() + "/skins/default");
     QDir().mkpath(app.filePath("skins/default"));
-    const QDir skin(source + "skins/default");
     for (const QString& f : skin.entryList(QDir::Files))
       if (!QFile::link(skin.filePath(f), app.filePath("skins/default/" + f))) return {};
     return app.path();
@@ -69,7 +64,7 @@ class DémarrageAbîmé : public Abîmé, public ::testing::WithParamInterface<D
 TEST_P(DémarrageAbîmé, TheProgramStartsOnItsDefaultsAndLeavesTheFileAlone) {
   const Dommage& d = GetParam();
   VT::Démarrage dém;
-  dém.strAppPath = copieProgramme();
+  dém.strAppPath = copieProgrammeEtSkin();
   ASSERT_FALSE(dém.strAppPath.isEmpty());
   silencieux();
   règle("Options/setMancheVisible", "True");
@@ -100,7 +95,7 @@ TEST_P(DémarrageAbîmé, TheProgramStartsOnItsDefaultsAndLeavesTheFileAlone) {
 
 // A skin picture made of noise, or cut, leaves its place to the default skin's.
 TEST_F(Abîmé, ASkinPictureThatIsNoPictureGivesWayToTheNextOne) {
-  const QString dossier = copieProgramme();
+  const QString dossier = copieProgrammeEtSkin();
   ASSERT_FALSE(dossier.isEmpty());
   QDir().mkpath(app.filePath("skins/abime"));
   ASSERT_TRUE(
