@@ -188,16 +188,5 @@ TEST(DiagrammeAccord, EveryStringAndRowIsFoundWhereItIsDrawn) {
   }
 }
 
-TEST(DiagrammeAccord, TheFirstFretShownFitsTheFingering) {
-  Diagramme d = Diagramme::vide(6);
-  EXPECT_EQ(d.premiereCaseJouee(), 0);
-  EXPECT_EQ(d.premiereCaseAffichee(), 1);
-  d.cases = {0, 3, 0, 0, 0, 2, 3, 0};
-  EXPECT_EQ(d.premiereCaseJouee(), 2);
-  EXPECT_EQ(d.premiereCaseAffichee(), 1);  // within five frets: the nut shows
-  d.cases = {0, 7, 7, 7, 9, 9, 255, 0};
-  EXPECT_EQ(d.premiereCaseAffichee(), 7);
-}
-
 }  // namespace
 }  // namespace vt::essai

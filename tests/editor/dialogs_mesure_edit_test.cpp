@@ -25,17 +25,6 @@ void quandOuvert(const std::function<void(FTabMesureEdit&)>& geste) {
   });
 }
 
-TEST(MesureEdit, TitleByModeInBothLanguages) {
-  const CVantoroTablature doc = document(1, 3);
-  const char* anglais[] = {"", "Insert measures", "Copy measures", "Cut measures",
-                           "Delete measures"};
-  for (int mode = 1; mode <= 4; ++mode)
-    EXPECT_EQ(FTabMesureEdit(kAnglais, doc, mode).windowTitle(), anglais[mode]) << mode;
-  FTabMesureEdit f(kFrancais, doc, FTabMesureEdit::kSupprimer);
-  EXPECT_EQ(f.windowTitle(), "Supprimer des mesures");
-  EXPECT_EQ(enfant<QRadioButton>(&f, "optPiste_1")->text(), "Toutes les pistes");
-}
-
 TEST(MesureEdit, StartsAtTheCursorsBarAndStaysInsideTheDocument) {
   CVantoroTablature doc = document(2, 10);
   doc.setCurseurMesure(7);

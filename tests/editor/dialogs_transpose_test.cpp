@@ -160,15 +160,5 @@ TEST(Transpose, ATrackWithoutNotesLeavesNoUndoStep) {
   EXPECT_TRUE(doc == avant);
 }
 
-TEST(Transpose, SelectionBarsAreHeldInsideTheDocument) {
-  CVantoroTablature doc = document(1, 3);
-  EXPECT_FALSE(mesuresSelection(doc).existe());
-  doc.intSelStartMesure = 9;
-  doc.intSelStopMesure = 2;
-  const MesuresSelection s = mesuresSelection(doc);
-  EXPECT_EQ(s.premiere, 2);
-  EXPECT_EQ(s.derniere, 3);
-}
-
 }  // namespace
 }  // namespace vt::essai

@@ -150,14 +150,5 @@ TEST_F(Curseur, TheGridFollowsTheViewAndTheChosenRhythm) {
   EXPECT_EQ(ftab->réglagesVue().TAB_VIEW_SCALE, 8);
 }
 
-TEST_F(Curseur, TheStatusBarShowsTheBarAndTheBeat) {
-  ouvre();
-  mesures(2);
-  curseur(2, 0, 1);
-  touche(Qt::Key_Right);
-  touche(Qt::Key_Right);
-  EXPECT_EQ(vt->panneau("position")->text().left(5), "2 : 1") << "48 ticks: one beat";
-}
-
 }  // namespace
 }  // namespace vt::essai

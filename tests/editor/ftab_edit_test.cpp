@@ -67,6 +67,12 @@ TEST_F(Edition, CtrlXCAndVCutCopyAndPasteTheSelection) {
   glisse(cellule(1, 0, 1), cellule(1, 1, 2));
   touche(Qt::Key_Down, Qt::ControlModifier);
   EXPECT_EQ(doc().intSelStartMesure, 0);
+  // An edit after an undo ends the redo.
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(actif("mnuTabEdit_1"));
+  tape("7");
+  EXPECT_FALSE(actif("mnuTabEdit_1"));
+  EXPECT_EQ(doc().getRedoDepth(), 0);
 }
 
 TEST_F(Edition, BarCommandsTakeTheirRangeFromTheDialog) {

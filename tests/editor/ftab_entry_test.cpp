@@ -326,24 +326,5 @@ TEST_F(Entree, BackspaceClosesTheColumnBeforeTheCursorInsertOpensOneDeleteTakesA
   EXPECT_EQ(doc().getUndoDepth(), profondeur);
 }
 
-TEST_F(Entree, UndoAndRedoFromTheKeys) {
-  ouvre();
-  EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
-  tape("5");
-  EXPECT_TRUE(ftab->entrée("mnuTabEdit_0")->isEnabled());
-  touche(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(fret(1, 1, 0), -1);
-  EXPECT_TRUE(ftab->entrée("mnuTabEdit_1")->isEnabled());
-  touche(Qt::Key_Y, Qt::ControlModifier);
-  EXPECT_EQ(fret(1, 1, 0), 5);
-  EXPECT_EQ(doc().getUndoDepth(), 1);
-  touche(Qt::Key_Z, Qt::ControlModifier);
-  tape("7");  // an edit after an undo ends the redo
-  EXPECT_EQ(doc().getRedoDepth(), 0);
-  EXPECT_FALSE(ftab->entrée("mnuTabEdit_1")->isEnabled());
-  touche(Qt::Key_Y, Qt::ControlModifier);
-  EXPECT_EQ(fret(1, 1, 0), 7);
-}
-
 }  // namespace
 }  // namespace vt::essai

@@ -121,7 +121,6 @@ class Jeu : public Editeur {
   QMessageBox::StandardButton réponse = QMessageBox::No;
 };
 
-// ---- Starting -----------------------------------------------------------------------
 
 TEST_F(Jeu, SpaceStartsFromTheCursorWithTheChecksOfThePlayMenu) {
   ouvreEssai(3);
@@ -266,7 +265,6 @@ TEST_F(Jeu, ThePlayEntriesAndSpaceDoWhatTheirButtonsDoInEveryState) {
   EXPECT_TRUE(questions.empty());
 }
 
-// ---- The screen timer --------------------------------------------------------------------
 
 TEST_F(Jeu, TheCursorFollowsThePlayerAndIsRedrawnOnlyWhenItChangesColumn) {
   ouvreEssai(2);
@@ -363,7 +361,6 @@ TEST_F(Jeu, TheTrackUnderTheCursorIsToldToThePlayerWhenItChanges) {
   touche(Qt::Key_Space);
 }
 
-// ---- The stop -------------------------------------------------------------------------------
 
 TEST_F(Jeu, TheStopPutsTheCursorOnTheGridAndInsideThePiece) {
   ouvreEssai(3);
@@ -426,7 +423,6 @@ TEST_F(Jeu, WhilePlayingOnlyTheFretsOfInsertModeAreTaken) {
   EXPECT_FALSE(ftab->isPlaying());
 }
 
-// ---- The fretboard --------------------------------------------------------------------------
 
 TEST_F(Jeu, TheFretboardShowsWhatSoundsOpenStringsExceptedAndKeepsAStringTheLibraryLeaves) {
   ouvreEssai();
@@ -491,7 +487,6 @@ TEST_F(Jeu, TheFretboardShowsWhatSoundsOpenStringsExceptedAndKeepsAStringTheLibr
   touche(Qt::Key_Space);
 }
 
-// ---- Recording --------------------------------------------------------------------------------
 
 TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorAndTiedAcrossBarLines) {
   ouvreEssai(4);
@@ -622,7 +617,6 @@ TEST_F(Jeu, AMidiNoteReachesTheOpenHarmonizerAndSoundsUnlessItIsRecorded) {
   EXPECT_EQ(fret(1, 2, 0), 3) << "the note recorded was written";
 }
 
-// ---- The real player --------------------------------------------------------------------------
 
 class JeuEntendu : public Jeu {
  protected:

@@ -130,15 +130,6 @@ TEST_F(Impressions, PreviewPagesZoomAndCopy) {
   EXPECT_EQ(aperçu.hsbPage()->maximum(), aperçu.nombrePages());
 }
 
-TEST_F(Impressions, APreviewOfOnePageHasABarWithNoRange) {
-  prépare(1);
-  FTabPrint aperçu([this] { return ftab->réglagesPage(); }, doc(), 1, vt->printer(),
-                   [this](int id) { return vt->loadString(id); });
-  EXPECT_EQ(aperçu.nombrePages(), 1);
-  EXPECT_EQ(aperçu.hsbPage()->minimum(), aperçu.hsbPage()->maximum());
-  EXPECT_FALSE(aperçu.hsbPage()->isEnabled());
-}
-
 TEST_F(Impressions, PageSetupWritesOnOkOnly) {
   prépare(1);
   Settings& s = vt->settings();

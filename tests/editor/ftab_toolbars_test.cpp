@@ -309,19 +309,6 @@ TEST_F(Barres, EveryButtonWritesItsCodeAndShowsTheStateOfTheNoteUnderTheCursor) 
   EXPECT_FALSE(ftab->bouton("tbRythme", "noire")->isChecked());
 }
 
-TEST_F(Barres, TheObjectsButtonsShowWhatStandsAtTheCursor) {
-  ouvre();
-  QAction* tempo = ftab->bouton("tbGeneral", "tempo");
-  EXPECT_FALSE(tempo->isChecked());
-  doc().addMesure();
-  ASSERT_TRUE(doc().setMesureTempo(2, 0, 90));
-  curseur(2, 0, 1);
-  ftab->tbUpdate();
-  EXPECT_TRUE(tempo->isChecked());
-  touche(Qt::Key_Left);
-  EXPECT_FALSE(tempo->isChecked());
-}
-
 TEST_F(Barres, AFloatingToolbarSharesItsButtonsAndDocksWhenClosed) {
   ouvre();
   FTabToolBar* f = ftab->détacheBarre("tbRythme");
@@ -351,21 +338,6 @@ TEST_F(Barres, AFloatingToolbarSharesItsButtonsAndDocksWhenClosed) {
   ftab->mnutabPistes(1);
   EXPECT_EQ(pistes->barre()->actions(), ftab->barre("tbPistes")->actions());
   EXPECT_EQ(pistes->barre()->actions().size(), 6);
-}
-
-TEST_F(Barres, HiddenToolbarsAreRememberedForTheNextEditor) {
-  ouvre();
-  ftab->mnuTabDisplayToolbar(1);  // tbAttaque
-  ftab->mnuTabDisplayToolbar(4);  // tbVolume
-  EXPECT_TRUE(ftab->barre("tbAttaque")->isHidden());
-  EXPECT_FALSE(ftab->entrée("mnuTabDisplayToolbar_1")->isChecked());
-  EXPECT_TRUE(ftab->entrée("mnuTabDisplayToolbar_0")->isChecked());
-  EXPECT_EQ(vt->settings().cfgTabBarresCachées, "tbAttaque,tbVolume");
-
-  FTab autre(*vt);
-  EXPECT_TRUE(autre.barre("tbAttaque")->isHidden());
-  EXPECT_TRUE(autre.barre("tbVolume")->isHidden());
-  EXPECT_FALSE(autre.barre("tbRythme")->isHidden());
 }
 
 TEST_F(Barres, TheOptionsOpenOnTheEditorsPageFromTheButtonAndOnTheLastOneFromTheMenu) {

@@ -9,27 +9,6 @@
 namespace vt {
 namespace {
 
-TEST(EtatOutils, LengthsOfTheRhythmGroupDottedAndTriplet) {
-  EtatOutils e;
-  const int plain[] = {192, 96, 48, 24, 12, 6};
-  const int dotted[] = {288, 144, 72, 36, 18, 9};
-  const int triplet[] = {128, 64, 32, 16, 8, 4};
-  for (int r = 0; r < 6; ++r) {
-    e.rythme = r;
-    e.pointée = e.triolet = false;
-    EXPECT_EQ(e.tbGetNoteDurée(), plain[r]);
-    e.pointée = true;
-    EXPECT_EQ(e.tbGetNoteDurée(), dotted[r]);
-    e.pointée = false;
-    e.triolet = true;
-    EXPECT_EQ(e.tbGetNoteDurée(), triplet[r]);
-  }
-  // Both toggles: half as long again, then two thirds of it.
-  e.rythme = 3;
-  e.pointée = e.triolet = true;
-  EXPECT_EQ(e.tbGetNoteDurée(), 24);
-}
-
 TEST(EtatOutils, TheAttackCommandsFollowTheShiftKeysOrder) {
   const byt attendu[] = {0, 3, 4, 5, 7, 8, 1, 2, 9, 6, 10, 11};
   for (int i = 0; i < kNbAttaques; ++i) {

@@ -126,26 +126,6 @@ TEST_F(Fenetre, TheTracksMenuListsTheTracksSelectsOneAndUndoReturnsToTheSnapshot
   EXPECT_EQ(fret(1, 1, 0), -1);
 }
 
-TEST_F(Fenetre, TheFretboardShowsTheNotesOfTheCursorsColumn) {
-  ouvre();
-  vt->setMancheVisible(true);
-  QCoreApplication::processEvents();
-  touche(Qt::Key_Right);
-  const QImage vide = vt->manche().image().copy();
-  curseur(1, 0, 2);
-  tape("3");
-  EXPECT_EQ(vt->mancheContenu(), 4);
-  EXPECT_NE(vt->manche().image(), vide) << "a dot at the third fret of the B string";
-  touche(Qt::Key_Right);
-  EXPECT_EQ(vt->manche().image(), vide);
-  // A drum track shows nothing there.
-  touche(Qt::Key_Left);
-  const QImage point = vt->manche().image().copy();
-  doc().setStaffType(1, kStaffBatterie);
-  touche(Qt::Key_Right);
-  EXPECT_EQ(vt->manche().image(), point);
-}
-
 TEST_F(Fenetre, ATypedFretSoundsOnTheTracksChannelWhileItsKeyIsHeld) {
   ouvre();
   doc().setMIDIPan(1, 30);

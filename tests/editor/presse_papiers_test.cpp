@@ -53,7 +53,6 @@ std::array<int, 4> rapport(const Changement& ch) {
   return {ch.modifié, ch.longueurChangée, ch.premièreMesure, ch.dernièreMesure};
 }
 
-// ---- The selection ----------------------------------------------------------
 
 TEST(Selection, IsPutInOrderByTimeAndByStringApart) {
   CVantoroTablature doc = document(1, 3);
@@ -84,7 +83,6 @@ TEST(NoteClipboard, WithoutASelectionNothingIsCopiedCutOrPasted) {
   EXPECT_TRUE(doc == avant);
 }
 
-// ---- Copy and paste of notes ----------------------------------------------------
 
 // Track 1: a selection from bar 1 tick 144 to bar 2 tick 48 on strings 2 and 3,
 // with notes just outside it on every side.
@@ -224,7 +222,6 @@ TEST(NoteClipboard, CutLeavesRestsWhereTheNotesWere) {
   EXPECT_TRUE(doc.pistes() == avant.pistes());
 }
 
-// ---- The bar clipboard ------------------------------------------------------------
 
 // Track 1 of three tracks (the third with four strings), bars 2 and 3 with
 // notes, a chord and texts; bar 2 is in 3/4.
@@ -359,7 +356,6 @@ TEST(BarClipboard, CutCopiesThenRemovesWithOneUndoStep) {
   mêmesMesures(doc, 1, 1, 5, avant, 1);
 }
 
-// ---- Inserting and deleting bars ----------------------------------------------------
 
 TEST(BarCommands, InsertOnTheCurrentTrackOrOnEveryTrack) {
   CVantoroTablature doc = pièceDeMesures();
