@@ -309,6 +309,19 @@ TEST_F(Barres, EveryButtonWritesItsCodeAndShowsTheStateOfTheNoteUnderTheCursor) 
   EXPECT_FALSE(ftab->bouton("tbRythme", "noire")->isChecked());
 }
 
+TEST_F(Barres, TheObjectsButtonsShowWhatStandsAtTheCursor) {
+  ouvre();
+  QAction* tempo = ftab->bouton("tbGeneral", "tempo");
+  EXPECT_FALSE(tempo->isChecked());
+  doc().addMesure();
+  ASSERT_TRUE(doc().setMesureTempo(2, 0, 90));
+  curseur(2, 0, 1);
+  ftab->tbUpdate();
+  EXPECT_TRUE(tempo->isChecked());
+  touche(Qt::Key_Left);
+  EXPECT_FALSE(tempo->isChecked());
+}
+
 TEST_F(Barres, AFloatingToolbarSharesItsButtonsAndDocksWhenClosed) {
   ouvre();
   FTabToolBar* f = ftab->détacheBarre("tbRythme");
