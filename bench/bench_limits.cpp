@@ -104,7 +104,13 @@ void BM_InsertBarAtBar1ThenUndo(benchmark::State& state) {
     const auto c = std::chrono::steady_clock::now();
     insertion += std::chrono::duration<double, std::milli>(b - a).count();
     annulation += std::chrono::duration<double, std::milli>(c - b).count();
+    // An undo gives the track its bars back and leaves the document's count:
+    // the empty bar at the end goes, for the next round to insert again.
+    state.PauseTiming();
+    doc.garbageMesure(doc.getMesureLast(), 1);
+    state.ResumeTiming();
   }
+  if (doc.getMesureLast() != state.range(0)) state.SkipWithError("the piece changed length");
   const double n = static_cast<double>(state.iterations());
   state.counters["insert_ms"] = insertion / n;
   state.counters["undo_ms"] = annulation / n;
@@ -180,7 +186,12 @@ void BM_AsciiExport(benchmark::State& state) {
 #define VT_LONGUEURS ->Arg(1000)->Arg(10000)->Arg(32767)->Unit(benchmark::kMillisecond)
 BENCHMARK(BM_Save) VT_LONGUEURS;
 BENCHMARK(BM_Load) VT_LONGUEURS;
-BENCHMARK(BM_InsertBarAtBar1ThenUndo) VT_LONGUEURS;
+// One bar short of the limit at the longest, so that the insertion happens.
+BENCHMARK(BM_InsertBarAtBar1ThenUndo)
+    ->Arg(1000)
+    ->Arg(10000)
+    ->Arg(32766)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_PlayFromNearTheEndToTheFirstNote) VT_LONGUEURS->UseManualTime()->Iterations(5);
 BENCHMARK(BM_MidiExport) VT_LONGUEURS;
 BENCHMARK(BM_MidiImport) VT_LONGUEURS;

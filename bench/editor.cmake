@@ -13,3 +13,11 @@ if(TARGET vt_editor)
     SOURCES ${CMAKE_CURRENT_LIST_DIR}/bench_editor_limits.cpp)
   target_compile_definitions(bench_editor_limits PRIVATE VT_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
 endif()
+
+# A MIDI input flooding the main window with the editor open.
+if(TARGET vt_editor)
+  vt_add_bench(NAME bench_midi_flood DEPS vt_editor Qt6::Widgets
+    SOURCES ${CMAKE_CURRENT_LIST_DIR}/bench_midi_flood.cpp)
+  target_include_directories(bench_midi_flood PRIVATE ${CMAKE_SOURCE_DIR}/src/shell/src)
+  target_compile_definitions(bench_midi_flood PRIVATE VT_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
+endif()

@@ -1,6 +1,4 @@
 // vantoro-cli chords: the dictionary's answer as JSON, and the refusals.
-#include <nlohmann/json.hpp>
-
 #include "cli_banc.h"
 
 namespace vt {
@@ -10,11 +8,7 @@ using Json = nlohmann::json;
 
 class ChordsCli : public CliBanc {
  protected:
-  Json json(const std::string& arguments) {
-    const Résultat r = lancer("chords " + arguments);
-    EXPECT_EQ(r.code, 0) << r.erreurs;
-    return Json::parse(r.sortie.empty() ? "{}" : r.sortie);
-  }
+  Json json(const std::string& arguments) { return jsonDe("chords " + arguments); }
 };
 
 TEST_F(ChordsCli, AStandardChordGivesItsNameToneAndFingeringsBestFirst) {

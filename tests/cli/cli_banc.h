@@ -10,7 +10,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <nlohmann/json.hpp>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace vt {
 
@@ -46,6 +49,30 @@ class CliBanc : public ::testing::Test {
                                  "' 2>'" + err.string() + "'";
     const int statut = std::system(commande.c_str());
     return {WIFEXITED(statut) ? WEXITSTATUS(statut) : -1, lireTout(out), lireTout(err)};
+  }
+  // The tool's JSON answer, from a run that must succeed.
+  nlohmann::json jsonDe(const std::string& arguments) {
+    const Résultat r = lancer(arguments);
+    EXPECT_EQ(r.code, 0) << arguments << ": " << r.erreurs;
+    return r.code == 0 ? nlohmann::json::parse(r.sortie) : nlohmann::json();
+  }
+  // Width and height of a PNG of the test's folder, from its IHDR chunk.
+  std::pair<int, int> taillePng(const std::string& nom) const {
+    const std::string o = lireTout(dossier_ / nom);
+    if (o.size() < 24 || o.compare(1, 3, "PNG") != 0) return {0, 0};
+    const auto be = [&](std::size_t i) {
+      return static_cast<unsigned char>(o[i]) << 24 | static_cast<unsigned char>(o[i + 1]) << 16 |
+             static_cast<unsigned char>(o[i + 2]) << 8 | static_cast<unsigned char>(o[i + 3]);
+    };
+    return {be(16), be(20)};
+  }
+  // Writes a file of the test's folder; its quoted path.
+  std::string poser(const std::string& nom, const std::string& octets) {
+    std::ofstream(dossier_ / nom, std::ios::binary) << octets;
+    return c(nom);
+  }
+  std::string poser(const std::string& nom, const std::vector<std::uint8_t>& octets) {
+    return poser(nom, std::string(octets.begin(), octets.end()));
   }
 
   std::filesystem::path dossier_;

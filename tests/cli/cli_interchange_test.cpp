@@ -1,14 +1,6 @@
 // vantoro-cli convert between .vtb, MIDI files and ASCII tablature, end to
 // end: the six directions, the options of each format, and the refusals.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <nlohmann/json.hpp>
 
 #include "cli_banc.h"
 #include "formats/ascii_import.h"
@@ -26,14 +18,7 @@ using nlohmann::json;
 
 class CliConvert : public CliBanc {
  protected:
-  void poser(const std::string& nom, const std::string& octets) {
-    std::ofstream(dossier_ / nom, std::ios::binary) << octets;
-  }
-  json dump(const std::string& nom) {
-    const Résultat r = lancer("dump " + c(nom));
-    EXPECT_EQ(r.code, 0) << r.erreurs;
-    return r.code == 0 ? json::parse(r.sortie) : json();
-  }
+  json dump(const std::string& nom) { return jsonDe("dump " + c(nom)); }
   // A two-track .vtb with effects and a chord, written by the .vtb writer.
   void morceau(const std::string& nom) {
     const tGuitare guitare =

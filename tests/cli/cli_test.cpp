@@ -1,13 +1,4 @@
 // vantoro-cli end to end: new, info, dump and convert on files built by hand.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <nlohmann/json.hpp>
-
 #include "cli_banc.h"
 #include "formats/catalogue.h"
 #include "formats/string_table.h"
@@ -20,24 +11,7 @@ namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
 
-using Exécution = Résultat;
-
-class Cli : public CliBanc {
- protected:
-  fs::path poser(const std::string& nom, const std::vector<std::uint8_t>& octets) {
-    const fs::path p = dossier_ / nom;
-    std::ofstream(p, std::ios::binary)
-        .write(reinterpret_cast<const char*>(octets.data()),
-               static_cast<std::streamsize>(octets.size()));
-    return p;
-  }
-  std::string chemin(const std::string& nom) const { return c(nom); }
-  json jsonDe(const std::string& args) {
-    const Exécution e = lancer(args);
-    EXPECT_EQ(e.code, 0) << e.erreurs;
-    return json::parse(e.sortie);
-  }
-};
+using Cli = CliBanc;
 
 // The tool's catalogue is the vt.ini beside it.
 CatalogueGuitares catalogueDuProgramme() {
@@ -45,18 +19,15 @@ CatalogueGuitares catalogueDuProgramme() {
 }
 
 TEST_F(Cli, NewWritesTheBytesOfANewDocument) {
-  const Exécution e = lancer("new " + chemin("a.vtb"));
+  const Résultat e = lancer("new " + c("a.vtb"));
   ASSERT_EQ(e.code, 0) << e.erreurs;
   EXPECT_TRUE(e.erreurs.empty());
   const CVantoroTablature attendu(catalogueDuProgramme().loadGuitare(1, kLangAnglais));
   const VtbEcriture octets = io_enregistrer_vtb(attendu);
   EXPECT_EQ(lireTout(dossier_ / "a.vtb"), std::string(octets.octets.begin(), octets.octets.end()));
-  const std::string début = lireTout(dossier_ / "a.vtb").substr(0, 27);
-  EXPECT_EQ(début,
-            std::string("VTB\x08\x01\0\0\0\0\0\x78\0\0\0\x01TRK0\x08\x04\x04\0\0\0\0\0", 27));
 
-  ASSERT_EQ(lancer("--lang fr new " + chemin("fr.vtb")).code, 0);
-  const json d = jsonDe("dump " + chemin("fr.vtb"));
+  ASSERT_EQ(lancer("--lang fr new " + c("fr.vtb")).code, 0);
+  const json d = jsonDe("dump " + c("fr.vtb"));
   EXPECT_EQ(d["pistes"][0]["strGuitareNom"], "Guitare, accordage standard");
   EXPECT_EQ(d["pistes"][0]["bytCordes"], json({64, 59, 55, 50, 45, 40}));
 }
@@ -64,14 +35,14 @@ TEST_F(Cli, NewWritesTheBytesOfANewDocument) {
 TEST_F(Cli, InfoSummarisesAFile) {
   poser("v7.vtb", test::fichierVersion7());
   EXPECT_EQ(
-      jsonDe("info " + chemin("v7.vtb")),
+      jsonDe("info " + c("v7.vtb")),
       json::parse(
           R"({"format":"vtb","version":7,"tracks":2,"bars":2,"notes":4,"title":"Titre été"})"));
 }
 
 TEST_F(Cli, DumpShowsEveryFieldOfAVersion5File) {
   poser("v5.vtb", test::fichierVersion5({64, 59, 55, 50, 45, 38}));
-  const json d = jsonDe("dump " + chemin("v5.vtb"));
+  const json d = jsonDe("dump " + c("v5.vtb"));
   EXPECT_EQ(d["titre"], "Titre été");
   EXPECT_EQ(d["Auteur"], "Auteur");
   EXPECT_EQ(d["tempo"], 132);
@@ -100,13 +71,13 @@ TEST_F(Cli, DumpShowsEveryFieldOfAVersion5File) {
 
 TEST_F(Cli, DumpOfVersions4And6) {
   poser("v4.vtb", test::fichierVersion4());
-  json d = jsonDe("dump " + chemin("v4.vtb"));
+  json d = jsonDe("dump " + c("v4.vtb"));
   EXPECT_EQ(d["pistes"][0]["strGuitareNom"], "Guitar, standard tuning");
   EXPECT_EQ(d["pistes"][0]["mesures"][1]["cordes"][0][0]["bytAttaque"], 3);
   EXPECT_EQ(d["pistes"][0]["mesures"][0]["accords"], json::array());
 
   poser("v6.vtb", test::fichierVersion6());
-  d = jsonDe("dump " + chemin("v6.vtb"));
+  d = jsonDe("dump " + c("v6.vtb"));
   EXPECT_EQ(d["mesures"][0]["bytSignatureDn"], 8);
   EXPECT_EQ(d["pistes"][0]["bytPan"], 30);
   EXPECT_EQ(d["pistes"][0]["mesures"][0]["cordes"][0][1]["bytVolume"], 127);
@@ -114,21 +85,21 @@ TEST_F(Cli, DumpOfVersions4And6) {
 
 TEST_F(Cli, ConvertUpgradesToVersion8) {
   poser("v7.vtb", test::fichierVersion7());
-  const Exécution e = lancer("convert " + chemin("v7.vtb") + " " + chemin("v8.VTB"));
+  const Résultat e = lancer("convert " + c("v7.vtb") + " " + c("v8.VTB"));
   ASSERT_EQ(e.code, 0) << e.erreurs;
   EXPECT_EQ(lireTout(dossier_ / "v8.VTB")[3], 8);
-  EXPECT_EQ(jsonDe("info " + chemin("v8.VTB"))["version"], 8);
-  EXPECT_EQ(jsonDe("dump " + chemin("v8.VTB")), jsonDe("dump " + chemin("v7.vtb")));
+  EXPECT_EQ(jsonDe("info " + c("v8.VTB"))["version"], 8);
+  EXPECT_EQ(jsonDe("dump " + c("v8.VTB")), jsonDe("dump " + c("v7.vtb")));
 }
 
 TEST_F(Cli, RefusedFilesWriteNothingAndSayWhy) {
-  poser("vide.vtb", {});
-  Exécution e = lancer("info " + chemin("vide.vtb"));
+  poser("vide.vtb", "");
+  Résultat e = lancer("info " + c("vide.vtb"));
   EXPECT_EQ(e.code, 1);
   EXPECT_EQ(e.erreurs, "Bad file size!\nThis is not a VTB file!\n");
   EXPECT_TRUE(e.sortie.empty());
 
-  e = lancer("--lang fr convert " + chemin("vide.vtb") + " " + chemin("out.vtb"));
+  e = lancer("--lang fr convert " + c("vide.vtb") + " " + c("out.vtb"));
   EXPECT_EQ(e.code, 1);
   EXPECT_EQ(e.erreurs, "Taille de fichier incorrecte !\nCe n'est pas un fichier VTB !\n");
   EXPECT_FALSE(fs::exists(dossier_ / "out.vtb"));
@@ -136,35 +107,35 @@ TEST_F(Cli, RefusedFilesWriteNothingAndSayWhy) {
   auto coupé = test::fichierVersion7();
   coupé.resize(coupé.size() / 2);
   poser("cut.vtb", coupé);
-  e = lancer("dump " + chemin("cut.vtb"));
+  e = lancer("dump " + c("cut.vtb"));
   EXPECT_EQ(e.code, 1);
   EXPECT_EQ(e.erreurs.rfind("Bad file size! (", 0), 0u) << e.erreurs;
   EXPECT_TRUE(e.sortie.empty());
 
-  poser("new.vtb", {'V', 'T', 'B', 9, 1});
-  e = lancer("info " + chemin("new.vtb"));
+  poser("new.vtb", std::string("VTB\x09\x01"));
+  e = lancer("info " + c("new.vtb"));
   EXPECT_EQ(e.code, 1);
   EXPECT_EQ(e.erreurs, "Too recent VTB file! Please obtain the latest version of Vantoro.\n");
 
-  e = lancer("info " + chemin("absent.vtb"));
+  e = lancer("info " + c("absent.vtb"));
   EXPECT_EQ(e.code, 1);
   EXPECT_EQ(e.erreurs.rfind("This file is missing.", 0), 0u);
 }
 
 TEST_F(Cli, UsageErrorsExitWithTwo) {
   poser("v6.vtb", test::fichierVersion6());
-  Exécution e = lancer("convert " + chemin("v6.vtb") + " " + chemin("out.xyz"));
+  Résultat e = lancer("convert " + c("v6.vtb") + " " + c("out.xyz"));
   EXPECT_EQ(e.code, 2);
   EXPECT_FALSE(fs::exists(dossier_ / "out.xyz"));
-  EXPECT_EQ(lancer("new " + chemin("x.txt2")).code, 2);
+  EXPECT_EQ(lancer("new " + c("x.txt2")).code, 2);
   EXPECT_EQ(lancer("").code, 2);
   EXPECT_EQ(lancer("info").code, 2);
-  EXPECT_EQ(lancer("--lang de info " + chemin("v6.vtb")).code, 2);
+  EXPECT_EQ(lancer("--lang de info " + c("v6.vtb")).code, 2);
 }
 
 TEST_F(Cli, SaveFailureIsReported) {
   poser("v6.vtb", test::fichierVersion6());
-  const Exécution e = lancer("convert " + chemin("v6.vtb") + " " + chemin("gone/out.vtb"));
+  const Résultat e = lancer("convert " + c("v6.vtb") + " " + c("gone/out.vtb"));
   EXPECT_EQ(e.code, 1);
   EXPECT_EQ(e.erreurs.rfind(loadString(msg::kEcritureImpossible, kLangAnglais), 0), 0u)
       << e.erreurs;

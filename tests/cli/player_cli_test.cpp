@@ -1,12 +1,4 @@
 // vantoro-cli play --log and convert to .wav, run as a user runs them.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include "cli_banc.h"

@@ -1,10 +1,5 @@
 // vantoro-cli scales, scale and identify as a user runs them, on the shipped
 // scale file and on damaged ones.
-#include <gtest/gtest.h>
-
-#include <fstream>
-#include <nlohmann/json.hpp>
-
 #include "cli_banc.h"
 
 namespace vt {
@@ -14,20 +9,11 @@ using nlohmann::json;
 
 class CliGammes : public CliBanc {
  protected:
-  json jsonDe(const std::string& args) {
-    const Résultat r = lancer(args);
-    EXPECT_EQ(r.code, 0) << r.erreurs;
-    return json::parse(r.sortie);
-  }
   std::vector<std::string> lignes(const std::string& args) {
     std::vector<std::string> l;
     for (const auto& m : jsonDe(args))
       l.push_back(m["line"]);
     return l;
-  }
-  std::string poser(const std::string& nom, const std::string& octets) {
-    std::ofstream(dossier_ / nom, std::ios::binary) << octets;
-    return c(nom);
   }
 };
 

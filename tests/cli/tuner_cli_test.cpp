@@ -1,11 +1,8 @@
 // vantoro-cli pitch and metronome, run as a user runs them: a tablature's
 // open string rendered to WAV by the tool itself and measured back, the
 // files it refuses, and the metronome's clicks with their accent.
-#include <gtest/gtest.h>
-
+#include <cmath>
 #include <cstdint>
-#include <fstream>
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "cli_banc.h"
@@ -56,9 +53,7 @@ TEST_F(CliAccordeur, PitchOfAnOpenStringTheToolRendered) {
   ASSERT_TRUE(io_enregistrer_vtb(doc, dossier_ / "e.vtb").ok());
   ASSERT_EQ(lancer("convert " + c("e.vtb") + " " + c("e.wav")).code, 0);
 
-  const Résultat r = lancer("pitch " + c("e.wav"));
-  ASSERT_EQ(r.code, 0) << r.erreurs;
-  const json j = json::parse(r.sortie);
+  const json j = jsonDe("pitch " + c("e.wav"));
   EXPECT_EQ(j["midi"], 40);
   EXPECT_EQ(j["note"], "E");
   EXPECT_EQ(j["string"], 6);
@@ -70,9 +65,7 @@ TEST_F(CliAccordeur, PitchOfAnOpenStringTheToolRendered) {
   EXPECT_FALSE(j.contains("frame_list"));
 
   // One string only: it is string 1. Each frame listed, in time order.
-  const Résultat f = lancer("pitch " + c("e.wav") + " --tuning 45 --frames");
-  ASSERT_EQ(f.code, 0) << f.erreurs;
-  const json k = json::parse(f.sortie);
+  const json k = jsonDe("pitch " + c("e.wav") + " --tuning 45 --frames");
   EXPECT_EQ(k["string"], 1);
   ASSERT_EQ(k["frame_list"].size(), k["frames"].get<std::size_t>());
   double t = -1;
@@ -85,9 +78,7 @@ TEST_F(CliAccordeur, PitchOfAnOpenStringTheToolRendered) {
 
 TEST_F(CliAccordeur, SilenceHasNoPitchAndBadFilesAreRefused) {
   wav("silence.wav", 44100, [](std::uint32_t) { return 0; });
-  const Résultat s = lancer("pitch " + c("silence.wav"));
-  ASSERT_EQ(s.code, 0) << s.erreurs;
-  const json j = json::parse(s.sortie);
+  const json j = jsonDe("pitch " + c("silence.wav"));
   EXPECT_EQ(j["voiced"], 0);
   EXPECT_GT(j["frames"].get<int>(), 0);
   for (const char* champ : {"hz", "midi", "note", "cents", "string"})

@@ -52,42 +52,6 @@ std::vector<std::vector<std::string>> readTable(const std::filesystem::path& pat
   return rows;
 }
 
-bool isValidUtf8(const std::string& s) {
-  std::size_t i = 0;
-  while (i < s.size()) {
-    const auto c = static_cast<unsigned char>(s[i]);
-    int follow = 0;
-    std::uint32_t code = 0;
-    if (c < 0x80) {
-      ++i;
-      continue;
-    } else if ((c & 0xE0) == 0xC0) {
-      follow = 1;
-      code = c & 0x1F;
-    } else if ((c & 0xF0) == 0xE0) {
-      follow = 2;
-      code = c & 0x0F;
-    } else if ((c & 0xF8) == 0xF0) {
-      follow = 3;
-      code = c & 0x07;
-    } else {
-      return false;
-    }
-    if (i + static_cast<std::size_t>(follow) >= s.size()) return false;
-    for (int k = 1; k <= follow; ++k) {
-      const auto d = static_cast<unsigned char>(s[i + static_cast<std::size_t>(k)]);
-      if ((d & 0xC0) != 0x80) return false;
-      code = (code << 6) | (d & 0x3F);
-    }
-    // Overlong forms and surrogates are not UTF-8.
-    if ((follow == 1 && code < 0x80) || (follow == 2 && code < 0x800) ||
-        (follow == 3 && code < 0x10000) || (code >= 0xD800 && code <= 0xDFFF) || code > 0x10FFFF)
-      return false;
-    i += static_cast<std::size_t>(follow) + 1;
-  }
-  return true;
-}
-
 namespace {
 
 std::uint32_t le32(const std::string& b, std::size_t at) {

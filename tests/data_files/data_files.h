@@ -1,5 +1,5 @@
 // Small readers for the tests of the shipped data: whole files, tab-separated
-// tables, UTF-8 checks and the size of a picture from its header.
+// tables and the size of a picture from its header.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 #include <vector>
+
+#include "document/cp1252.h"  // isValidUtf8
 
 namespace vt::test {
 
@@ -23,8 +25,6 @@ std::vector<std::string> split(const std::string& line, char separator);
 // The rows of a tab-separated table, skipping empty lines and lines starting
 // with '#'.
 std::vector<std::vector<std::string>> readTable(const std::filesystem::path& path);
-
-bool isValidUtf8(const std::string& s);
 
 struct PictureInfo {
   std::string format;  // "bmp", "jpg" or "png"

@@ -153,14 +153,5 @@ TEST(Help, AnchorsThatWindowsOpenDirectlyExist) {
       expectTarget(lang, target, "a window's Help button");
 }
 
-TEST(RequiredFiles, TheDataFilesThisFolderShipsAreThere) {
-  // Of the nine files checked at start, those made here (vt.ini and musical.ttf
-  // come with the instruments and the music font).
-  for (const char* name :
-       {"scales.dat", "help/fr/contents.txt", "help/en/contents.txt", "help/fr/index.html",
-        "help/en/index.html", "tipofday.ini", "tipofdayen.ini"})
-    EXPECT_TRUE(fs::is_regular_file(dataDir() / name)) << name;
-}
-
 }  // namespace
 }  // namespace vt::test

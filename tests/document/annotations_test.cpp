@@ -155,9 +155,7 @@ TEST(Repeats, FirstBarWithAnError) {
   EXPECT_EQ(renvois(6, {{5, 2, 0}}), 6);             // never closed: the last bar
   EXPECT_EQ(renvois(3, {{2, 2, 2}, {3, 2, 2}}), 0);  // one-bar repeats
   EXPECT_EQ(renvois(3, {{1, 1, 3}, {2, 0, 1}}), 0);  // double and final lines are no repeats
-}
-
-TEST(Repeats, AnEndAfterAClosedRepeatWithoutItsOwnStartIsAnError) {
+  // An end after a closed repeat, without a start of its own.
   EXPECT_EQ(renvois(5, {{1, 2, 0}, {2, 0, 2}, {4, 0, 2}}), 4);
 }
 
@@ -187,13 +185,9 @@ TEST(Markers, StartAndStopStayInOrder) {
   EXPECT_EQ(doc.marqueurs(), (tMarqueurs{4, 50, 7, 0}));
 }
 
-TEST(TrackSettings, PlainReadsAndWritesWithLimits) {
+TEST(TrackSettings, LimitsOfTheStringCountAndTheName) {
   CVantoroTablature doc;
-  doc.setMIDIBank(1, 5);
-  doc.setPistePlaySolo(1, kVrai);
-  doc.setGuitareCorde(1, 7, 35);
-  EXPECT_EQ(doc.getMIDIBank(1), 5);
-  EXPECT_EQ(doc.getPistePlaySolo(1), kVrai);
+  doc.setGuitareCorde(1, 7, 35);  // kept past the string count
   EXPECT_EQ(doc.getGuitareCorde(1, 7), 35);
   EXPECT_EQ(doc.getGuitareCorde(1, 8), 0);
   EXPECT_FALSE(doc.setGuitareNbrCordes(1, 8));

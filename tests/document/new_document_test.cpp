@@ -1,8 +1,8 @@
 // A new document, the length table, the key byte, and beats.
 #include <gtest/gtest.h>
 
-#include "document/tablature.h"
 #include "document/validate.h"
+#include "test_support.h"
 
 namespace vt {
 namespace {
@@ -25,24 +25,17 @@ TEST(NewDocument, HasOneTrackOfOneEmptyFourFourBar) {
 }
 
 TEST(NewDocument, TrackTakesTheCurrentInstrumentAndPatch) {
-  tGuitare g;
-  g.nom = "Basse 4 cordes";
-  g.nbrCordes = 4;
-  g.nbrCases = 20;
-  g.corde = {0, 43, 38, 33, 28, 0, 0, 0};
+  tGuitare g = test::basse4();
   g.capodastre = 2;
   CVantoroTablature doc(g, 33);
-  EXPECT_EQ(doc.getGuitareNom(1), "Basse 4 cordes");
-  EXPECT_EQ(doc.getGuitareNbrCordes(1), 4);
-  EXPECT_EQ(doc.getGuitareNbrCases(1), 20);
-  EXPECT_EQ(doc.getGuitareCorde(1, 1), 43);
-  EXPECT_EQ(doc.getGuitareCorde(1, 4), 28);
-  EXPECT_EQ(doc.getGuitareCapodastre(1), 2);
-  EXPECT_EQ(doc.getMIDIPatch(1), 33);
-  EXPECT_EQ(doc.getMIDIPan(1), 64);
-  EXPECT_EQ(doc.getMIDIBalance(1), 64);
-  EXPECT_EQ(doc.getPortéeClef(1), 1);
-  EXPECT_EQ(doc.pisteMesure(1, 1)->tabCordes.last(), 4);
+  EXPECT_EQ(doc.getGuitareNom(1), "Bass");
+  // Strings, frets, string 1, string 4, capo, patch, pan, balance, clef, strings of bar 1.
+  EXPECT_EQ((std::vector<int>{doc.getGuitareNbrCordes(1), doc.getGuitareNbrCases(1),
+                              doc.getGuitareCorde(1, 1), doc.getGuitareCorde(1, 4),
+                              doc.getGuitareCapodastre(1), doc.getMIDIPatch(1), doc.getMIDIPan(1),
+                              doc.getMIDIBalance(1), doc.getPortéeClef(1),
+                              doc.pisteMesure(1, 1)->tabCordes.last()}),
+            (std::vector<int>{4, 20, 43, 28, 2, 33, 64, 64, 1, 4}));
 }
 
 TEST(NewDocument, InitializeForgetsEverything) {
@@ -59,16 +52,13 @@ TEST(NewDocument, InitializeForgetsEverything) {
   EXPECT_EQ(doc, CVantoroTablature());
 }
 
-TEST(NoteLengths, RoundDownOntoTheSeventeenValues) {
+TEST(NoteLengths, RoundDownOntoTheSeventeenValuesWhichMapToThemselves) {
   const std::pair<int, int> cas[] = {{191, 144}, {143, 128}, {7, 6},    {5, 4},    {0, 4},
                                      {192, 192}, {200, 192}, {-1, 192}, {47, 36},  {48, 48},
                                      {35, 32},   {9, 9},     {11, 9},   {17, 16},  {23, 18},
                                      {63, 48},   {71, 64},   {95, 72},  {127, 96}, {8, 8}};
   for (auto [entrée, attendu] : cas)
     EXPECT_EQ(CVantoroTablature::makeNoteDuréeExiste(entrée), attendu) << "length " << entrée;
-}
-
-TEST(NoteLengths, EveryNotatedLengthMapsToItself) {
   for (int d : {4, 6, 8, 9, 12, 16, 18, 24, 32, 36, 48, 64, 72, 96, 128, 144, 192})
     EXPECT_EQ(CVantoroTablature::makeNoteDuréeExiste(d), d);
 }
@@ -88,26 +78,18 @@ TEST(KeyByte, DecodesAccidentalsAndMode) {
   EXPECT_EQ(doc.getMesureTonalitéAltérations(1), 3);
 }
 
-TEST(Beats, FollowTheNumeratorRule) {
+TEST(Beats, FollowTheNumeratorRuleAndTheSignatureGivesTheWidth) {
   CVantoroTablature doc;
   const struct {
-    int up, dn, beat;
-  } cas[] = {{6, 8, 72},  {5, 4, 48}, {4, 4, 48}, {8, 8, 0},  {3, 4, 48},   {9, 8, 72},
-             {12, 8, 72}, {7, 8, 24}, {2, 2, 96}, {10, 8, 0}, {15, 16, 36}, {1, 4, 48}};
+    int up, dn, beat, w;
+  } cas[] = {{6, 8, 72, 144}, {5, 4, 48, 240},  {4, 4, 48, 192},   {8, 8, 0, 192},
+             {3, 4, 48, 144}, {9, 8, 72, 216},  {12, 8, 72, 288},  {7, 8, 24, 168},
+             {2, 2, 96, 192}, {10, 8, 0, 240},  {15, 16, 36, 180}, {1, 4, 48, 48},
+             {5, 8, 24, 120}, {12, 16, 36, 144}};
   for (auto c : cas) {
     ASSERT_TRUE(doc.setMesureSignature(1, c.up, c.dn));
     EXPECT_EQ(doc.getTempsDurée(1), c.beat) << c.up << "/" << c.dn;
-  }
-}
-
-TEST(Beats, WidthsOfCommonSignatures) {
-  CVantoroTablature doc;
-  const struct {
-    int up, dn, w;
-  } cas[] = {{4, 4, 192}, {3, 4, 144}, {6, 8, 144}, {7, 8, 168}, {5, 8, 120}, {12, 16, 144}};
-  for (auto c : cas) {
-    ASSERT_TRUE(doc.setMesureSignature(1, c.up, c.dn));
-    EXPECT_EQ(doc.getMesureLargeur(1), c.w);
+    EXPECT_EQ(doc.getMesureLargeur(1), c.w) << c.up << "/" << c.dn;
   }
 }
 

@@ -5,11 +5,6 @@
 
 namespace vt::test {
 
-// A track-1 note with the given fields, through setNoteWhole as the keyboard does.
-inline int poser(CVantoroTablature& doc, int m, int c, int x, int fret, int dur, int piste = 1) {
-  return doc.setNoteWhole(piste, m, c, x, fret, dur);
-}
-
 // The frets of a string of a bar, in order, as (x, fret, length) triples flattened.
 struct NoteVue {
   int x, fret, dur;

@@ -11,11 +11,52 @@ using test::NoteVue;
 
 const tGuitare kStandard{};  // 64 59 55 50 45 40
 
-TEST(Transpose, UpWithinTheRange) {
-  CVantoroTablature doc;
-  doc.setNoteWhole(1, 1, 3, 0, 3, 48);
-  ASSERT_TRUE(doc.transpose(1, 2, 22, 0, 1, 1, kStandard));
-  EXPECT_EQ(corde(doc, 1, 1, 3), (std::vector<NoteVue>{{0, 5, 48}}));
+// Every note of bar 1 as "string:x:fret:length", strings in order.
+std::vector<std::string> notes(const CVantoroTablature& doc) {
+  std::vector<std::string> v;
+  for (int c = 1; c <= 6; ++c)
+    for (const NoteVue& n : corde(doc, 1, 1, c))
+      v.push_back(std::to_string(c) + ":" + std::to_string(n.x) + ":" + std::to_string(n.fret) +
+                  ":" + std::to_string(n.dur));
+  return v;
+}
+
+TEST(Transpose, WithinTheRangeOrToTheNeighbouringStringOrLost) {
+  struct Note {
+    int c, x, fret, dur;
+  };
+  const struct {
+    const char* quoi;
+    std::vector<Note> avant;
+    int demiTons, max;
+    std::vector<std::string> attendu;
+  } cas[] = {
+      {"up within the range", {{3, 0, 3, 48}}, 2, 22, {"3:0:5:48"}},
+      // None above string 1; a place already taken loses the note, and the
+      // note standing there is transposed itself.
+      {"up on string 1 or onto a taken place is lost",
+       {{1, 0, 21, 48}, {3, 48, 21, 48}, {2, 48, 1, 48}},
+       2,
+       22,
+       {"2:48:3:48"}},
+      // -2 on the B string is 2 on the G string: -2 + 59 - 55; none below the last string.
+      {"down past the range", {{2, 0, 1, 24}, {6, 24, 0, 24}}, -3, 24, {"3:0:2:24"}},
+      // 13 > 12: to string 3 as 8, and moved once only; a blank stays as it is.
+      {"each note moves once",
+       {{4, 0, 11, 48}, {4, 48, kCaseVide, 48}},
+       2,
+       12,
+       {"3:0:8:48", "4:48:255:48"}},
+      {"260 fits no fret: lost, not wrapped", {{1, 0, 250, 48}}, 10, 255, {}},
+  };
+  for (const auto& k : cas) {
+    SCOPED_TRACE(k.quoi);
+    CVantoroTablature doc;
+    for (const Note& n : k.avant)
+      doc.setNoteWhole(1, 1, n.c, n.x, n.fret, n.dur);
+    doc.transpose(1, k.demiTons, k.max, 0, 1, 1, kStandard);
+    EXPECT_EQ(notes(doc), k.attendu);
+  }
 }
 
 TEST(Transpose, UpPastTheRangeGoesToTheHigherString) {
@@ -33,39 +74,6 @@ TEST(Transpose, UpPastTheRangeGoesToTheHigherString) {
   EXPECT_EQ(doc.getNoteVolume(1, 1, 2, 1), nuance::kF);
 }
 
-TEST(Transpose, UpOnTheFirstStringOrOntoAnOccupiedPlaceIsLost) {
-  CVantoroTablature doc;
-  doc.setNoteWhole(1, 1, 1, 0, 21, 48);
-  doc.setNoteWhole(1, 1, 3, 48, 21, 48);
-  doc.setNoteWhole(1, 1, 2, 48, 1, 48);
-  doc.transpose(1, 2, 22, 0, 1, 1, kStandard);
-  EXPECT_EQ(doc.getNoteLast(1, 1, 1), 0);
-  EXPECT_EQ(doc.getNoteLast(1, 1, 3), 0);
-  // The note standing on string 2 stays, transposed itself.
-  EXPECT_EQ(corde(doc, 1, 1, 2), (std::vector<NoteVue>{{48, 3, 48}}));
-}
-
-TEST(Transpose, DownPastTheRangeGoesToTheLowerString) {
-  CVantoroTablature doc;
-  doc.setNoteWhole(1, 1, 2, 0, 1, 24);
-  doc.setNoteWhole(1, 1, 6, 24, 0, 24);
-  doc.transpose(1, -3, 24, 0, 1, 1, kStandard);
-  // -2 on the B string is 2 on the G string: -2 + 59 - 55.
-  EXPECT_EQ(corde(doc, 1, 1, 3), (std::vector<NoteVue>{{0, 2, 24}}));
-  EXPECT_EQ(doc.getNoteLast(1, 1, 2), 0);
-  EXPECT_EQ(doc.getNoteLast(1, 1, 6), 0);  // no lower string than the last
-}
-
-TEST(Transpose, EachNoteMovesOnceAndBlanksStay) {
-  CVantoroTablature doc;
-  doc.setNoteWhole(1, 1, 4, 0, 11, 48);  // 13 > 12: to string 3 as 8
-  const int n = doc.setNoteWhole(1, 1, 4, 48, 255, 48);
-  doc.setNoteEffet(1, 1, 4, n, effet::kBendUp);
-  doc.transpose(1, 2, 12, 0, 1, 1, kStandard);
-  EXPECT_EQ(corde(doc, 1, 1, 3), (std::vector<NoteVue>{{0, 8, 48}}));
-  EXPECT_EQ(corde(doc, 1, 1, 4), (std::vector<NoteVue>{{48, 255, 48}}));
-}
-
 TEST(Transpose, OnlyTheChosenBarsAndOnlyValidAmounts) {
   CVantoroTablature doc;
   doc.addMesure();
@@ -81,13 +89,6 @@ TEST(Transpose, OnlyTheChosenBarsAndOnlyValidAmounts) {
   EXPECT_EQ(doc.getNoteCase(1, 1, 1, 1), 5);
   EXPECT_EQ(doc.getNoteCase(1, 2, 1, 1), 6);
   EXPECT_EQ(doc.getNoteCase(1, 3, 1, 1), 5);
-}
-
-TEST(Transpose, NeverMakesABlankNote) {
-  CVantoroTablature doc;
-  doc.setNoteWhole(1, 1, 1, 0, 250, 48);
-  doc.transpose(1, 10, 255, 0, 1, 1, kStandard);
-  EXPECT_EQ(doc.getNoteLast(1, 1, 1), 0);  // 260 fits no fret: lost, not wrapped
 }
 
 }  // namespace

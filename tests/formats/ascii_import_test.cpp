@@ -10,6 +10,7 @@
 namespace vt {
 namespace {
 
+using test::notes;
 using test::poser;
 
 InterchangeResult importer(const std::string& texte, CVantoroTablature& doc, int rythme = 24) {
@@ -20,18 +21,6 @@ InterchangeResult importer(const std::string& texte, CVantoroTablature& doc, int
     EXPECT_EQ(validateDocument(doc), "");
   }
   return r;
-}
-
-// Every note of the track as "bar:string:X:fret", in bar, string, X order.
-std::vector<std::string> notes(const CVantoroTablature& doc) {
-  std::vector<std::string> out;
-  for (int m = 1; m <= doc.getMesureLast(); ++m)
-    for (int c = 1; c <= doc.getGuitareNbrCordes(1); ++c)
-      for (int n = 1; n <= doc.getNoteLast(1, m, c); ++n)
-        out.push_back(std::to_string(m) + ":" + std::to_string(c) + ":" +
-                      std::to_string(doc.getNoteX(1, m, c, n)) + ":" +
-                      std::to_string(doc.getNoteCase(1, m, c, n)));
-  return out;
 }
 
 TEST(AsciiImportBlocks, AnEmptyFileIsSaidToHoldNoTablatureSinceNothingInItIsDamaged) {
@@ -55,13 +44,13 @@ TEST(AsciiImportBlocks, AnEmptyFileIsSaidToHoldNoTablatureSinceNothingInItIsDama
 
 TEST(AsciiImportBlocks, LabelsAndTrailingTextStayOutsideButAFretBeforeTheFirstDashesIsNotLost) {
   const auto blocs = trouverBlocsAscii(
-      "Intro -- slowly\n"          // holds "--" but the next line does not: no block
+      "Intro -- slowly\n"  // holds "--" but the next line does not: no block
       "\n"
       "e|---0---|  x2\r\n"
       "B|--1----|\r\n"
       "G|-------|\r\n"
       "D|-------|\r\n"
-      "A|3------|\r\n"              // a fret in the first column still lines up
+      "A|3------|\r\n"  // a fret in the first column still lines up
       "E|-------|\r\n");
   ASSERT_EQ(blocs.size(), 1u);
   EXPECT_EQ(blocs[0].lignes[0], "|---0---|");
@@ -124,6 +113,14 @@ TEST(AsciiImportBlocks, BlocksStartAtTheDashesAndBarLinesReadSoNoFretRepeatOrBea
       {"a two-digit fret is one step of time",
        "e|-12--3-\nB|-------\nG|-------\nD|-------\nA|-------\nE|-------\n",
        {"1:1:24:12", "1:1:96:3", "1 bars"}},
+      {"notes that do not fit go to the next bar",
+       "e|0--1--2--3--4--|\nB|----------------|\nG|----------------|\n"
+       "D|----------------|\nA|----------------|\nE|----------------|\n",
+       {"1:1:0:0", "1:1:72:1", "1:1:144:2", "2:1:0:3", "2:1:72:4", "3 bars"}},
+      {"repeat signs on both sides of one bar",
+       "e||--0--||-1-|\nB||-----||---|\nG||o---o||---|\nD||o---o||---|\nA||-----||---|\n"
+       "E||-----||---|\n",
+       {"1:|:", "1::|1", "1:1:24:0", "2:1:24:1", "3 bars"}},
   };
   for (const auto& c : kCas) {
     SCOPED_TRACE(c.quoi);
@@ -159,35 +156,6 @@ TEST(AsciiImportColumns, FretsTwoDigitsEffectsAndBars) {
   EXPECT_EQ(doc.getMesureLast(), 3);  // the closing bar line took the next bar at once
 }
 
-TEST(AsciiImportColumns, NotesThatDoNotFitGoToTheNextBar) {
-  CVantoroTablature doc;
-  ASSERT_TRUE(importer("e|0--1--2--3--4--|\nB|----------------|\nG|----------------|\n"
-                       "D|----------------|\nA|----------------|\nE|----------------|\n",
-                       doc)
-                  .ok());
-  EXPECT_EQ(notes(doc), (std::vector<std::string>{"1:1:0:0", "1:1:72:1", "1:1:144:2", "2:1:0:3",
-                                                  "2:1:72:4"}));
-}
-
-TEST(AsciiImportColumns, RepeatSignsOnBothSides) {
-  CVantoroTablature doc;
-  ASSERT_TRUE(importer("e||--0--||-1-|\n"
-                       "B||-----||---|\n"
-                       "G||o---o||---|\n"
-                       "D||o---o||---|\n"
-                       "A||-----||---|\n"
-                       "E||-----||---|\n",
-                       doc)
-                  .ok());
-  EXPECT_EQ(doc.getMesureLast(), 3);
-  EXPECT_EQ(doc.getMesureLoopGaucheType(1), barre::kRepetition);
-  EXPECT_EQ(doc.getMesureLoopDroiteType(1), barre::kRepetition);
-  EXPECT_EQ(doc.getMesureLoopDroiteData(1), 1);
-  EXPECT_EQ(doc.getMesureLoopGaucheType(2), 0);
-  EXPECT_EQ(doc.getMesureLoopDroiteType(2), 0);
-  EXPECT_EQ(notes(doc), (std::vector<std::string>{"1:1:24:0", "2:1:24:1"}));
-}
-
 TEST(AsciiImportBlocks, SevenStringsSixReadTextBetweenBlocksSkippedLineEnds) {
   CVantoroTablature doc = test::document(2);
   doc.setGuitareNbrCordes(1, 7);
@@ -196,8 +164,9 @@ TEST(AsciiImportBlocks, SevenStringsSixReadTextBetweenBlocksSkippedLineEnds) {
   doc.setMesureLoopGaucheType(2, barre::kRepetition);
   doc.setMesureLoopDroiteType(2, barre::kRepetition);
   doc.setMesureLoopDroiteData(2, 1);
-  for (int c = 1; c <= 7; ++c) poser(doc, 1, 1, c, 0, c, 48);
-  poser(doc, 1, 1, 1, 24, 3, 24, effet::kBendUp);  // "B" just before the dashes of string 1
+  for (int c = 1; c <= 7; ++c)
+    poser(doc, 1, 1, c, 0, c, 48);
+  poser(doc, 1, 1, 1, 24, 3, 24, effet::kBendUp);     // "B" just before the dashes of string 1
   poser(doc, 1, 2, 1, 48, 10, 48, effet::kHammerOn);  // upper case: not read back
   poser(doc, 1, 2, 2, 48, 3, 48, effet::kSlideUp);
   const std::string texte = io_enregistrer_txt(doc, 1, 20) + "Outro -- fade\r\n";
@@ -233,7 +202,8 @@ TEST(AsciiImportSteps, RhythmButtonsStepsAndTheFile) {
   EXPECT_EQ(rythmeAscii(8), 0);
   std::vector<int> étapes;
   CVantoroTablature doc;
-  EXPECT_EQ(convertirAscii("no tab", {}, doc, [&](int id) { étapes.push_back(id); }).stringId, 1013);
+  EXPECT_EQ(convertirAscii("no tab", {}, doc, [&](int id) { étapes.push_back(id); }).stringId,
+            1013);
   EXPECT_EQ(étapes, std::vector<int>{1002});
   EXPECT_EQ(importerAscii("/nonexistent/tab.txt", {}, doc).stringId, msg::kFichierIntrouvable);
 }

@@ -11,5 +11,4 @@ list(APPEND VT_FORMATS_TEST_SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/midi_roundtrip_test.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ascii_export_test.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ascii_import_test.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/interchange_strings_test.cpp
 )

@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+#include <unistd.h>
 #include <array>
 #include <atomic>
 #include <cstdio>
 #include <fstream>
 #include <memory>
 #include <sstream>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace vt::test {
 
@@ -28,9 +28,22 @@ int poser(CVantoroTablature& doc, int p, int m, int c, int x, int frette, int du
 
 CVantoroTablature document(int mesures, int pistes) {
   CVantoroTablature doc;
-  for (int m = 2; m <= mesures; ++m) doc.addMesure();
-  for (int p = 2; p <= pistes; ++p) doc.addPiste(p - 1, tGuitare{});
+  for (int m = 2; m <= mesures; ++m)
+    doc.addMesure();
+  for (int p = 2; p <= pistes; ++p)
+    doc.addPiste(p - 1, tGuitare{});
   return doc;
+}
+
+std::vector<std::string> notes(const CVantoroTablature& doc, int p) {
+  std::vector<std::string> out;
+  for (int m = 1; m <= doc.getMesureLast(); ++m)
+    for (int c = 1; c <= doc.getGuitareNbrCordes(p); ++c)
+      for (int n = 1; n <= doc.getNoteLast(p, m, c); ++n)
+        out.push_back(std::to_string(m) + ":" + std::to_string(c) + ":" +
+                      std::to_string(doc.getNoteX(p, m, c, n)) + ":" +
+                      std::to_string(doc.getNoteCase(p, m, c, n)));
+  return out;
 }
 
 std::vector<Enregistreur::Evt> Enregistreur::deType(WalkEventType t) const {
@@ -50,7 +63,8 @@ Enregistreur marcher(const CVantoroTablature& doc, WalkOptions o) {
 
 std::vector<std::uint8_t> octets(std::initializer_list<int> l) {
   std::vector<std::uint8_t> v;
-  for (int b : l) v.push_back(static_cast<std::uint8_t>(b));
+  for (int b : l)
+    v.push_back(static_cast<std::uint8_t>(b));
   return v;
 }
 
@@ -85,7 +99,8 @@ std::string exécuter(const std::string& commande, int* code) {
   }
   std::array<char, 4096> tampon;
   std::size_t n;
-  while ((n = std::fread(tampon.data(), 1, tampon.size(), f)) > 0) sortie.append(tampon.data(), n);
+  while ((n = std::fread(tampon.data(), 1, tampon.size(), f)) > 0)
+    sortie.append(tampon.data(), n);
   const int statut = ::pclose(f);
   if (code != nullptr) *code = WIFEXITED(statut) ? WEXITSTATUS(statut) : -1;
   return sortie;
@@ -103,7 +118,8 @@ std::vector<std::vector<std::string>> midicsv(std::span<const std::uint8_t> fich
   Temporaire t("listing.mid");
   {
     std::ofstream f(t.chemin, std::ios::binary);
-    f.write(reinterpret_cast<const char*>(fichier.data()), static_cast<std::streamsize>(fichier.size()));
+    f.write(reinterpret_cast<const char*>(fichier.data()),
+            static_cast<std::streamsize>(fichier.size()));
   }
   int code = 0;
   const std::string sortie = exécuter("midicsv '" + t.chemin.string() + "' 2>&1", &code);
@@ -130,23 +146,10 @@ std::vector<std::vector<std::string>> midicsv(std::span<const std::uint8_t> fich
   return lignes;
 }
 
-std::vector<std::uint8_t> csvmidi(const std::string& csv) {
-  Temporaire in("source.csv");
-  Temporaire out("made.mid");
-  {
-    std::ofstream f(in.chemin);
-    f << csv;
-  }
-  int code = 0;
-  const std::string sortie =
-      exécuter("csvmidi '" + in.chemin.string() + "' '" + out.chemin.string() + "' 2>&1", &code);
-  EXPECT_EQ(code, 0) << sortie;
-  return lireOctets(out.chemin);
-}
-
 std::vector<std::uint8_t> lireOctets(const std::filesystem::path& p) {
   std::ifstream f(p, std::ios::binary);
-  return std::vector<std::uint8_t>((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>());
+  return std::vector<std::uint8_t>((std::istreambuf_iterator<char>(f)),
+                                   std::istreambuf_iterator<char>());
 }
 
 }  // namespace vt::test

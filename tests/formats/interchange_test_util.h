@@ -1,5 +1,5 @@
 // Helpers of the MIDI and ASCII tests: building documents, recording the walk,
-// running the independent tools (midicsv, csvmidi) on files.
+// running the independent reader midicsv on files.
 #pragma once
 
 #include <cstdint>
@@ -15,11 +15,14 @@
 namespace vt::test {
 
 // A note through setNoteWhole, then its effect, attack and nuance.
-int poser(CVantoroTablature& doc, int p, int m, int c, int x, int frette, int durée,
-          int effet = 0, int attaque = 0, int volume = 127);
+int poser(CVantoroTablature& doc, int p, int m, int c, int x, int frette, int durée, int effet = 0,
+          int attaque = 0, int volume = 127);
 
 // A document of `mesures` 4/4 bars and `pistes` standard six-string tracks.
 CVantoroTablature document(int mesures, int pistes = 1);
+
+// Every note of a track as "bar:string:X:fret", in bar, string, X order.
+std::vector<std::string> notes(const CVantoroTablature& doc, int piste = 1);
 
 // Every event of a walk, with a copy of the starting note.
 struct Enregistreur : WalkSink {
@@ -53,9 +56,6 @@ std::string exécuter(const std::string& commande, int* code = nullptr);
 
 // midicsv's listing of a file: one row per record, fields trimmed.
 std::vector<std::vector<std::string>> midicsv(std::span<const std::uint8_t> fichier);
-
-// csvmidi's file made from a CSV text.
-std::vector<std::uint8_t> csvmidi(const std::string& csv);
 
 std::vector<std::uint8_t> lireOctets(const std::filesystem::path& p);
 

@@ -25,7 +25,9 @@ Octets chunk(const Octets& f, int n) {
     }
     const std::size_t len = (std::size_t{f[pos + 4]} << 24) | (std::size_t{f[pos + 5]} << 16) |
                             (std::size_t{f[pos + 6]} << 8) | f[pos + 7];
-    if (i == n) return Octets(f.begin() + static_cast<long>(pos) + 8, f.begin() + static_cast<long>(pos + 8 + len));
+    if (i == n)
+      return Octets(f.begin() + static_cast<long>(pos) + 8,
+                    f.begin() + static_cast<long>(pos + 8 + len));
     pos += 8 + len;
   }
 }
@@ -41,11 +43,11 @@ Octets operator+(Octets a, const Octets& b) {
 
 // Program change, name, bend range, bank and controllers of a default track 1.
 Octets prologue(int portée = 12) {
-  return octets({0x00, 0xC0, 27, 0x00, 0xFF, 0x03, 7, 'T', 'r', 'a', 'c', 'k', ' ', '1',
-                 0x00, 0xB0, 0x65, 0x00, 0x00, 0x64, 0x00, 0x00, 0x06, portée, 0x00, 0x26, 0x00,
-                 0x00, 0xB0, 0x20, 0x00, 0x00, 0xB0, 0x00, 0x00,
-                 0x00, 0xB0, 0x5F, 0, 0x00, 0xB0, 0x5D, 0, 0x00, 0xB0, 0x5C, 0,
-                 0x00, 0xB0, 0x5B, 0, 0x00, 0xB0, 0x08, 64, 0x00, 0xB0, 0x0A, 64});
+  return octets({0x00, 0xC0, 27,   0x00, 0xFF, 0x03, 7,    'T',  'r',  'a',  'c',  'k',
+                 ' ',  '1',  0x00, 0xB0, 0x65, 0x00, 0x00, 0x64, 0x00, 0x00, 0x06, portée,
+                 0x00, 0x26, 0x00, 0x00, 0xB0, 0x20, 0x00, 0x00, 0xB0, 0x00, 0x00, 0x00,
+                 0xB0, 0x5F, 0,    0x00, 0xB0, 0x5D, 0,    0x00, 0xB0, 0x5C, 0,    0x00,
+                 0xB0, 0x5B, 0,    0x00, 0xB0, 0x08, 64,   0x00, 0xB0, 0x0A, 64});
 }
 
 const Octets kFin = octets({0x00, 0xFF, 0x2F, 0x00});
@@ -53,12 +55,14 @@ const Octets kFin = octets({0x00, 0xFF, 0x2F, 0x00});
 TEST(MidiExportLayout, EmptyDocumentWholeFile) {
   CVantoroTablature doc = test::document(1);
   const Octets f = io_enregistrer_mid(doc);
-  const Octets conducteur = octets({0x00, 0xFF, 0x51, 0x03, 0x07, 0xA1, 0x20,
-                                    0x00, 0xFF, 0x58, 0x04, 4, 2, 0x18, 0x08,
-                                    0x00, 0xFF, 0x59, 0x02, 0x00, 0x00}) + kFin;
+  const Octets conducteur =
+      octets({0x00, 0xFF, 0x51, 0x03, 0x07, 0xA1, 0x20, 0x00, 0xFF, 0x58, 0x04,
+              4,    2,    0x18, 0x08, 0x00, 0xFF, 0x59, 0x02, 0x00, 0x00}) +
+      kFin;
   const Octets piste = prologue() + kFin;
   Octets attendu = octets({'M', 'T', 'h', 'd', 0, 0, 0, 6, 0, 1, 0, 2, 0, 0x78});
-  attendu = attendu + octets({'M', 'T', 'r', 'k', 0, 0, 0, static_cast<int>(conducteur.size())}) + conducteur;
+  attendu = attendu + octets({'M', 'T', 'r', 'k', 0, 0, 0, static_cast<int>(conducteur.size())}) +
+            conducteur;
   attendu = attendu + octets({'M', 'T', 'r', 'k', 0, 0, 0, static_cast<int>(piste.size())}) + piste;
   EXPECT_EQ(test::hex(f), test::hex(attendu));
 }
@@ -68,9 +72,10 @@ TEST(MidiExportLayout, DeltasAreTicksTimesTwoAndAHalfRoundedHalfToEven) {
   poser(doc, 1, 1, 1, 1, 1, 2);  // on at 1 (2.5 -> 2), off at 3 (5)
   poser(doc, 1, 1, 1, 4, 1, 1);  // on at 4 (2.5 -> 2), off at 5 (2.5 -> 2)
   poser(doc, 1, 1, 1, 8, 1, 1);  // on at 8 (7.5 -> 8), off at 9 (2)
-  const Octets attendu = prologue() + octets({2, 0x90, 65, 127, 5, 0x80, 65, 0x7F,
-                                               2, 0x90, 65, 127, 2, 0x80, 65, 0x7F,
-                                               8, 0x90, 65, 127, 2, 0x80, 65, 0x7F}) + kFin;
+  const Octets attendu = prologue() +
+                         octets({2, 0x90, 65, 127,  5, 0x80, 65, 0x7F, 2, 0x90, 65, 127,
+                                 2, 0x80, 65, 0x7F, 8, 0x90, 65, 127,  2, 0x80, 65, 0x7F}) +
+                         kFin;
   EXPECT_EQ(test::hex(chunk(io_enregistrer_mid(doc), 1)), test::hex(attendu));
 }
 
@@ -87,11 +92,13 @@ TEST(MidiExportLayout, TrackSettingsBendRangeAndABankInSevenBitBytesSinceADataBy
   doc.setMIDIPan(1, 6);
   MidiExportOptions o;
   o.effets.setMIDIPitchBendRange = 7;
-  const Octets attendu = octets({0x00, 0xC0, 30, 0x00, 0xFF, 0x03, 4, 'L', 'e', 'a', 'd',
-                                 0x00, 0xB0, 0x65, 0x00, 0x00, 0x64, 0x00, 0x00, 0x06, 7, 0x00, 0x26, 0x00,
-                                 0x00, 0xB0, 0x20, 300 & 0x7F, 0x00, 0xB0, 0x00, 300 >> 7,
-                                 0x00, 0xB0, 0x5F, 1, 0x00, 0xB0, 0x5D, 2, 0x00, 0xB0, 0x5C, 3,
-                                 0x00, 0xB0, 0x5B, 4, 0x00, 0xB0, 0x08, 5, 0x00, 0xB0, 0x0A, 6}) + kFin;
+  const Octets attendu =
+      octets({0x00, 0xC0, 30,   0x00,       0xFF, 0x03, 4,    'L',      'e',  'a',  'd',  0x00,
+              0xB0, 0x65, 0x00, 0x00,       0x64, 0x00, 0x00, 0x06,     7,    0x00, 0x26, 0x00,
+              0x00, 0xB0, 0x20, 300 & 0x7F, 0x00, 0xB0, 0x00, 300 >> 7, 0x00, 0xB0, 0x5F, 1,
+              0x00, 0xB0, 0x5D, 2,          0x00, 0xB0, 0x5C, 3,        0x00, 0xB0, 0x5B, 4,
+              0x00, 0xB0, 0x08, 5,          0x00, 0xB0, 0x0A, 6}) +
+      kFin;
   EXPECT_EQ(test::hex(chunk(io_enregistrer_mid(doc, o), 1)), test::hex(attendu));
 
   o.effets.setMIDIEffet1Ton = -1;  // whole-tone bends: a range of 2
@@ -119,10 +126,12 @@ TEST(MidiExportRmtf, TrackHeaderAndNoteEventsBeforeTheirNoteOn) {
   MidiExportOptions o;
   o.rmtf = true;
   const Octets p = chunk(io_enregistrer_mid(doc, o), 1);
-  EXPECT_TRUE(contient(p, prologue() + octets({0x00, 0xFF, 0x10, 8, 1, 2, 64, 59, 55, 50, 45, 40,
-                                               0x00, 0xFF, 0x11, 0x02, 1, 0x01, 0x00, 0x90, 62, 127})));
+  EXPECT_TRUE(
+      contient(p, prologue() + octets({0x00, 0xFF, 0x10, 8,    1, 2,    64,   59,   55, 50, 45, 40,
+                                       0x00, 0xFF, 0x11, 0x02, 1, 0x01, 0x00, 0x90, 62, 127})));
   // A plain note: one data byte, after the Note Off that shares its time.
-  EXPECT_TRUE(contient(p, octets({120, 0x80, 62, 0x7F, 0x00, 0xFF, 0x11, 0x01, 2, 0x00, 0x90, 57, 127})));
+  EXPECT_TRUE(
+      contient(p, octets({120, 0x80, 62, 0x7F, 0x00, 0xFF, 0x11, 0x01, 2, 0x00, 0x90, 57, 127})));
   // Artificial harmonic writes 07, natural 08.
   EXPECT_TRUE(contient(p, octets({0xFF, 0x11, 0x02, 0, 0x07, 0x00, 0x90, 64 + 15, 127})));
   EXPECT_TRUE(contient(p, octets({0xFF, 0x11, 0x02, 3, 0x08, 0x00, 0x90, 50 + 24, 127})));
@@ -134,15 +143,15 @@ TEST(MidiExportRmtf, TrackHeaderAndNoteEventsBeforeTheirNoteOn) {
 
 TEST(MidiExportRmtf, AttributeTableEffectFirstThenAttack) {
   tNote n;
-  const std::pair<int, int> effets[] = {{20, 0x0C}, {3, 0x01}, {4, 0x02}, {1, 0x03}, {2, 0x04},
-                                        {24, 0x0A}, {25, 0x0B}, {9, 0x09}, {21, -1}, {27, -1}};
+  const std::pair<int, int> effets[] = {{20, 0x0C}, {3, 0x01},  {4, 0x02}, {1, 0x03}, {2, 0x04},
+                                        {24, 0x0A}, {25, 0x0B}, {9, 0x09}, {21, -1},  {27, -1}};
   for (const auto& [e, code] : effets) {
     n.bytEffet = static_cast<byt>(e);
     EXPECT_EQ(codeAttributRmtf(n), code) << "effect " << e;
   }
   n.bytEffet = 0;
-  const std::pair<int, int> attaques[] = {{3, 0x0F}, {2, 0x07}, {1, 0x08}, {6, 0x0D}, {9, 0x0E},
-                                          {4, -1}, {10, -1}};
+  const std::pair<int, int> attaques[] = {{3, 0x0F}, {2, 0x07}, {1, 0x08}, {6, 0x0D},
+                                          {9, 0x0E}, {4, -1},   {10, -1}};
   for (const auto& [a, code] : attaques) {
     n.bytAttaque = static_cast<byt>(a);
     EXPECT_EQ(codeAttributRmtf(n), code) << "attack " << a;
@@ -157,7 +166,8 @@ TEST(MidiExportRmtf, ChordDiagramWithAndWithoutTheOption) {
   const int n = doc.addandplaceMesureAccord(1, 1, 24);
   OneBased<byt> frettes(6);
   const int f[] = {0, 1, 2, 2, 0, 255};
-  for (int c = 1; c <= 6; ++c) frettes[c] = static_cast<byt>(f[c - 1]);
+  for (int c = 1; c <= 6; ++c)
+    frettes[c] = static_cast<byt>(f[c - 1]);
   doc.setMesureAccord(1, 1, n, "Am", frettes);
   const Octets attendu = octets({60, 0xFF, 0x12, 8, 0, 1, 2, 2, 0, 255, 'A', 'm'});
   EXPECT_TRUE(contient(chunk(io_enregistrer_mid(doc), 1), attendu));
@@ -178,27 +188,15 @@ TEST(MidiExportConductor, HeadTextsSignaturesKeysTextsAndTempoOncePerTrack) {
   doc.setMesureTexte(1, 1, 100, "b", kFaux);
   doc.setMesureTexte(2, 1, 10, "c", kVrai);  // earlier than the text before it: delta 0
   doc.setMesureTempo(2, 48, 90);
-  const Octets attendu = octets({
-      0x00, 0xFF, 0x03, 1, 'T', 0x00, 0xFF, 0x02, 1, 'C', 0x00, 0xFF, 0x01, 1, 'K',
-      0x00, 0xFF, 0x51, 0x03, 0x09, 0x27, 0xC0,
-      0x00, 0xFF, 0x58, 0x04, 4, 2, 0x18, 0x08, 0x00, 0xFF, 0x59, 0x02, 0x00, 0x00,
-      0x81, 0x7A, 0xFF, 0x06, 1, 'a', 0x00, 0xFF, 0x06, 1, 'b', 0x00, 0xFF, 0x06, 1, 'c',
-      0x81, 0x66, 0xFF, 0x58, 0x04, 3, 2, 0x18, 0x08, 0x00, 0xFF, 0x59, 0x02, 1, 1,
-      0x78, 0xFF, 0x51, 0x03, 0x0A, 0x2C, 0x2A, 0x00, 0xFF, 0x51, 0x03, 0x0A, 0x2C, 0x2A}) + kFin;
+  const Octets attendu =
+      octets({0x00, 0xFF, 0x03, 1,    'T',  0x00, 0xFF, 0x02, 1,    'C',  0x00, 0xFF, 0x01, 1,
+              'K',  0x00, 0xFF, 0x51, 0x03, 0x09, 0x27, 0xC0, 0x00, 0xFF, 0x58, 0x04, 4,    2,
+              0x18, 0x08, 0x00, 0xFF, 0x59, 0x02, 0x00, 0x00, 0x81, 0x7A, 0xFF, 0x06, 1,    'a',
+              0x00, 0xFF, 0x06, 1,    'b',  0x00, 0xFF, 0x06, 1,    'c',  0x81, 0x66, 0xFF, 0x58,
+              0x04, 3,    2,    0x18, 0x08, 0x00, 0xFF, 0x59, 0x02, 1,    1,    0x78, 0xFF, 0x51,
+              0x03, 0x0A, 0x2C, 0x2A, 0x00, 0xFF, 0x51, 0x03, 0x0A, 0x2C, 0x2A}) +
+      kFin;
   EXPECT_EQ(test::hex(chunk(io_enregistrer_mid(doc), 0)), test::hex(attendu));
-}
-
-TEST(MidiExportConductor, SignatureWrittenAgainAfterAJumpToBarOneKeyNot) {
-  CVantoroTablature doc = test::document(2);
-  doc.setMesureLoopGaucheType(1, barre::kRepetition);
-  doc.setMesureLoopDroiteType(2, barre::kRepetition);
-  doc.setMesureLoopDroiteData(2, 1);
-  const Octets attendu = octets({0x00, 0xFF, 0x51, 0x03, 0x07, 0xA1, 0x20,
-                                 0x00, 0xFF, 0x58, 0x04, 4, 2, 0x18, 0x08,
-                                 0x00, 0xFF, 0x59, 0x02, 0x00, 0x00,
-                                 0x87, 0x40, 0xFF, 0x58, 0x04, 4, 2, 0x18, 0x08}) + kFin;
-  EXPECT_EQ(test::hex(chunk(io_enregistrer_mid(doc), 0)), test::hex(attendu));
-  EXPECT_EQ(doc.getMesureLast(), 2);
 }
 
 TEST(MidiExportConductor, AJumpBackWritesTheSignatureInForceAgainSoTheSecondPassKeepsItsMetre) {
@@ -225,8 +223,8 @@ TEST(MidiExportRepeats, ARepeatEndingTheLastBarAppendsABar) {
   const Octets p = chunk(io_enregistrer_mid(doc), 1);
   EXPECT_EQ(doc.getMesureLast(), 2);
   // The second pass starts right where the first one ends.
-  EXPECT_TRUE(contient(p, octets({0x83, 0x60, 0x80, 67, 0x7F, 0x00, 0x90, 67, 127,
-                                  0x83, 0x60, 0x80, 67, 0x7F})));
+  EXPECT_TRUE(contient(
+      p, octets({0x83, 0x60, 0x80, 67, 0x7F, 0x00, 0x90, 67, 127, 0x83, 0x60, 0x80, 67, 0x7F})));
 
   CVantoroTablature deux = test::document(2);
   poser(deux, 1, 1, 1, 0, 3, 192);

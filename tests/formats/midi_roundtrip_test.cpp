@@ -31,7 +31,8 @@ CVantoroTablature original() {
   const int a = doc.addandplaceMesureAccord(1, 1, 0);
   OneBased<byt> frettes(6);
   const int f[] = {3, 0, 0, 0, 2, 3};
-  for (int c = 1; c <= 6; ++c) frettes[c] = static_cast<byt>(f[c - 1]);
+  for (int c = 1; c <= 6; ++c)
+    frettes[c] = static_cast<byt>(f[c - 1]);
   doc.setMesureAccord(1, 1, a, "G", frettes);
 
   poser(doc, 1, 1, 1, 0, 3, 24, effet::kHammerOn);
@@ -85,19 +86,16 @@ TEST(MidiRoundTrip, StringsFretsAndEffectsComeBackWithRmtf) {
   CVantoroTablature doc = original();
   const CVantoroTablature retour = allerRetour(doc, true);
 
-  EXPECT_EQ(retour.titre, "Round");
-  EXPECT_EQ(retour.Copy, "(c)");
-  EXPECT_EQ(retour.Comments, "Test");
-  EXPECT_EQ(retour.SousTitre, "");
-  EXPECT_EQ(retour.tempo, 90);
-  EXPECT_EQ(retour.getMesureLast(), 2);
-  EXPECT_EQ(retour.getMesureSignatureUp(2), 3);
-  EXPECT_EQ(retour.getMesureTonalité(1), 9);
-  EXPECT_EQ(retour.getMesureTonalité(2), 71);
-  EXPECT_EQ(retour.getMesureTempoContenu(2, retour.searchMesureTempo(2, 48)), 100);
+  EXPECT_EQ(
+      (std::vector<std::string>{retour.titre, retour.Copy, retour.Comments, retour.SousTitre}),
+      (std::vector<std::string>{"Round", "(c)", "Test", ""}));
+  // Tempo, bars, signature of bar 2, keys, tempo change, patch and capo of track 1.
+  EXPECT_EQ((std::vector<int>{retour.tempo, retour.getMesureLast(), retour.getMesureSignatureUp(2),
+                              retour.getMesureTonalité(1), retour.getMesureTonalité(2),
+                              retour.getMesureTempoContenu(2, retour.searchMesureTempo(2, 48)),
+                              retour.getMIDIPatch(1), retour.getGuitareCapodastre(1)}),
+            (std::vector<int>{90, 2, 3, 9, 71, 100, 25, 2}));
   EXPECT_EQ(retour.getPisteNom(1), "Lead");
-  EXPECT_EQ(retour.getMIDIPatch(1), 25);
-  EXPECT_EQ(retour.getGuitareCapodastre(1), 2);
   ASSERT_EQ(retour.getMesureAccordLast(1, 1), 1);
   EXPECT_EQ(retour.getMesureAccordNom(1, 1, 1), "G");
   EXPECT_EQ(retour.getMesureAccordCorde(1, 1, 1, 1), 3);
@@ -110,11 +108,11 @@ TEST(MidiRoundTrip, StringsFretsAndEffectsComeBackWithRmtf) {
     int c, x, frette, effet, attaque;
   };
   const Cas cas[] = {
-      {1, 0, 3, effet::kHammerOn, 0},   {2, 0, 5, effet::kPullOff, 0},
-      {3, 24, 7, effet::kVibrato, 0},   {4, 24, 2, effet::kTremolo, 0},
-      {5, 48, 3, effet::kTrill, 0},     {6, 48, 0, 0, attaque::kTap},
+      {1, 0, 3, effet::kHammerOn, 0},    {2, 0, 5, effet::kPullOff, 0},
+      {3, 24, 7, effet::kVibrato, 0},    {4, 24, 2, effet::kTremolo, 0},
+      {5, 48, 3, effet::kTrill, 0},      {6, 48, 0, 0, attaque::kTap},
       {2, 72, 8, 0, attaque::kPalmMute}, {3, 96, 4, 0, attaque::kDeadNote},
-      {5, 120, 7, effet::kSlideUp, 0},  {1, 144, 1, 0, 0},
+      {5, 120, 7, effet::kSlideUp, 0},   {1, 144, 1, 0, 0},
   };
   for (const Cas& k : cas) {
     const tNote n = noteA(retour, 1, 1, k.c, k.x);

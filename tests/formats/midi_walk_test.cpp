@@ -161,7 +161,8 @@ TEST(MidiWalkEffects, WholeToneModeStepsInWheelUnitsNotDoubled) {
   // (32 * diff * 256) / 48 = -341.33 and 341.33
   EXPECT_EQ(premiers, (std::vector<int>{-341, 341}));
   int onCorde1 = 0, onCorde2 = 0;
-  for (const auto& e : r.deType(E::NoteOn)) (e.e.corde == 1 ? onCorde1 : onCorde2)++;
+  for (const auto& e : r.deType(E::NoteOn))
+    (e.e.corde == 1 ? onCorde1 : onCorde2)++;
   EXPECT_EQ(onCorde1, 1);
   EXPECT_EQ(onCorde2, 2);
 }
@@ -181,7 +182,8 @@ TEST(MidiWalkEffects, GlideTargetInTheNextBarAtXZero) {
 TEST(MidiWalkRepeats, APassagePlaysDataPlusOneTimes) {
   for (int data : {0, 1, 2}) {
     CVantoroTablature doc = test::document(3);
-    for (int m = 1; m <= 3; ++m) poser(doc, 1, m, 1, 0, m, 48);
+    for (int m = 1; m <= 3; ++m)
+      poser(doc, 1, m, 1, 0, m, 48);
     doc.setMesureLoopGaucheType(1, barre::kRepetition);
     doc.setMesureLoopDroiteType(2, barre::kRepetition);
     doc.setMesureLoopDroiteData(2, static_cast<byt>(data));
@@ -190,20 +192,24 @@ TEST(MidiWalkRepeats, APassagePlaysDataPlusOneTimes) {
     Enregistreur r;
     w.run(r);
     std::vector<int> frettes;
-    for (const auto& e : r.deType(E::NoteOn)) frettes.push_back(e.e.octets[1] - 64);
+    for (const auto& e : r.deType(E::NoteOn))
+      frettes.push_back(e.e.octets[1] - 64);
     std::vector<int> attendues;
-    for (int k = 0; k <= data; ++k) attendues.insert(attendues.end(), {1, 2});
+    for (int k = 0; k <= data; ++k)
+      attendues.insert(attendues.end(), {1, 2});
     attendues.push_back(3);
     EXPECT_EQ(frettes, attendues) << "data " << data;
     EXPECT_EQ(w.sauts(), data);
     const auto on = r.deType(E::NoteOn);
-    for (std::size_t i = 0; i < on.size(); ++i) EXPECT_EQ(on[i].e.temps, 192 * static_cast<int>(i));
+    for (std::size_t i = 0; i < on.size(); ++i)
+      EXPECT_EQ(on[i].e.temps, 192 * static_cast<int>(i));
   }
 }
 
 TEST(MidiWalkRepeats, WithoutRepeatsOrFromTheStartWhenNoLeftRepeat) {
   CVantoroTablature doc = test::document(3);
-  for (int m = 1; m <= 3; ++m) poser(doc, 1, m, 1, 0, m, 48);
+  for (int m = 1; m <= 3; ++m)
+    poser(doc, 1, m, 1, 0, m, 48);
   doc.setMesureLoopDroiteType(2, barre::kRepetition);
   doc.setMesureLoopDroiteData(2, 1);
   WalkOptions sans;
@@ -253,7 +259,8 @@ TEST(MidiWalkPlayer, StepByStepStateStartStopAndMute) {
   o.stopX = 0;
   MidiWalk w(in, o);
   Enregistreur r;
-  for (int i = 0; i < 9; ++i) w.step(r);  // X 40 .. 48
+  for (int i = 0; i < 9; ++i)
+    w.step(r);  // X 40 .. 48
   EXPECT_EQ(w.mesure(), 2);
   EXPECT_EQ(w.x(), 49);
   EXPECT_EQ(w.temps(), 9);
@@ -266,7 +273,8 @@ TEST(MidiWalkPlayer, StepByStepStateStartStopAndMute) {
   EXPECT_EQ(w.mesure(), 3);
   EXPECT_EQ(w.x(), 0);
   ASSERT_EQ(r.evts.size(), 2u);
-  for (const auto& e : r.evts) EXPECT_EQ(e.e.piste, 1);
+  for (const auto& e : r.evts)
+    EXPECT_EQ(e.e.piste, 1);
   Enregistreur fin;
   w.silence(fin);
   EXPECT_TRUE(fin.evts.empty());  // the note had ended
@@ -288,21 +296,13 @@ TEST(MidiWalkPlayer, SilenceReleasesWhatSounds) {
   WalkInput in = walkInputFromDocument(doc);
   MidiWalk w(in, {});
   Enregistreur r;
-  for (int i = 0; i < 10; ++i) w.step(r);
+  for (int i = 0; i < 10; ++i)
+    w.step(r);
   w.silence(r);
   ASSERT_EQ(r.evts.size(), 2u);
   EXPECT_EQ(r.evts[1].e.octets, msg(0x80, 60, 0x7F));
   EXPECT_EQ(r.evts[1].e.temps, 10);
   EXPECT_FALSE(w.corde(1, 2).sonne);
-}
-
-TEST(MidiWalkPlayer, DrumTrackOnChannelNineOthersByNumber) {
-  CVantoroTablature doc = test::document(1, 3);
-  doc.setStaffType(2, kStaffBatterie);
-  WalkInput in = walkInputFromDocument(doc);
-  EXPECT_EQ(in.piste(1).bytCanal, 0);
-  EXPECT_EQ(in.piste(2).bytCanal, 9);
-  EXPECT_EQ(in.piste(3).bytCanal, 2);
 }
 
 }  // namespace

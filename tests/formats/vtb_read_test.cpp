@@ -38,42 +38,30 @@ TEST(VtbRead, Version7IsUpgradedWithBankAndStaffTypeZero) {
   ASSERT_TRUE(r.ok()) << r.détail;
   EXPECT_EQ(r.version, 7);
   const CVantoroTablature& d = *r.document;
-  EXPECT_EQ(d.Auteur, "Auteur");
-  EXPECT_EQ(d.titre, "Titre \xE9t\xE9");
-  EXPECT_EQ(d.SousTitre, "Sous");
-  EXPECT_EQ(d.Comments, "Notes");
+  EXPECT_EQ((std::vector<std::string>{d.Auteur, d.titre, d.Copy, d.SousTitre, d.Comments}),
+            (std::vector<std::string>{"Auteur", "Titre \xE9t\xE9", "Copy", "Sous", "Notes"}));
   EXPECT_EQ(d.tempo, 100);
   EXPECT_EQ(d.TripleFeel(), kVrai);
   ASSERT_EQ(d.getPisteLast(), 2);
   ASSERT_EQ(d.getMesureLast(), 2);
 
-  EXPECT_EQ(d.getMesureTonalité(1), 10);
-  EXPECT_EQ(d.getMesureLoopGaucheType(1), 2);
-  EXPECT_EQ(d.getMesureTempoLast(1), 2);
-  EXPECT_EQ(d.getMesureTempoX(1, 2), 96);
-  EXPECT_EQ(d.getMesureTempoContenu(1, 2), 140);
-  EXPECT_EQ(d.getMesureLargeur(2), 144);
-  EXPECT_EQ(d.getMesureLoopDroiteType(2), 2);
-  EXPECT_EQ(d.getMesureLoopDroiteData(2), 2);
+  // Key and left line of bar 1, its tempos, then width and right line of bar 2.
+  EXPECT_EQ((std::vector<int>{d.getMesureTonalité(1), d.getMesureLoopGaucheType(1),
+                              d.getMesureTempoLast(1), d.getMesureTempoX(1, 2),
+                              d.getMesureTempoContenu(1, 2), d.getMesureLargeur(2),
+                              d.getMesureLoopDroiteType(2), d.getMesureLoopDroiteData(2)}),
+            (std::vector<int>{10, 2, 2, 96, 140, 144, 2, 2}));
 
   const tPiste& t1 = d.piste(1);
   EXPECT_EQ(t1.strNom, "Rythmique");
   EXPECT_EQ(t1.strGuitareNom, "Drop D");
-  EXPECT_EQ(t1.bytNbrCordes, 6);
-  EXPECT_EQ(t1.bytCordes[6], 38);
-  EXPECT_EQ(t1.bytNbrCases, 24);
-  EXPECT_EQ(t1.lngBank, 0);
-  EXPECT_EQ(t1.bytStaffType, 0);
-  EXPECT_EQ(t1.bytPatch, 29);
-  EXPECT_EQ(t1.bytPan, 20);
-  EXPECT_EQ(t1.bytReverb, 30);
-  EXPECT_EQ(t1.bytTremolo, 40);
-  EXPECT_EQ(t1.bytChorus, 50);
-  EXPECT_EQ(t1.bytPhaser, 60);
-  EXPECT_EQ(t1.bytClef, 1);
-  EXPECT_EQ(t1.bytBalance, 64);
-  EXPECT_EQ(t1.boolPlaySolo, kVrai);
-  EXPECT_EQ(t1.boolPlayMute, kFaux);
+  // Strings, low string, frets, bank, staff type, patch, pan, reverb,
+  // tremolo, chorus, phaser, clef, balance, solo, mute.
+  EXPECT_EQ((std::vector<long>{t1.bytNbrCordes, t1.bytCordes[6], t1.bytNbrCases, t1.lngBank,
+                               t1.bytStaffType, t1.bytPatch, t1.bytPan, t1.bytReverb, t1.bytTremolo,
+                               t1.bytChorus, t1.bytPhaser, t1.bytClef, t1.bytBalance,
+                               t1.boolPlaySolo, t1.boolPlayMute}),
+            (std::vector<long>{6, 38, 24, 0, 0, 29, 20, 30, 40, 50, 60, 1, 64, kVrai, kFaux}));
   EXPECT_EQ(d.getMesureAccordNom(1, 1, 1), "D5");
   EXPECT_EQ(d.getMesureAccordCorde(1, 1, 1, 4), 7);
   EXPECT_EQ(d.getMesureAccordCorde(1, 1, 1, 1), 255);
@@ -115,13 +103,10 @@ TEST(VtbRead, Version6NotesGetFullNuance) {
   const tPiste& t = d.piste(1);
   EXPECT_EQ(t.strNom, "");
   EXPECT_EQ(t.strGuitareNom, "Drop D");
-  EXPECT_EQ(t.bytNbrCases, 22);
-  EXPECT_EQ(t.bytPatch, 25);  // not in the file: the patch of new tracks
-  EXPECT_EQ(t.bytPan, 30);
-  EXPECT_EQ(t.bytReverb, 40);
-  EXPECT_EQ(t.bytTremolo, 5);
-  EXPECT_EQ(t.bytChorus, 6);
-  EXPECT_EQ(t.bytPhaser, 7);
+  // Frets, patch (not in the file: the patch of new tracks), pan, reverb, tremolo, chorus, phaser.
+  EXPECT_EQ((std::vector<int>{t.bytNbrCases, t.bytPatch, t.bytPan, t.bytReverb, t.bytTremolo,
+                              t.bytChorus, t.bytPhaser}),
+            (std::vector<int>{22, 25, 30, 40, 5, 6, 7}));
   const tMesure& h = d.mesure(1);
   EXPECT_EQ(
       (std::vector<int>{h.bytTonalité, h.bytSignatureUp, h.bytSignatureDn, h.bytLoopGaucheType,

@@ -26,10 +26,6 @@ void allerRetour(const CVantoroTablature& d) {
   EXPECT_EQ(encore.octets, e.octets);
 }
 
-TEST(VtbRoundTrip, RichDocument) {
-  allerRetour(test::documentRiche());
-}
-
 TEST(VtbRoundTrip, DocumentsOfRandomEdits) {
   for (std::uint32_t graine = 1; graine <= 60; ++graine) {
     SCOPED_TRACE(graine);

@@ -55,6 +55,19 @@ int rang(const std::vector<Doigté>& liste, const std::string& doigté, std::siz
   return 0;
 }
 
+// A muted string between two that sound.
+bool muetIntérieur(const Doigté& d, std::size_t n) {
+  int bas = -1, haut = -1;
+  for (std::size_t s = 0; s < n; ++s)
+    if (d.cases[s] >= 0) {
+      if (bas < 0) bas = static_cast<int>(s);
+      haut = static_cast<int>(s);
+    }
+  for (int s = std::max(bas, 0); s <= haut; ++s)
+    if (d.cases[static_cast<std::size_t>(s)] < 0) return true;
+  return false;
+}
+
 struct Attendu {
   const char* nom;  // the search's spelling
   const char* doigté;
@@ -72,96 +85,36 @@ void vérifie(const std::vector<Attendu>& table, const std::vector<int>& accorda
   }
 }
 
-TEST(AccordRecherche, OpenChordsComeFirst) {
-  vérifie(
-      {
-          // Major and minor.
-          {"C", "x32010", 1},
-          {"A", "x02220", 1},
-          {"E", "022100", 1},
-          {"G", "320003", 1},
-          {"D", "xx0232", 1},
-          {"Amin", "x02210", 1},
-          {"Emin", "022000", 1},
-          {"Dmin", "xx0231", 1},
-          // Dominant sevenths.
-          {"Eadd7", "020100", 1},
-          {"Aadd7", "x02020", 1},
-          {"Dadd7", "xx0212", 1},
-          {"Gadd7", "320001", 1},
-          {"Cadd7", "x32310", 1},
-          {"Badd7", "x21202", 1},
-          // Major sevenths.
-          {"Caug7", "x32000", 1},
-          {"Aaug7", "x02120", 1},
-          {"Daug7", "xx0222", 1},
-          {"Gaug7", "320002", 1},
-          {"Eaug7", "021100", 1},
-          {"Faug7", "xx3210", 4},
-          // Minor sevenths, sixths, minor sixths.
-          {"Aminadd7", "x02010", 1},
-          {"Eminadd7", "020000", 2},
-          {"Dminadd7", "xx0211", 1},
-          {"Aadd6", "x02222", 1},
-          {"Dadd6", "xx0202", 1},
-          {"Eadd6", "022120", 1},
-          {"Cadd6", "x32210", 2},
-          {"Gadd6", "320000", 2},
-          {"Aminadd6", "x02212", 1},
-          {"Dminadd6", "xx0201", 1},
-          {"Eminadd6", "022020", 1},
-          // Suspended.
-          {"Dsus4", "xx0233", 1},
-          {"Asus4", "x02230", 2},
-          {"Esus4", "022200", 2},
-          {"Asus2", "x02200", 1},
-          {"Dsus2", "xx0230", 1},
-          {"Esus4add7", "020200", 2},
-          {"Asus2add7", "x02000", 1},
-          {"Esus0", "022xxx", 1},
-          {"Asus0", "x022xx", 1},
-          // Minor-major sevenths, augmented, diminished, half-diminished.
-          {"Aminaug7", "x02110", 1},
-          {"Eminaug7", "021000", 1},
-          {"Dminaug7", "xx0221", 1},
-          {"Caug", "x32110", 1},
-          {"Aaug", "x03221", 1},
-          {"Eaug", "032110", 2},
-          {"Cdim", "x3454x", 1},
-          {"Ddim", "xx0131", 1},
-          {"Bdim", "x2343x", 2},
-          {"Dddm", "xx0111", 1},
-          {"Bddm", "x2323x", 3},
-      },
-      kStandard);
-}
-
-TEST(AccordRecherche, BarreChordsFollowWhereThereIsNoOpenChord) {
-  vérifie(
-      {
-          // The A shape and the E shape, right after the open chord.
-          {"C", "x35553", 4},
-          {"C", "8(10)(10)988", 4},
-          {"F", "133211", 2},
-          {"B", "x24442", 2},
-          {"A#", "x13331", 2},
-          {"Bmin", "x24432", 2},
-          {"F#min", "244222", 2},
-          {"Cmin", "x35543", 3},
-          {"Gmin", "355333", 4},
-          {"Cmin", "8(10)(10)888", 4},
-      },
-      kStandard);
+TEST(AccordRecherche, OpenChordsComeFirstThenBarreChords) {
+  // Major, minor, sevenths, sixths, suspended, augmented, diminished, half-diminished;
+  // then the barre chords of the A and E shapes, right after the open chord; then 9 and 13.
+  vérifie({{"C", "x32010", 1},          {"A", "x02220", 1},         {"E", "022100", 1},
+           {"G", "320003", 1},          {"D", "xx0232", 1},         {"Amin", "x02210", 1},
+           {"Emin", "022000", 1},       {"Dmin", "xx0231", 1},      {"Eadd7", "020100", 1},
+           {"Aadd7", "x02020", 1},      {"Dadd7", "xx0212", 1},     {"Gadd7", "320001", 1},
+           {"Cadd7", "x32310", 1},      {"Badd7", "x21202", 1},     {"Caug7", "x32000", 1},
+           {"Aaug7", "x02120", 1},      {"Daug7", "xx0222", 1},     {"Gaug7", "320002", 1},
+           {"Eaug7", "021100", 1},      {"Faug7", "xx3210", 4},     {"Aminadd7", "x02010", 1},
+           {"Eminadd7", "020000", 2},   {"Dminadd7", "xx0211", 1},  {"Aadd6", "x02222", 1},
+           {"Dadd6", "xx0202", 1},      {"Eadd6", "022120", 1},     {"Cadd6", "x32210", 2},
+           {"Gadd6", "320000", 2},      {"Aminadd6", "x02212", 1},  {"Dminadd6", "xx0201", 1},
+           {"Eminadd6", "022020", 1},   {"Dsus4", "xx0233", 1},     {"Asus4", "x02230", 2},
+           {"Esus4", "022200", 2},      {"Asus2", "x02200", 1},     {"Dsus2", "xx0230", 1},
+           {"Esus4add7", "020200", 2},  {"Asus2add7", "x02000", 1}, {"Esus0", "022xxx", 1},
+           {"Asus0", "x022xx", 1},      {"Aminaug7", "x02110", 1},  {"Eminaug7", "021000", 1},
+           {"Dminaug7", "xx0221", 1},   {"Caug", "x32110", 1},      {"Aaug", "x03221", 1},
+           {"Eaug", "032110", 2},       {"Cdim", "x3454x", 1},      {"Ddim", "xx0131", 1},
+           {"Bdim", "x2343x", 2},       {"Dddm", "xx0111", 1},      {"Bddm", "x2323x", 3},
+           {"C", "x35553", 4},          {"C", "8(10)(10)988", 4},   {"F", "133211", 2},
+           {"B", "x24442", 2},          {"A#", "x13331", 2},        {"Bmin", "x24432", 2},
+           {"F#min", "244222", 2},      {"Cmin", "x35543", 3},      {"Gmin", "355333", 4},
+           {"Cmin", "8(10)(10)888", 4}, {"E9", "020102", 1},        {"C9", "x32333", 2},
+           {"D9", "x54555", 1},         {"A13", "x02022", 1},       {"E13", "020120", 1},
+           {"C13", "x35355", 1}},
+          kStandard);
 }
 
 TEST(AccordRecherche, ExtendedChordsAreFourOrFiveNoteVoicings) {
-  vérifie({{"E9", "020102", 1},
-           {"C9", "x32333", 2},
-           {"D9", "x54555", 1},
-           {"A13", "x02022", 1},
-           {"E13", "020120", 1},
-           {"C13", "x35355", 1}},
-          kStandard);
   // In every key, the first fingering of a 9, 11 or 13 chord has the root in
   // the bass and at most five tones: the fifth, the ninth or the eleventh
   // gives way as a guitarist leaves it out.
@@ -212,7 +165,7 @@ TEST(AccordRecherche, EveryFingeringIsAPlayableChord) {
           if (i > 0) {
             EXPECT_GE(liste[i - 1].score, d.score);
           }
-          int bas = -1, haut = -1, min = 99, max = 0, jouées = 0;
+          int min = 99, max = 0, jouées = 0;
           std::set<int> tons;
           for (std::size_t s = 0; s < n; ++s) {
             const int f = d.cases[s];
@@ -220,8 +173,6 @@ TEST(AccordRecherche, EveryFingeringIsAPlayableChord) {
             const int demiTons = (hauteurDeNote((*accordage)[s] + f) - c->fondamentale + 12) % 12;
             ASSERT_NE(c->ton(demiTons), nullptr) << texte(d, n) << " sounds a stranger";
             tons.insert(demiTons);
-            if (bas < 0) bas = static_cast<int>(s);
-            haut = static_cast<int>(s);
             ++jouées;
             if (f > 0) min = std::min(min, f), max = std::max(max, f);
           }
@@ -235,10 +186,7 @@ TEST(AccordRecherche, EveryFingeringIsAPlayableChord) {
               EXPECT_TRUE(tons.count(ton.demiTons)) << texte(d, n) << " lacks " << ton.degré;
             }
           }
-          bool muet = false;
-          for (int s = bas; s <= haut; ++s)
-            muet = muet || d.cases[static_cast<std::size_t>(s)] < 0;
-          (muet ? avecMuetIntérieur : sansMuetIntérieur) = true;
+          (muetIntérieur(d, n) ? avecMuetIntérieur : sansMuetIntérieur) = true;
         }
         // A muted string between two that sound only when no chord can do without.
         EXPECT_FALSE(avecMuetIntérieur && sansMuetIntérieur);
@@ -255,19 +203,8 @@ TEST(AccordRecherche, AMutedStringInsideComesOnlyWhenItMust) {
   const std::vector<int> serré = {48, 49, 51, 52};
   const auto liste = cherche("C", serré, unDoigt);
   ASSERT_FALSE(liste.empty());
-  for (const Doigté& d : liste) {
-    int bas = -1;
-    int haut = -1;
-    for (int s = 0; s < 4; ++s) {
-      if (d.cases[static_cast<std::size_t>(s)] < 0) continue;
-      if (bas < 0) bas = s;
-      haut = s;
-    }
-    bool muet = false;
-    for (int s = bas; s <= haut; ++s)
-      muet = muet || d.cases[static_cast<std::size_t>(s)] < 0;
-    EXPECT_TRUE(muet) << texte(d, 4);
-  }
+  for (const Doigté& d : liste)
+    EXPECT_TRUE(muetIntérieur(d, 4)) << texte(d, 4);
 }
 
 TEST(AccordRecherche, TheParametersMoveTheRanking) {

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QTemporaryDir>
 
 #include "shell/skin.h"
@@ -16,8 +17,10 @@ class Skins : public ::testing::Test {
   QString app() const { return racine.path() + QLatin1Char('/'); }
   void pose(const QString& skin, const QString& fichier) {
     QDir().mkpath(app() + QStringLiteral("skins/") + skin);
-    QFile f(app() + QStringLiteral("skins/") + skin + QLatin1Char('/') + fichier);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    // A picture of one pixel: a file that is no picture does not count.
+    QImage image(1, 1, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    ASSERT_TRUE(image.save(app() + QStringLiteral("skins/") + skin + QLatin1Char('/') + fichier));
   }
   QString chemin(const QString& skin, const QString& fichier) const {
     return app() + QStringLiteral("skins/") + skin + QLatin1Char('/') + fichier;

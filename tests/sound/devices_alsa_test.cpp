@@ -27,13 +27,6 @@ TEST(DeviceLists, TheBuiltInSynthesizerIsOutputZeroInBothLanguages) {
   EXPECT_EQ(nomsEntréesMidi(), portsEntréeAlsa());
 }
 
-TEST(DeviceLists, WithoutASequencerTheAlsaListsAreEmpty) {
-  if (séquenceurAlsaPrésent()) GTEST_SKIP() << "this machine has an ALSA sequencer";
-  EXPECT_TRUE(portsSortieAlsa().empty());
-  EXPECT_TRUE(portsEntréeAlsa().empty());
-  EXPECT_EQ(nomsSortiesMidi(kLangAnglais).size(), 1u);
-}
-
 TEST(DeviceOpening, OutputsZeroAndMinusOneAreTheBuiltInSynthesizer) {
   for (int device : {0, -1}) {
     const OuvertureSortie o = ouvreSortieMidi(device, sansAudio());

@@ -1,5 +1,6 @@
 // The MIDI out handles of the player's records: 0 and unknown handles are no
-// output, and closing a handle leaves the output alive for whoever holds it.
+// output, each open output has its own, and closing a handle leaves the output
+// alive for whoever holds it.
 #include <gtest/gtest.h>
 
 #include "sound/midi_handles.h"
@@ -8,28 +9,23 @@
 namespace vt {
 namespace {
 
-TEST(MidiHandles, ZeroAndUnknownHandlesGiveNoOutput) {
+TEST(MidiHandles, ZeroUnknownAndClosedHandlesGiveNoOutputEachOpenOneItsOwn) {
   EXPECT_EQ(midiHandleSortie(0), nullptr);
   EXPECT_EQ(midiHandleSortie(-5), nullptr);
   EXPECT_EQ(midiHandleOuvrir(nullptr), 0);
-  const std::int32_t h = midiHandleOuvrir(std::make_shared<SortieJournal>());
-  EXPECT_NE(h, 0);
-  EXPECT_EQ(midiHandleSortie(h + 1000), nullptr);
-  midiHandleFermer(h);
-  EXPECT_EQ(midiHandleSortie(h), nullptr);
-  midiHandleFermer(h);  // twice is harmless
-}
-
-TEST(MidiHandles, EachOpenOutputHasItsOwnHandle) {
   auto a = std::make_shared<SortieJournal>();
   auto b = std::make_shared<SortieJournal>();
   const std::int32_t ha = midiHandleOuvrir(a);
   const std::int32_t hb = midiHandleOuvrir(b);
+  EXPECT_NE(ha, 0);
   EXPECT_NE(ha, hb);
   EXPECT_EQ(midiHandleSortie(ha), a);
   EXPECT_EQ(midiHandleSortie(hb), b);
+  EXPECT_EQ(midiHandleSortie(hb + 1000), nullptr);
   midiHandleFermer(ha);
+  EXPECT_EQ(midiHandleSortie(ha), nullptr);
   EXPECT_EQ(midiHandleSortie(hb), b);
+  midiHandleFermer(ha);  // twice is harmless
   midiHandleFermer(hb);
 }
 

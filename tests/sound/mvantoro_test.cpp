@@ -230,7 +230,8 @@ TEST_F(Module, AFloodingInputIsHeldToTheQueuesCapacityWithTheLossCountedAndOneWa
   EXPECT_EQ(appels.load(), 1);
   const std::vector<NoteReçue> reçues = midi.prendNotesReçues();
   ASSERT_EQ(reçues.size(), FileNotesReçues::kCapacité);
-  EXPECT_EQ(reçues.back().note, 40 + int((FileNotesReçues::kCapacité - 1) % 50));  // the oldest kept
+  EXPECT_EQ(reçues.back().note,
+            40 + int((FileNotesReçues::kCapacité - 1) % 50));  // the oldest kept
   EXPECT_EQ(midi.prendNotesPerdues(), kEnvoyées - FileNotesReçues::kCapacité);
   EXPECT_EQ(midi.prendNotesPerdues(), 0u);
   // Once taken, the queue takes notes again and wakes its taker again.

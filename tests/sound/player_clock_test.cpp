@@ -138,22 +138,6 @@ TEST_F(PlayerClock, LoopBetweenMarkersRunsUntilStopped) {
   }
 }
 
-TEST_F(PlayerClock, MarkersWithoutLoopEnd) {
-  CVantoroTablature doc = test::document(1);
-  doc.tempo = 255;
-  for (int x = 0; x < 192; x += 48)
-    poser(doc, 1, 1, 1, x, x / 48, 48);
-  doc.setMarqueurStart(1, 48);
-  doc.setMarqueurStop(1, 96);
-  DemandeJeu d = demande(doc, journal.handle);
-  d.marker = true;
-  playStart(doc, tableaux, {}, d);
-  EXPECT_GE(GetPlayTabX(), 48);
-  ASSERT_TRUE(test::attendreQue([] { return GetPlayTabX() == -1; }, 1500ms));
-  EXPECT_EQ(noteOns(journal.sortie->messages()), 1);
-  EXPECT_TRUE(test::toutRelâché(journal.sortie->messages()));
-}
-
 TEST_F(PlayerClock, RepeatJumpReportedOnceEmptyDocumentEndsByItself) {
   CVantoroTablature doc = test::document(2);
   doc.tempo = 255;
@@ -261,56 +245,6 @@ TEST_F(PlayerClock, MetronomeCountsAndClicksStrongThenWeakBesideAPiece) {
 
   ASSERT_TRUE(test::attendreQue([] { return GetPlayTabX() == -1; }));
   EXPECT_EQ(noteOns(piece.sortie->messages()), 1);
-}
-
-TEST_F(PlayerClock, MetronomeStartedAgainStartsAtTheFirstBeatAndTheAccentCanBeOff) {
-  OptionsMétronome o;
-  o.setMétronomeMIDICanal10 = 1;
-  const auto clics = [&] {
-    std::vector<std::pair<double, int>> r;
-    for (const MessageDate& m : journal.sortie->messages())
-      if (test::estNoteOn(m.message)) r.emplace_back(m.ms, midiData1(m.message));
-    return r;
-  };
-  // Three beats to the bar at 600, a beat every 100 ms: started again after
-  // two clicks, the next click is the strong one (going on, it would be the
-  // weak third beat).
-  journal.sortie->setDébut(SortieJournal::Horloge::now());
-  StartMetronome(métronomeParams(600, 3, o, journal.handle), 600);
-  ASSERT_TRUE(test::attendreQue([&] { return clics().size() >= 2; }));
-  StartMetronome(métronomeParams(600, 3, o, journal.handle), 600);
-  ASSERT_TRUE(test::attendreQue([&] { return clics().size() >= 4; }));
-  StopMetronome();
-  auto c = clics();
-  ASSERT_GE(c.size(), 4u);
-  EXPECT_EQ(c[0].second, 33);
-  EXPECT_EQ(c[1].second, 34);
-  EXPECT_EQ(c[2].second, 33) << "the first beat again";
-  EXPECT_EQ(c[3].second, 34);
-  EXPECT_GT(c[3].first - c[2].first, 99.0);  // a beat on from the new start
-  EXPECT_TRUE(test::toutRelâché(journal.sortie->messages()));
-
-  // Without the accent, every beat takes the weak note.
-  journal.sortie->efface();
-  o.accent = false;
-  StartMetronome(métronomeParams(600, 3, o, journal.handle), 600);
-  ASSERT_TRUE(test::attendreQue([&] { return clics().size() >= 4; }));
-  StopMetronome();
-  for (const auto& [ms, note] : clics())
-    EXPECT_EQ(note, 34) << "at " << ms << " ms";
-}
-
-TEST_F(PlayerClock, SilentMetronomeCountsButSendsNothing) {
-  OptionsMétronome o;
-  o.setMétro = 0;
-  StartMetronome(métronomeParams(250, 4, o, journal.handle), 250);
-  std::set<int> compteurs;
-  ASSERT_TRUE(test::attendreQue([&] {
-    compteurs.insert(GetCompteur());
-    return compteurs.size() > 5;
-  }));
-  StopMetronome();
-  EXPECT_TRUE(journal.sortie->messages().empty());
 }
 
 }  // namespace

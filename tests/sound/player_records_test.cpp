@@ -77,7 +77,9 @@ TEST(PlayRecords, StartRecordBytesAtTheirOffsets) {
   doc.setCurseurX(48);
   d.marker = false;
   d.beatsAtStart = false;
+  d.périodeTick = 0;  // what the editor hands over is what the library gets
   const tPlayParams p = tableaux(doc, d, o).params;
+  EXPECT_EQ(p.intPériodeTick, 0);
   EXPECT_EQ(p.lngStartMesure, 3);
   EXPECT_EQ(p.intStartX, 48);
   EXPECT_EQ(p.lngStopMesure, 0);
@@ -179,18 +181,6 @@ TEST(PlayRecords, MetronomePeriodRoundsToTheNearestMillisecond) {
                                      {999, 2}};  // 1.67
   for (const auto& [tempo, période] : cas)
     EXPECT_EQ(métronomeParams(tempo, 4, {}, 0).lngPériode, période) << "tempo " << tempo;
-}
-
-TEST(PlayRecords, TickPeriodAtTempo255IsFourAndPassesUnchanged) {
-  EXPECT_EQ(périodeTickMs(255), 4);  // 4.9 truncated
-  EXPECT_EQ(périodeTickMs(120), 10);
-  EXPECT_EQ(périodeTickMs(1), 1250);
-  CVantoroTablature doc = test::document(1);
-  DemandeJeu d;
-  d.périodeTick = 4;
-  EXPECT_EQ(tableaux(doc, d).params.intPériodeTick, 4);
-  d.périodeTick = 0;  // what the editor hands over is what the library gets
-  EXPECT_EQ(tableaux(doc, d).params.intPériodeTick, 0);
 }
 
 TEST(PlayRecords, RepeatsOnlyFromBarOneOutsideMarkerMode) {

@@ -34,18 +34,30 @@ struct Écoute {
   return e;
 }
 
-// One note of two seconds on string `corde` of the standard guitar.
-CVantoroTablature uneNote(int corde, int frette, int attaque = 0) {
-  CVantoroTablature doc = test::document(1);
-  doc.tempo = 120;
-  poser(doc, 1, 1, corde, 0, frette, 192, 0, attaque);
-  return doc;
+// One rendering for every case: at 120 a bar lasts two seconds, and each
+// sounding bar is followed by a silent one so that no tail reaches the next.
+// Bar 1: fret 5 on the first string; bar 3: a natural harmonic over the
+// twelfth fret, bar 5 over the seventh; bar 7: an artificial harmonic on fret
+// 5; bar 9: a bend from fret 5 to fret 7 over two beats.
+const Écoute& rendu() {
+  static const Écoute e = [] {
+    CVantoroTablature doc = test::document(9);
+    doc.tempo = 120;
+    poser(doc, 1, 1, 1, 0, 5, 192);
+    poser(doc, 1, 3, 1, 0, 12, 192, 0, attaque::kHarmoniqueNaturelle);
+    poser(doc, 1, 5, 1, 0, 7, 192, 0, attaque::kHarmoniqueNaturelle);
+    poser(doc, 1, 7, 1, 0, 5, 192, 0, attaque::kHarmoniqueArtificielle);
+    poser(doc, 1, 9, 1, 0, 5, 96, effet::kBendUp);
+    poser(doc, 1, 9, 1, 96, 7, 96);
+    return écouter(doc);
+  }();
+  return e;
 }
+constexpr double kBar = 2000;
 
-TEST(PlayerSound, FretFiveOnTheFirstStringIsA440) {
-  const Écoute e = écouter(uneNote(1, 5));
+TEST(PlayerSound, FretFiveOnTheFirstStringIsA440AndStopsWithTheNote) {
+  const Écoute& e = rendu();
   EXPECT_NEAR(e.hz(200, 900), 440.0, 4.4);
-  // And it stops with the note: the bar lasts two seconds.
   EXPECT_LT(test::rms(test::tranche(e.son, e.pcm.fréquence, 3500, 4000)),
             0.1 * test::rms(test::tranche(e.son, e.pcm.fréquence, 200, 900)));
 }
@@ -55,26 +67,21 @@ TEST(PlayerSound, FretFiveOnTheFirstStringIsA440) {
 // fret, the nineteenth fret's note. An artificial harmonic sounds an octave
 // above the fretted note.
 TEST(PlayerSound, HarmonicsSoundWhereTheirNodeSays) {
+  const Écoute& e = rendu();
   const double ouverte = hertz(64);
-  EXPECT_NEAR(écouter(uneNote(1, 12, attaque::kHarmoniqueNaturelle)).hz(200, 900), 2 * ouverte,
-              0.01 * 2 * ouverte);
-  EXPECT_NEAR(écouter(uneNote(1, 7, attaque::kHarmoniqueNaturelle)).hz(200, 900), hertz(64 + 19),
-              0.01 * hertz(64 + 19));
-  EXPECT_NEAR(écouter(uneNote(1, 5, attaque::kHarmoniqueArtificielle)).hz(200, 900), 880.0, 8.8);
+  EXPECT_NEAR(e.hz(2 * kBar + 200, 2 * kBar + 900), 2 * ouverte, 0.01 * 2 * ouverte);
+  EXPECT_NEAR(e.hz(4 * kBar + 200, 4 * kBar + 900), hertz(64 + 19), 0.01 * hertz(64 + 19));
+  EXPECT_NEAR(e.hz(6 * kBar + 200, 6 * kBar + 900), 880.0, 8.8);
 }
 
 // A bend from fret 5 to fret 7 over two beats: the wheel rises on the A and
 // holds the B without a new attack; the bend range the track's set-up tells
 // the synthesiser (12 semitones) makes the wheel's steps the right size.
 TEST(PlayerSound, ABendRaisesThePitchToTheTargetFret) {
-  CVantoroTablature doc = test::document(1);
-  doc.tempo = 120;
-  poser(doc, 1, 1, 1, 0, 5, 96, effet::kBendUp);
-  poser(doc, 1, 1, 1, 96, 7, 96);
-  const Écoute e = écouter(doc);
-  const double avant = e.hz(20, 150);
-  const double milieu = e.hz(450, 550);
-  const double après = e.hz(1150, 1800);
+  const Écoute& e = rendu();
+  const double avant = e.hz(8 * kBar + 20, 8 * kBar + 150);
+  const double milieu = e.hz(8 * kBar + 450, 8 * kBar + 550);
+  const double après = e.hz(8 * kBar + 1150, 8 * kBar + 1800);
   EXPECT_NEAR(avant, 440.0, 0.02 * 440.0);
   EXPECT_GT(milieu, avant * 1.03);
   EXPECT_LT(milieu, hertz(71) * 0.98);

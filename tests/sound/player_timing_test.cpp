@@ -35,6 +35,8 @@ TEST(PlayerTiming, ABarAt120LastsTwoSecondsOnTheTrueTempoClockNotOnWholeMillisec
   EXPECT_NEAR(off[1], 2000.0 + 1250.0 / 120, 1e-6);  // one tick: 10.416666 ms
   // Not the editor's whole 10 ms: the piece would last 1920 ms.
   EXPECT_EQ(périodeTickMs(120), 10);
+  EXPECT_EQ(périodeTickMs(255), 4);  // 4.9 truncated
+  EXPECT_EQ(périodeTickMs(1), 1250);
 }
 
 TEST(PlayerTiming, LongPieceDoesNotDrift) {

@@ -73,40 +73,7 @@ std::uint16_t lit16(const std::vector<std::uint8_t>& b, std::size_t at) {
   return std::uint16_t(b[at] | b[at + 1] << 8);
 }
 
-// ---- The pitch finder itself, on signals whose pitch is known -------------------
-
-TEST(PitchFinder, FindsThePitchOfPureAndBrightTonesAndNoneInSilence) {
-  const int rate = 44100;
-  auto signal = [&](double f, int harmoniques) {
-    std::vector<float> s(rate / 2);
-    for (std::size_t i = 0; i < s.size(); ++i) {
-      double v = 0;
-      for (int h = 1; h <= harmoniques; ++h)
-        v += std::sin(2 * M_PI * f * h * double(i) / rate) / h;
-      s[i] = float(0.3 * v);
-    }
-    return s;
-  };
-  EXPECT_NEAR(test::frequenceFondamentale(signal(440, 1), rate), 440, 0.5);
-  // A sawtooth-like tone whose second harmonic is strong: not the octave above.
-  EXPECT_NEAR(test::frequenceFondamentale(signal(110, 12), rate), 110, 0.3);
-  EXPECT_NEAR(test::frequenceFondamentale(signal(1318.5, 3), rate), 1318.5, 3);
-  EXPECT_EQ(test::frequenceFondamentale(std::vector<float>(rate / 2, 0.0f), rate), 0);
-  // Too short a stretch to say.
-  EXPECT_EQ(test::frequenceFondamentale(std::vector<float>(500, 0.1f), rate), 0);
-}
-
 // ---- Rendering ------------------------------------------------------------------
-
-TEST(OfflineRendering, ASteelGuitarA4SoundsAt440Hertz) {
-  const RenduPcm pcm = rendAvecSoundFont(kUneSeconde);
-  EXPECT_TRUE(pcm.messages.empty());
-  EXPECT_EQ(pcm.fréquence, 44100);
-  // A steady stretch after the attack, before the release.
-  EXPECT_NEAR(hz(pcm, 200, 800), 440.0, 4.4);
-  // And it is loud enough to be heard.
-  EXPECT_GT(test::rms(test::tranche(test::mono(pcm.échantillons), pcm.fréquence, 100, 900)), 0.01);
-}
 
 TEST(OfflineRendering, APitchWheelMessageRaisesThePitchFromItsTime) {
   MessagesDates m = kUneSeconde;
@@ -198,7 +165,7 @@ TEST(OfflineRendering, AMissingSoundFontGivesItsMessageAndSilenceOfTheRightLengt
 
 using WavFile = Temporaire;
 
-TEST_F(WavFile, HoldsTheRenderedSamplesBehindACanonicalHeader) {
+TEST_F(WavFile, HoldsTheRenderedSamplesOfA440BehindACanonicalHeader) {
   const fs::path chemin = dossier / "la.wav";
   const RésultatWav r = rendreWav(kUneSeconde, chemin.string());
   ASSERT_TRUE(r.ok);
@@ -218,8 +185,13 @@ TEST_F(WavFile, HoldsTheRenderedSamplesBehindACanonicalHeader) {
   EXPECT_EQ(std::memcmp(&b[36], "data", 4), 0);
   EXPECT_EQ(lit32(b, 40), b.size() - 44);
 
-  // The same samples as the rendering in memory.
+  // The same samples as the rendering in memory, which sounds A4 at 440 Hz in
+  // a steady stretch after the attack, loud enough to be heard.
   const RenduPcm pcm = rendAvecSoundFont(kUneSeconde);
+  EXPECT_TRUE(pcm.messages.empty());
+  EXPECT_EQ(pcm.fréquence, 44100);
+  EXPECT_NEAR(hz(pcm, 200, 800), 440.0, 4.4);
+  EXPECT_GT(test::rms(test::tranche(test::mono(pcm.échantillons), pcm.fréquence, 100, 900)), 0.01);
   ASSERT_EQ(b.size() - 44, pcm.échantillons.size() * 2);
   std::size_t différents = 0;
   for (std::size_t i = 0; i < pcm.échantillons.size(); ++i)
@@ -228,27 +200,22 @@ TEST_F(WavFile, HoldsTheRenderedSamplesBehindACanonicalHeader) {
   EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"}) << "no temporary file is left";
 }
 
-TEST_F(WavFile, AFolderThatDoesNotExistGivesTheMessageAndNoFile) {
-  const fs::path chemin = dossier / "absent" / "la.wav";
-  const RésultatWav r = rendreWav(kUneSeconde, chemin.string());
-  EXPECT_FALSE(r.ok);
-  ASSERT_FALSE(r.messages.empty());
-  EXPECT_EQ(r.messages[0].id, son::kEcritureImpossible.id);
-  EXPECT_NE(r.messages[0].détail.find("la.wav"), std::string::npos);
-  EXPECT_TRUE(contenu().empty());
-}
-
-TEST_F(WavFile, AFailureAtTheLastStepLeavesNoPartialFile) {
-  // A folder stands where the file should go: everything is written, then
-  // the renaming fails.
-  const fs::path chemin = dossier / "la.wav";
-  fs::create_directory(chemin);
-  const RésultatWav r = rendreWav(kUneSeconde, chemin.string());
-  EXPECT_FALSE(r.ok);
-  ASSERT_FALSE(r.messages.empty());
-  EXPECT_EQ(r.messages[0].id, son::kEcritureImpossible.id);
-  EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"});
-  EXPECT_TRUE(fs::is_directory(chemin));
+// A folder that does not exist, or a folder where the file should go (all is
+// written, then the renaming fails): the message, and no partial file.
+TEST_F(WavFile, AFileThatCannotBeWrittenGivesTheMessageAndNoPartialFile) {
+  const fs::path absent = dossier / "absent" / "la.wav";
+  const fs::path occupé = dossier / "la.wav";
+  fs::create_directory(occupé);
+  for (const fs::path& chemin : {absent, occupé}) {
+    SCOPED_TRACE(chemin);
+    const RésultatWav r = rendreWav(kUneSeconde, chemin.string());
+    EXPECT_FALSE(r.ok);
+    ASSERT_FALSE(r.messages.empty());
+    EXPECT_EQ(r.messages[0].id, son::kEcritureImpossible.id);
+    EXPECT_NE(r.messages[0].détail.find("la.wav"), std::string::npos);
+    EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"});  // the folder alone
+  }
+  EXPECT_TRUE(fs::is_directory(occupé));
 }
 
 TEST_F(WavFile, WithoutASoundFontNothingIsWrittenAndAnEarlierFileStays) {

@@ -14,6 +14,7 @@
 #include "../shell/banc.h"
 #include "controls/picture_button.h"
 #include "faccords_vues.h"
+#include "outils_banc.h"
 #include "shell/manche.h"
 #include "shell/manche_geometry.h"
 #include "tools/faccords.h"
@@ -32,16 +33,6 @@ class EditeurAccords : public EditeurEssai {
     m_j.push_back(QStringLiteral("FTab chord ") + s);
     return true;
   }
-};
-
-// The options dialog as the dictionary opens it.
-class OptionsEssai : public QDialog, public FenetreOptions {
- public:
-  explicit OptionsEssai(Journal& j) : m_j(j) { setObjectName(QStringLiteral("FOptions")); }
-  void selectTab(const QString& clé) override { m_j.push_back("FOptions " + clé); }
-
- private:
-  Journal& m_j;
 };
 
 class Dictionnaire : public Banc {
@@ -278,15 +269,13 @@ TEST_F(Dictionnaire, CopyAndPrintGiveTheDiagramWithItsConstruction) {
 
 TEST_F(Dictionnaire, OptionsOpenOnTheChordPageAndTheNextSearchTakesTheirParameters) {
   crée();
-  vt->fenetres().enregistrer(
-      fen::FOptions, [this](VT&) { return new OptionsEssai(journal); },
-      RegistreFenetres::Genre::Dialogue);
+  OptionsEssai::enregistre(*vt, journal);
   ouvre();
   choisit(3, "maj");
   EXPECT_EQ(premier(), (std::vector<int>{-1, 3, 2, 0, 1, 0}));
   pendantModale = [this](QDialog&) { vt->settings().AccordParametres.MAXSPAN = 2; };
   fa->btnOptions_Click();
-  EXPECT_TRUE(contient(journal, "FOptions accords"));
+  EXPECT_TRUE(contient(journal, "selectTab accords"));
   EXPECT_EQ(modales, (std::vector<QString>{"FOptions"}));
   for (const auto& p : fa->positions())
     EXPECT_NE(p, (std::vector<int>{-1, 3, 2, 0, 1, 0}));

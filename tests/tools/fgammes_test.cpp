@@ -12,6 +12,7 @@
 #include "controls/picture_button.h"
 #include "fgammes_copier.h"
 #include "gammes_banc.h"
+#include "outils_banc.h"
 
 namespace vt::essai {
 namespace {
@@ -210,20 +211,9 @@ TEST_F(Gammes, CopiesAndPrintsARangeOfFretsThatCannotCross) {
   EXPECT_TRUE(f.read(5).startsWith("%PDF"));
 }
 
-// The options dialog as the scale window opens it.
-class OptionsEssai : public QDialog, public FenetreVT, public FenetreOptions {
- public:
-  explicit OptionsEssai(Journal& j) : m_j(j) {}
-  void load_lang() override {}
-  void selectTab(const QString& clé) override { m_j.push_back("selectTab " + clé); }
-  Journal& m_j;
-};
-
 TEST_F(Gammes, OptionsOpenOnTheScalePageAndTheWindowFollowsThem) {
   crée();
-  vt->fenetres().enregistrer(
-      fen::FOptions, [this](VT&) { return new OptionsEssai(journal); },
-      RegistreFenetres::Genre::Dialogue);
+  OptionsEssai::enregistre(*vt, journal);
   démarreAvec();
   FGammes& g = choisit(0, kDo);
   EXPECT_TRUE(g.btnOptions()->isEnabled());

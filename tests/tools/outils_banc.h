@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QDialog>
 #include <QTest>
 
 #include "../shell/banc.h"
@@ -15,6 +16,22 @@
 #include "tools/fmultimedia.h"
 
 namespace vt::essai {
+
+// The options dialog as the tools open it: the page asked for is written down.
+class OptionsEssai : public QDialog, public FenetreVT, public FenetreOptions {
+ public:
+  explicit OptionsEssai(Journal& j) : m_j(j) { setObjectName(QStringLiteral("FOptions")); }
+  void load_lang() override {}
+  void selectTab(const QString& clé) override { m_j.push_back("selectTab " + clé); }
+  static void enregistre(VT& vt, Journal& j) {
+    vt.fenetres().enregistrer(
+        fen::FOptions, [&j](VT&) { return new OptionsEssai(j); },
+        RegistreFenetres::Genre::Dialogue);
+  }
+
+ private:
+  Journal& m_j;
+};
 
 class Outils : public Banc {
  protected:

@@ -1,24 +1,11 @@
 // The tuner, the metronome and the media player join the main window: the
 // Windows menu and its keys, the toolbar, the start-up list, and the options
 // dialog on the page of each.
-#include <QDialog>
-
 #include "controls/picture_button.h"
 #include "outils_banc.h"
 
 namespace vt::essai {
 namespace {
-
-// The options dialog as the tools reach it: the page asked for is written down.
-class OptionsEssai : public QDialog, public FenetreVT, public FenetreOptions {
- public:
-  explicit OptionsEssai(Journal& j) : m_j(j) {}
-  void load_lang() override {}
-  void selectTab(const QString& clé) override { m_j.push_back("selectTab " + clé); }
-
- private:
-  Journal& m_j;
-};
 
 class OutilsFenetres : public Outils {};
 
@@ -44,9 +31,7 @@ TEST_F(OutilsFenetres, OpenFromTheMenuItsKeysTheToolbarAndAtStart) {
 
 TEST_F(OutilsFenetres, OptionsOpenOnTheTunersAndTheMetronomesPages) {
   crée();
-  vt->fenetres().enregistrer(
-      fen::FOptions, [this](VT&) { return new OptionsEssai(journal); },
-      RegistreFenetres::Genre::Dialogue);
+  OptionsEssai::enregistre(*vt, journal);
   ouvre();
   fenetre<FAccordeur>(fen::FAccordeur).btnOptions()->Click();
   EXPECT_EQ(journal, Journal{"selectTab KeyDiv"});

@@ -18,6 +18,17 @@ namespace {
 constexpr std::uint64_t kMesureMin = 4;
 constexpr std::uint64_t kTêteDePisteMin = 16;
 
+// A bar's head: key, signature, then the left and right repeat marks.
+void lireTêteMesure(Curseur& in, tMesure& h) {
+  h.bytTonalité = in.u8();
+  h.bytSignatureUp = in.u8();
+  h.bytSignatureDn = in.u8();
+  h.bytLoopGaucheType = in.u8();
+  h.bytLoopGaucheData = in.u8();
+  h.bytLoopDroiteType = in.u8();
+  h.bytLoopDroiteData = in.u8();
+}
+
 // One bar of one track: chords, upper texts, lower texts, then the notes of
 // each string, stored as they stand. Version 6 notes carry no nuance.
 void lireContenuMesure(Chargement& c, int p, int m, int s) {
@@ -113,13 +124,7 @@ void lireVersion6(Chargement& c) {
 
   for (int m = 1; m <= mesures && !in.échec(); ++m) {
     tMesure& h = doc.mesure(m);
-    h.bytTonalité = in.u8();
-    h.bytSignatureUp = in.u8();
-    h.bytSignatureDn = in.u8();
-    h.bytLoopGaucheType = in.u8();
-    h.bytLoopGaucheData = in.u8();
-    h.bytLoopDroiteType = in.u8();
-    h.bytLoopDroiteData = in.u8();
+    lireTêteMesure(in, h);
     lireContenuMesure(c, 1, m, s);
   }
 }
@@ -148,13 +153,7 @@ void lireVersions7et8(Chargement& c, int pistes) {
 
   for (int m = 1; m <= mesures && !in.échec(); ++m) {
     tMesure& h = doc.mesure(m);
-    h.bytTonalité = in.u8();
-    h.bytSignatureUp = in.u8();
-    h.bytSignatureDn = in.u8();
-    h.bytLoopGaucheType = in.u8();
-    h.bytLoopGaucheData = in.u8();
-    h.bytLoopDroiteType = in.u8();
-    h.bytLoopDroiteData = in.u8();
+    lireTêteMesure(in, h);
     const int tempos = in.u8();
     for (int t = 0; t < tempos && !in.échec(); ++t) {
       const int x = in.be16();

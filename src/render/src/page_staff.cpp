@@ -8,6 +8,7 @@
 
 #include "beam_table.h"
 #include "render/page_renderer.h"
+#include "staff_rests.h"
 
 namespace vt {
 
@@ -172,7 +173,6 @@ void CPageRenderer::dessineHampe(int p, const PlaceMesure& b, int c, int n, int 
 }
 
 void CPageRenderer::drawOnPageNotePortéeSilences(int p, const PlaceMesure& b) {
-  const int largeur = m_doc.getMesureLargeur(b.m);
   const int nb = m_doc.getGuitareNbrCordes(p);
   if (!m_s.cfgPrintPortéeSilence1Mesure) {
     // A bar with no note at all shows no rest unless asked.
@@ -197,40 +197,18 @@ void CPageRenderer::drawOnPageNotePortéeSilences(int p, const PlaceMesure& b) {
       {48, &glyphe::kSoupir, 1, 4},           {24, &glyphe::kDemiSoupir, 1, 4},
       {12, &glyphe::kQuartSoupir, 1, 4.5},    {6, &glyphe::kHuitièmeSoupir, 1, 4}};
 
-  int occupé = 0;
-  int longueur = 0;
-  int début = 0;
-  for (int t = 0; t <= largeur; ++t) {
-    for (int c = 1; c <= nb; ++c) {
-      const int k = m_doc.searchNote(p, b.m, c, t);
-      if (k == 0) continue;
-      const tNote* note = m_doc.getNote(p, b.m, c, k);
-      if (note->bytCase != kCaseVide && note->bytDurée > occupé) occupé = note->bytDurée;
+  silencesPortée(m_doc, p, b.m, nb, [&](int durée, int milieu) {
+    for (const Pause& pause : pauses) {
+      if (pause.durée != durée) continue;
+      const double e = em * pause.taille;
+      const glyphe::Signe& g = *pause.signe;
+      double cy = b.yPortée + pause.y * H;
+      // The whole rest hangs from the second line, the half rest sits on the third.
+      if (durée == 192) cy = b.yPortée + 2 * H + g.hauteur() * e / glyphe::kEm / 2;
+      if (durée == 96) cy = b.yPortée + 4 * H - g.hauteur() * e / glyphe::kEm / 2;
+      signe(g, e, b.xTick(milieu), cy);
     }
-    if (t == largeur) occupé = 1;
-    if (occupé == 0) {
-      if (longueur == 0) début = t;
-      ++longueur;
-    } else if (longueur > 0) {
-      int reste = CVantoroTablature::makeNoteDuréeExiste(longueur);
-      for (const Pause& pause : pauses) {
-        while (reste >= pause.durée) {
-          reste -= pause.durée;
-          const int milieu = (t - début) / 2 + début;
-          const double e = em * pause.taille;
-          const glyphe::Signe& g = *pause.signe;
-          double cy = b.yPortée + pause.y * H;
-          // The whole rest hangs from the second line, the half rest sits on the third.
-          if (pause.durée == 192) cy = b.yPortée + 2 * H + g.hauteur() * e / glyphe::kEm / 2;
-          if (pause.durée == 96) cy = b.yPortée + 4 * H - g.hauteur() * e / glyphe::kEm / 2;
-          signe(g, e, b.xTick(milieu), cy);
-          début += pause.durée;
-        }
-      }
-      longueur = 0;
-    }
-    if (occupé > 0) --occupé;
-  }
+  });
 }
 
 }  // namespace vt

@@ -5,6 +5,7 @@
 
 #include "render/staff_source.h"
 #include "render/strip_renderer.h"
+#include "staff_rests.h"
 
 namespace vt {
 
@@ -60,7 +61,8 @@ void CStripRenderer::drawNotePortée(int p, int m, int c, int n) {
 
   // Ledger lines below, then above the staff.
   if (u >= 2)
-    for (int k = 1; k <= std::abs(u / 2); ++k) drawScreenLine(x - 6, base + (k + 6) * 2 * H, 12, 0);
+    for (int k = 1; k <= std::abs(u / 2); ++k)
+      drawScreenLine(x - 6, base + (k + 6) * 2 * H, 12, 0);
   if (u < -9)
     for (int k = 1; k <= (std::abs(u) - 8) / 2; ++k)
       drawScreenLine(x - 6, base + (2 - k) * 2 * H, 12, 0);
@@ -95,14 +97,15 @@ void CStripRenderer::drawNotePortée(int p, int m, int c, int n) {
       if (uAutre < u) return;
     } else {
       if (s <= 7 && c <= 7 && hauteur(s, autre) > hauteur(c, note->bytCase)) return;
-      uAutre = graphie(autre + m_doc.getGuitareCorde(p, s)).u -
-               (m_doc.getPortéeClef(p) == 2 ? 12 : 0);
+      uAutre =
+          graphie(autre + m_doc.getGuitareCorde(p, s)).u - (m_doc.getPortéeClef(p) == 2 ? 12 : 0);
     }
     if (uAutre > uBas) uBas = uAutre;
   }
   // The stem runs down through the chord to its lowest head, so that the chord
   // reads as one.
-  if (uBas > u && d != 192 && d != 128) drawScreenLine(x + 3, y0 + 1 + (uBas - u) * H, 0, (u - uBas) * H);
+  if (uBas > u && d != 192 && d != 128)
+    drawScreenLine(x + 3, y0 + 1 + (uBas - u) * H, 0, (u - uBas) * H);
   calculeEtatRythme(p, m, c, n);
   const int extrême = getTempsPortéeMaxMinNote(m_doc, p, m, c, n, true);
   const int h = ((extrême / 12) * -7 + 33) * H - y0 - 4 + base;
@@ -110,46 +113,21 @@ void CStripRenderer::drawNotePortée(int p, int m, int c, int n) {
 }
 
 void CStripRenderer::drawNotePortéeSilences(int p, int m) {
-  const int largeur = m_doc.getMesureLargeur(m);
   const int s = m_s.TAB_VIEW_SCALE > 0 ? m_s.TAB_VIEW_SCALE : 1;
   const int y = m_metrics.porteeHaut() + 2 * m_s.TAB_VIEW_INTER_PORTEE;
   struct Pause {
     int durée;
     portee::Cellule cellule;
   };
-  static constexpr Pause kPauses[] = {
-      {192, portee::kPauseRonde}, {96, portee::kPauseBlanche}, {48, portee::kSoupir},
-      {24, portee::kDemiSoupir},  {12, portee::kQuartSoupir},  {6, portee::kHuitièmeSoupir}};
+  static constexpr Pause kPauses[] = {{192, portee::kPauseRonde}, {96, portee::kPauseBlanche},
+                                      {48, portee::kSoupir},      {24, portee::kDemiSoupir},
+                                      {12, portee::kQuartSoupir}, {6, portee::kHuitièmeSoupir}};
 
-  // Walk the ticks; `occupé` counts down the longest note sounding at each.
-  int occupé = 0;
-  int n = 0;
-  int début = 0;
-  for (int t = 0; t <= largeur; ++t) {
-    for (int c = 1; c <= cordes(p); ++c) {
-      const int k = m_doc.searchNote(p, m, c, t);
-      if (k == 0) continue;
-      const tNote* note = m_doc.getNote(p, m, c, k);
-      if (note->bytCase != kCaseVide && note->bytDurée > occupé) occupé = note->bytDurée;
-    }
-    if (t == largeur) occupé = 1;
-    if (occupé == 0) {
-      if (n == 0) début = t;
-      ++n;
-    } else if (n > 0) {
-      int reste = CVantoroTablature::makeNoteDuréeExiste(n);
-      for (const Pause& pause : kPauses) {
-        while (reste >= pause.durée) {
-          reste -= pause.durée;
-          const int milieu = (t - début) / 2 + début;
-          blit(pause.cellule, wrap16(milieu * m_s.TAB_VIEW_INTER_NOTE) / s + getMesurePixel(m), y);
-          début += pause.durée;
-        }
-      }
-      n = 0;
-    }
-    if (occupé > 0) --occupé;
-  }
+  silencesPortée(m_doc, p, m, cordes(p), [&](int durée, int milieu) {
+    for (const Pause& pause : kPauses)
+      if (pause.durée == durée)
+        blit(pause.cellule, wrap16(milieu * m_s.TAB_VIEW_INTER_NOTE) / s + getMesurePixel(m), y);
+  });
 }
 
 }  // namespace vt

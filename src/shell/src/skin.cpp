@@ -1,6 +1,7 @@
 #include "shell/skin.h"
 
 #include <QFileInfo>
+#include <QImageReader>
 #include <array>
 
 namespace vt {
@@ -99,10 +100,12 @@ constexpr std::array<const char*, kNbrImagesSkin> kNoms = {
 QString cherche(const QString& strAppPath, const QString& strSkinPath, const QString& nom) {
   const QString dossier = skinFolder(strAppPath, strSkinPath);
   const QString défaut = skinFolder(strAppPath, QString::fromUtf8(kSkinParDéfaut));
+  // A skin's file that is no picture (cut, or something else under the name)
+  // gives way to the next one, down to the default skin's.
   for (const QString& chemin :
        {dossier + nom + QStringLiteral(".bmp"), dossier + nom + QStringLiteral(".jpg"),
         défaut + nom + QStringLiteral(".bmp")}) {
-    if (QFileInfo(chemin).isFile()) return chemin;
+    if (QFileInfo(chemin).isFile() && QImageReader(chemin).canRead()) return chemin;
   }
   return défaut + nom + QStringLiteral(".jpg");
 }

@@ -26,9 +26,10 @@ QStringList liste(const std::vector<std::string>& noms) {
 }
 
 // The system's outputs, as MVantoro opens them by default.
-OuvertureSortie sortieSysteme(int device, const std::string& soundFont) {
+OuvertureSortie sortieSysteme(int device, const std::string& soundFont, int programme) {
   OptionsSynthé o;
   o.soundFont = soundFont;
+  o.programme = programme;
   return ouvreSortieMidi(device, o);
 }
 
@@ -40,7 +41,12 @@ int appareil(int device) {
 class SonSysteme : public SonLive {
  public:
   explicit SonSysteme(const Settings& settings)
-      : SonSysteme(settings, sortieSysteme, [](int device) { return ouvreEntréeMidi(device); }) {}
+      : SonSysteme(
+            settings,
+            [&settings](int device, const std::string& soundFont) {
+              return sortieSysteme(device, soundFont, settings.setMIDIinstru);
+            },
+            [](int device) { return ouvreEntréeMidi(device); }) {}
   SonSysteme(const Settings& settings, MVantoro::FabriqueSortie sortie,
              MVantoro::FabriqueEntrée entrée)
       : m_settings(settings), m_fabriqueSortie(sortie), m_midi(sortie, std::move(entrée)) {

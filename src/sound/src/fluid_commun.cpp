@@ -62,7 +62,8 @@ Réglages nouveauxRéglages() {
 }
 
 Synthé nouveauSynthé(fluid_settings_t* réglages, const std::string& soundFontChoisie,
-                     const std::vector<std::string>& soundFontsSystème, ChoixSoundFont& choix) {
+                     const std::vector<std::string>& soundFontsSystème, ChoixSoundFont& choix,
+                     int programme) {
   Synthé s(réglages ? new_fluid_synth(réglages) : nullptr);
   if (!s) {
     choix = {};
@@ -77,7 +78,13 @@ Synthé nouveauSynthé(fluid_settings_t* réglages, const std::string& soundFont
           raison = chemin + ": not a SoundFont (.sf2) file";
           return false;
         }
-        if (fluid_synth_sfload(s.get(), chemin.c_str(), 1) != FLUID_FAILED) return true;
+        const bool choisi = programme >= 0 && programme <= 127;
+        if (fluid_synth_sfload(s.get(), chemin.c_str(), choisi ? 0 : 1) != FLUID_FAILED) {
+          if (choisi)
+            for (int canal = 0; canal < 16; ++canal)
+              fluid_synth_program_change(s.get(), canal, canal == 9 ? 0 : programme);
+          return true;
+        }
         raison = chemin + ": " + dernièreErreur();
         return false;
       },

@@ -34,9 +34,11 @@ std::string dernièreErreur();
 // The settings of every synthesizer of the program.
 Réglages nouveauxRéglages();
 // A synthesizer on those settings with a SoundFont chosen as `choisitSoundFont`
-// says; `choix` tells which one and what the user should know.
+// says; `choix` tells which one and what the user should know. With a
+// `programme` from 0 to 127 every melodic channel starts on it.
 Synthé nouveauSynthé(fluid_settings_t* réglages, const std::string& soundFontChoisie,
-                     const std::vector<std::string>& soundFontsSystème, ChoixSoundFont& choix);
+                     const std::vector<std::string>& soundFontsSystème, ChoixSoundFont& choix,
+                     int programme = -1);
 
 // One packed channel message. Data bytes are taken on seven bits; anything
 // that is not a channel message is ignored.

@@ -36,7 +36,7 @@ SynthéIntégré::SynthéIntégré(const OptionsSynthé& options) : m_fluid(std:
   m_fluid->réglages = fluid::nouveauxRéglages();
   ChoixSoundFont choix;
   m_fluid->synth = fluid::nouveauSynthé(m_fluid->réglages.get(), options.soundFont,
-                                        options.soundFontsSystème, choix);
+                                        options.soundFontsSystème, choix, options.programme);
   m_soundFont = choix.chemin;
   m_messages = choix.messages;
   if (!m_fluid->synth) return;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "police_qt.h"
 #include "render/page_renderer.h"
 #include "render_qt/painter_surface.h"
 
@@ -48,16 +49,10 @@ QPointF PageSurface::point(double x, double y) const {
 PageSurface::Police& PageSurface::police() {
   if (m_police != nullptr && m_policeCourante == Font()) return *m_police;
   const FontSpec& f = Font();
-  const std::string clé = f.nom + '\0' + std::to_string(f.taille) + (f.gras ? "b" : "") +
-                          (f.italique ? "i" : "") + (f.souligné ? "u" : "") + (f.barrée ? "s" : "");
+  const std::string clé = cléPolice(f);
   auto it = m_polices.find(clé);
   if (it == m_polices.end()) {
-    QFont font(QString::fromStdString(f.nom));
-    font.setPointSizeF(f.taille > 0 ? f.taille : 1);
-    font.setBold(f.gras);
-    font.setItalic(f.italique);
-    font.setUnderline(f.souligné);
-    font.setStrikeOut(f.barrée);
+    QFont font = policeQt(f);
     // Outlines as designed, so that every device places the same glyphs.
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setKerning(false);

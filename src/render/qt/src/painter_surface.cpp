@@ -4,9 +4,13 @@
 #include <algorithm>
 #include <cmath>
 
+#include "police_qt.h"
+
 namespace vt {
 
-QColor couleurQt(Colour c) { return QColor(rouge(c), vert(c), bleu(c)); }
+QColor couleurQt(Colour c) {
+  return QColor(rouge(c), vert(c), bleu(c));
+}
 
 QImageSource::QImageSource(std::string name, QImage image)
     : m_name(std::move(name)), m_image(image.convertToFormat(QImage::Format_RGB32)) {}
@@ -17,7 +21,9 @@ PainterSurface::PainterSurface(int width, int height)
   m_painter.begin(&m_image);
 }
 
-PainterSurface::~PainterSurface() { m_painter.end(); }
+PainterSurface::~PainterSurface() {
+  m_painter.end();
+}
 
 void PainterSurface::resize(int width, int height) {
   m_painter.end();
@@ -32,16 +38,10 @@ void PainterSurface::resize(int width, int height) {
 PainterSurface::Police& PainterSurface::police() {
   if (m_police != nullptr && m_policeCourante == Font()) return *m_police;
   const FontSpec& f = Font();
-  const std::string clé = f.nom + '\0' + std::to_string(f.taille) + (f.gras ? "b" : "") +
-                          (f.italique ? "i" : "") + (f.souligné ? "u" : "") + (f.barrée ? "s" : "");
+  const std::string clé = cléPolice(f);
   auto it = m_polices.find(clé);
   if (it == m_polices.end()) {
-    QFont font(QString::fromStdString(f.nom));
-    font.setPointSizeF(f.taille > 0 ? f.taille : 1);
-    font.setBold(f.gras);
-    font.setItalic(f.italique);
-    font.setUnderline(f.souligné);
-    font.setStrikeOut(f.barrée);
+    QFont font = policeQt(f);
     font.setStyleStrategy(QFont::NoAntialias);
     font.setHintingPreference(QFont::PreferFullHinting);
     auto p = std::make_unique<Police>(Police{font, QFontMetrics(font, &m_image), {}});
@@ -75,7 +75,9 @@ void PainterSurface::prepareMode() {
     case DrawMode::MergeNotPen:
       m_painter.setCompositionMode(QPainter::RasterOp_NotSourceOrDestination);
       break;
-    case DrawMode::CopyPen: m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver); break;
+    case DrawMode::CopyPen:
+      m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+      break;
   }
 }
 
@@ -89,9 +91,13 @@ void PainterSurface::preparePen() {
   m_painter.setBrush(Qt::NoBrush);
 }
 
-int PainterSurface::TextWidth(std::string_view utf8) { return texte(utf8).largeur; }
+int PainterSurface::TextWidth(std::string_view utf8) {
+  return texte(utf8).largeur;
+}
 
-int PainterSurface::TextHeight(std::string_view) { return police().metrics.height(); }
+int PainterSurface::TextHeight(std::string_view) {
+  return police().metrics.height();
+}
 
 bool PainterSurface::rasterBox(int x1, int y1, int x2, int y2) {
   if (drawMode() == DrawMode::CopyPen) return false;
@@ -159,7 +165,8 @@ void PainterSurface::drawBox(double x1, double y1, double x2, double y2, bool fi
                  std::round(std::abs(y2 - y1)) + 1);
   if (filled) {
     if (rasterBox(static_cast<int>(r.left()), static_cast<int>(r.top()),
-                  static_cast<int>(r.left() + r.width() - 1), static_cast<int>(r.top() + r.height() - 1)))
+                  static_cast<int>(r.left() + r.width() - 1),
+                  static_cast<int>(r.top() + r.height() - 1)))
       return;
     m_painter.fillRect(r, couleurQt(ForeColor()));
     return;
@@ -175,11 +182,11 @@ void PainterSurface::drawCircle(double x, double y, double rayon) {
   m_painter.drawEllipse(QPointF(x, y), rayon, rayon);
 }
 
-void PainterSurface::drawText(double x, double y, std::string_view utf8, int largeur,
-                              int hauteur) {
+void PainterSurface::drawText(double x, double y, std::string_view utf8, int largeur, int hauteur) {
   const Texte& t = texte(utf8);
   prepareMode();
-  if (!FontTransparent()) m_painter.fillRect(QRectF(x, y, largeur, hauteur), couleurQt(BackColor()));
+  if (!FontTransparent())
+    m_painter.fillRect(QRectF(x, y, largeur, hauteur), couleurQt(BackColor()));
   m_painter.setFont(police().font);
   m_painter.setPen(couleurQt(ForeColor()));
   m_painter.drawStaticText(QPointF(x, y), t.statique);
@@ -217,7 +224,8 @@ void PainterSurface::Rectangle(int l, int t, int r, int b) {
   if (b < t) std::swap(t, b);
   if (r - l < 1 || b - t < 1) return;
   prepareMode();
-  if (fillStyle() == FillStyle::Solid) m_painter.fillRect(QRect(l, t, r - l, b - t), couleurQt(FillColor()));
+  if (fillStyle() == FillStyle::Solid)
+    m_painter.fillRect(QRect(l, t, r - l, b - t), couleurQt(FillColor()));
   preparePen();
   m_painter.drawRect(QRect(l, t, r - l - 1, b - t - 1));
 }
@@ -234,7 +242,8 @@ void PainterSurface::Arc(int l, int t, int r, int b, int xs, int ys, int xe, int
   const double début = std::atan2(-(ys - cy) / ry, (xs - cx) / rx) * kDegrés;
   const double fin = std::atan2(-(ye - cy) / ry, (xe - cx) / rx) * kDegrés;
   double étendue = fin - début;
-  while (étendue <= 0) étendue += 360;
+  while (étendue <= 0)
+    étendue += 360;
   preparePen();
   m_painter.drawArc(rect, static_cast<int>(std::lround(début * 16)),
                     static_cast<int>(std::lround(étendue * 16)));
@@ -245,7 +254,9 @@ void PainterSurface::BitBlt(int x, int y, int w, int h, const BlitSource& source
   const auto* q = dynamic_cast<const QImageSource*>(&source);
   if (q == nullptr || w <= 0 || h <= 0) return;
   switch (rop) {
-    case RasterOp::SrcCopy: m_painter.setCompositionMode(QPainter::CompositionMode_Source); break;
+    case RasterOp::SrcCopy:
+      m_painter.setCompositionMode(QPainter::CompositionMode_Source);
+      break;
     case RasterOp::SrcAnd:
       m_painter.setCompositionMode(QPainter::RasterOp_SourceAndDestination);
       break;

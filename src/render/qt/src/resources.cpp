@@ -6,7 +6,9 @@
 #include "render/staff_source.h"
 
 // Resources of a static library must be registered by name, outside any namespace.
-static void initialiseRessources() { Q_INIT_RESOURCE(render_qt); }
+static void initialiseRessources() {
+  Q_INIT_RESOURCE(render_qt);
+}
 
 namespace vt {
 

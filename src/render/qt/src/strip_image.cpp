@@ -82,8 +82,8 @@ ApplicationHorsÉcran::ApplicationHorsÉcran() {
       const QString dossier = QDir::tempPath() + QStringLiteral("/runtime-") +
                               QString::number(static_cast<qulonglong>(::getuid()));
       if (QDir().mkpath(dossier)) {
-        QFile::setPermissions(dossier, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                           QFileDevice::ExeOwner);
+        QFile::setPermissions(
+            dossier, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
         qputenv("XDG_RUNTIME_DIR", dossier.toLocal8Bit());
       }
     }

@@ -25,6 +25,11 @@ struct OptionsSynthé {
   // FluidSynth's audio drivers, tried in order; those this FluidSynth was built
   // without are skipped. Empty: no audio at all (rendered by hand).
   std::vector<std::string> pilotesAudio = {"pulseaudio", "pipewire", "alsa"};
+  // The program every melodic channel starts on (the drums' channel on its
+  // kit). Only the samples of the programs in use are read: starting on the
+  // instrument the user plays spares reading the piano's. -1: the SoundFont's
+  // own first program on every channel.
+  int programme = -1;
 };
 
 class SynthéIntégré : public MidiOut {
