@@ -300,7 +300,6 @@ TEST_F(Import, AMidiTuningRestoredFromTheFileTakesItsInstrumentFromTheCatalogue)
             "Guitare");  // the current instrument, unchanged
 }
 
-
 // A title in Windows-1252, then one block of six strings.
 const std::string kTexte =
     "Titre: Caf\xE9\n"

@@ -121,7 +121,6 @@ class Jeu : public Editeur {
   QMessageBox::StandardButton réponse = QMessageBox::No;
 };
 
-
 TEST_F(Jeu, SpaceStartsFromTheCursorWithTheChecksOfThePlayMenu) {
   ouvreEssai(3);
   doc().tempo = 100;
@@ -265,7 +264,6 @@ TEST_F(Jeu, ThePlayEntriesAndSpaceDoWhatTheirButtonsDoInEveryState) {
   EXPECT_TRUE(questions.empty());
 }
 
-
 TEST_F(Jeu, TheCursorFollowsThePlayerAndIsRedrawnOnlyWhenItChangesColumn) {
   ouvreEssai(2);
   touche(Qt::Key_Space);
@@ -361,7 +359,6 @@ TEST_F(Jeu, TheTrackUnderTheCursorIsToldToThePlayerWhenItChanges) {
   touche(Qt::Key_Space);
 }
 
-
 TEST_F(Jeu, TheStopPutsTheCursorOnTheGridAndInsideThePiece) {
   ouvreEssai(3);
   // Nothing plays: the stop is harmless, and the player is not called.
@@ -422,7 +419,6 @@ TEST_F(Jeu, WhilePlayingOnlyTheFretsOfInsertModeAreTaken) {
   touche(Qt::Key_Space);
   EXPECT_FALSE(ftab->isPlaying());
 }
-
 
 TEST_F(Jeu, TheFretboardShowsWhatSoundsOpenStringsExceptedAndKeepsAStringTheLibraryLeaves) {
   ouvreEssai();
@@ -486,7 +482,6 @@ TEST_F(Jeu, TheFretboardShowsWhatSoundsOpenStringsExceptedAndKeepsAStringTheLibr
   EXPECT_EQ(vt->manche().image(), vide);
   touche(Qt::Key_Space);
 }
-
 
 TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorAndTiedAcrossBarLines) {
   ouvreEssai(4);
@@ -616,7 +611,6 @@ TEST_F(Jeu, AMidiNoteReachesTheOpenHarmonizerAndSoundsUnlessItIsRecorded) {
   }
   EXPECT_EQ(fret(1, 2, 0), 3) << "the note recorded was written";
 }
-
 
 class JeuEntendu : public Jeu {
  protected:

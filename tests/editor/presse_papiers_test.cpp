@@ -53,7 +53,6 @@ std::array<int, 4> rapport(const Changement& ch) {
   return {ch.modifié, ch.longueurChangée, ch.premièreMesure, ch.dernièreMesure};
 }
 
-
 TEST(Selection, IsPutInOrderByTimeAndByStringApart) {
   CVantoroTablature doc = document(1, 3);
   const auto sélection = [&doc] {
@@ -82,7 +81,6 @@ TEST(NoteClipboard, WithoutASelectionNothingIsCopiedCutOrPasted) {
   EXPECT_FALSE(pp.coller(doc).modifié);  // paste with nothing copied: no undo step either
   EXPECT_TRUE(doc == avant);
 }
-
 
 // Track 1: a selection from bar 1 tick 144 to bar 2 tick 48 on strings 2 and 3,
 // with notes just outside it on every side.
@@ -222,7 +220,6 @@ TEST(NoteClipboard, CutLeavesRestsWhereTheNotesWere) {
   EXPECT_TRUE(doc.pistes() == avant.pistes());
 }
 
-
 // Track 1 of three tracks (the third with four strings), bars 2 and 3 with
 // notes, a chord and texts; bar 2 is in 3/4.
 CVantoroTablature pièceDeMesures() {
@@ -355,7 +352,6 @@ TEST(BarClipboard, CutCopiesThenRemovesWithOneUndoStep) {
   pp.coller(doc);
   mêmesMesures(doc, 1, 1, 5, avant, 1);
 }
-
 
 TEST(BarCommands, InsertOnTheCurrentTrackOrOnEveryTrack) {
   CVantoroTablature doc = pièceDeMesures();
