@@ -60,16 +60,5 @@ TEST(Drums, AChosenNameGivesItsNoteAndThePlainButtonRepeatsIt) {
   EXPECT_EQ(enfant<QToolButton>(&drums, "btnRC")->text(), "Ride cymbal");
 }
 
-TEST(Drums, TheNamesFollowTheLanguage) {
-  fTabDrums drums(kFrancais);
-  auto* sd = enfant<QToolButton>(&drums, "btnSD");
-  EXPECT_EQ(sd->text(), "Caisse claire");
-  EXPECT_EQ(enfant<QAction>(sd->menu(), "drum40")->text(),
-            QString::fromUtf8("Caisse claire électrique"));
-  drums.load_lang(kAnglais);
-  EXPECT_EQ(sd->text(), "Snare drum");
-  EXPECT_EQ(enfant<QAction>(sd->menu(), "drum40")->text(), "Electric Snare");
-}
-
 }  // namespace
 }  // namespace vt::essai

@@ -10,6 +10,7 @@
 #include <QProgressBar>
 #include <QSpinBox>
 #include <QTemporaryDir>
+#include <memory>
 
 #include "../formats/midi_test_files.h"
 #include "dialogs/fmid2vtb.h"
@@ -23,25 +24,7 @@ namespace {
 using test::Octets;
 using test::PisteMidi;
 using test::smf;
-
-// Files of one test, removed with it.
-class Fichiers {
- public:
-  QString écrire(const char* nom, const std::string& octets) {
-    const QString chemin = m_dossier.filePath(QString::fromLatin1(nom));
-    QFile f(chemin);
-    if (!f.open(QIODevice::WriteOnly)) throw std::runtime_error("cannot write a test file");
-    f.write(octets.data(), static_cast<qint64>(octets.size()));
-    return chemin;
-  }
-  QString écrire(const char* nom, const Octets& o) {
-    return écrire(nom, std::string(o.begin(), o.end()));
-  }
-  QString absent() const { return m_dossier.filePath(QStringLiteral("absent.mid")); }
-
- private:
-  QTemporaryDir m_dossier;
-};
+using Notes = std::vector<Note>;
 
 std::string octets(std::initializer_list<int> l) {
   std::string s;
@@ -50,8 +33,7 @@ std::string octets(std::initializer_list<int> l) {
   return s;
 }
 
-// A conductor (title, 100 bpm), a guitar, a bass on channel 2 and a track of
-// no notes.
+// A conductor (title, 100 bpm), a guitar, a bass on channel 2 and a track of no notes.
 Octets morceau() {
   return smf(
       1, 120,
@@ -65,15 +47,6 @@ Octets morceau() {
            .fin(240),
        PisteMidi().meta(0, 0x03, "Basse").on(0, 40, 90, 1).off(240, 40, 1).fin(240),
        PisteMidi().meta(0, 0x03, "Vide").fin(0)});
-}
-
-// What was there before the import, to see that it is still there.
-CVantoroTablature ancien() {
-  CVantoroTablature doc = document(3, 5);
-  doc.titre = "Ancien";
-  doc.setNoteWhole(2, 4, 3, 96, 7, 24);
-  doc.storeUndo(true);
-  return doc;
 }
 
 QComboBox* liste(const QDialog& d, int k) {
@@ -94,33 +67,70 @@ void choisir(const QDialog& d, int k, int source) {
   l->setCurrentIndex(i);
 }
 
+QString texte(const QDialog& d, const char* label) {
+  return enfant<QLabel>(&d, label)->text();
+}
+
 const CatalogueGuitares kSansCatalogue;
 
-TEST(ImportMidi, TheTracksAreListedTheOnesWithNotesChosenAndConvertedOnOk) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  Fmid2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("song.mid", morceau()), doc);
-  ASSERT_TRUE(d.lu());
-  EXPECT_EQ(d.findChild<QLabel*>(QStringLiteral("lblAvis")), nullptr);  // format 1
+// The files of one test, removed with it, and the document they would replace
+// with what was there before the import, to see that it is still there.
+class Import : public ::testing::Test {
+ protected:
+  Import() {
+    doc.titre = "Ancien";
+    doc.setNoteWhole(2, 4, 3, 96, 7, 24);
+    doc.storeUndo(true);
+    avant = doc;
+  }
+  QString écrire(const char* nom, const std::string& octets) {
+    const QString chemin = m_dossier.filePath(QString::fromLatin1(nom));
+    QFile f(chemin);
+    if (!f.open(QIODevice::WriteOnly)) throw std::runtime_error("cannot write a test file");
+    f.write(octets.data(), static_cast<qint64>(octets.size()));
+    return chemin;
+  }
+  QString écrire(const char* nom, const Octets& o) {
+    return écrire(nom, std::string(o.begin(), o.end()));
+  }
+  QString absent() const { return m_dossier.filePath(QStringLiteral("absent.mid")); }
+  std::unique_ptr<Fmid2vtb> midi(const QString& chemin, const Textes& t = kAnglais,
+                                 const CatalogueGuitares& c = kSansCatalogue) {
+    return std::make_unique<Fmid2vtb>(t, c, guitareSixCordes(), chemin, doc);
+  }
+  std::unique_ptr<Ftab2vtb> ascii(const QString& chemin, const Textes& t = kAnglais) {
+    return std::make_unique<Ftab2vtb>(t, kSansCatalogue, guitareSixCordes(), chemin, doc);
+  }
+
+  QTemporaryDir m_dossier;
+  CVantoroTablature doc = document(3, 5);
+  CVantoroTablature avant;
+};
+
+TEST_F(Import, MidiTracksAreListedTheOnesWithNotesChosenAndConvertedOnOk) {
+  auto d = midi(écrire("song.mid", morceau()));
+  ASSERT_TRUE(d->lu());
+  EXPECT_EQ(d->findChild<QLabel*>(QStringLiteral("lblAvis")),
+            nullptr);  // format 1
   for (int k = 1; k <= Fmid2vtb::kCibles; ++k)
-    EXPECT_EQ(entrées(liste(d, k)),
+    EXPECT_EQ(entrées(liste(*d, k)),
               (QStringList{"(none)", "Conducteur: 0", "Guitare: 1", "Basse: 2", "Vide: 3"}));
-  EXPECT_EQ(liste(d, 1)->currentText(), "Guitare: 1");
-  EXPECT_EQ(liste(d, 2)->currentText(), "Basse: 2");
-  EXPECT_EQ(liste(d, 3)->currentText(), "(none)");
-  EXPECT_EQ(d.choix(), (std::vector<int>{1, 2}));
-  EXPECT_EQ(enfant<QCommandLinkButton>(&d, "btnOk")->description(),
+  EXPECT_EQ(liste(*d, 1)->currentText(), "Guitare: 1");
+  EXPECT_EQ(liste(*d, 2)->currentText(), "Basse: 2");
+  EXPECT_EQ(liste(*d, 3)->currentText(), "(none)");
+  EXPECT_EQ(d->choix(), (std::vector<int>{1, 2}));
+  EXPECT_EQ(enfant<QCommandLinkButton>(d.get(), "btnOk")->description(),
             "You want to convert the track Guitare: 1, Basse: 2 of the file song.mid. Click "
             "here to make the conversion.");
-  EXPECT_TRUE(enfant<QCheckBox>(&d, "chkTempos")->isChecked());
+  EXPECT_TRUE(enfant<QCheckBox>(d.get(), "chkTempos")->isChecked());
 
-  ok(d);
-  ASSERT_TRUE(d.remplace());
+  ok(*d);
+  ASSERT_TRUE(d->remplace());
   EXPECT_EQ(doc.getPisteLast(), 2);
   EXPECT_EQ(doc.getPisteNom(1), "Guitare");
   EXPECT_EQ(doc.getPisteNom(2), "Basse");
-  EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<Note>{{0, 0, 48}, {48, 3, 48}}));
-  EXPECT_EQ(corde(doc, 2, 1, 6), (std::vector<Note>{{0, 0, 96}}));
+  EXPECT_EQ(corde(doc, 1, 1, 1), (Notes{{0, 0, 48}, {48, 3, 48}}));
+  EXPECT_EQ(corde(doc, 2, 1, 6), (Notes{{0, 0, 96}}));
   EXPECT_EQ(doc.getNoteVolume(2, 1, 6, 1), 90);
   EXPECT_EQ(doc.tempo, 100);
   EXPECT_EQ(doc.titre, "Conducteur");
@@ -128,27 +138,24 @@ TEST(ImportMidi, TheTracksAreListedTheOnesWithNotesChosenAndConvertedOnOk) {
   EXPECT_EQ(doc.getUndoDepth(), 0);  // the old document's steps went with it
   EXPECT_EQ(doc.modifi, kVrai);      // a piece without a file of its own
   // The last step is still shown, the bar full.
-  EXPECT_EQ(enfant<QLabel>(&d, "txtKeskispasse")->text(), "Arranging the notes...");
-  auto* barre = enfant<QProgressBar>(&d, "ProgressBar");
+  EXPECT_EQ(texte(*d, "txtKeskispasse"), "Arranging the notes...");
+  auto* barre = enfant<QProgressBar>(d.get(), "ProgressBar");
   EXPECT_EQ(barre->value(), barre->maximum());
 }
 
-TEST(ImportMidi, TranspositionAndTheTempoOptionReachTheConversion) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  Fmid2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("a.mid", morceau()), doc);
-  choisir(d, 2, -1);
-  enfant<QSpinBox>(&d, "udTranspose")->setValue(12);
-  enfant<QCheckBox>(&d, "chkTempos")->setChecked(false);
-  ok(d);
-  ASSERT_TRUE(d.remplace());
+TEST_F(Import, MidiTranspositionAndTheTempoOptionReachTheConversion) {
+  auto d = midi(écrire("a.mid", morceau()));
+  choisir(*d, 2, -1);
+  enfant<QSpinBox>(d.get(), "udTranspose")->setValue(12);
+  enfant<QCheckBox>(d.get(), "chkTempos")->setChecked(false);
+  ok(*d);
+  ASSERT_TRUE(d->remplace());
   EXPECT_EQ(doc.getPisteLast(), 1);
-  EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<Note>{{0, 12, 48}, {48, 15, 48}}));
+  EXPECT_EQ(corde(doc, 1, 1, 1), (Notes{{0, 12, 48}, {48, 15, 48}}));
   EXPECT_EQ(doc.tempo, 120);
 }
 
-TEST(ImportMidi, AFormat0FileOffersItsChannelsWithANotice) {
-  Fichiers f;
+TEST_F(Import, AMidiFormat0FileOffersItsChannelsWithANotice) {
   const Octets o = smf(0, 120,
                        {PisteMidi()
                             .meta(0, 0x03, "Tout")
@@ -157,103 +164,115 @@ TEST(ImportMidi, AFormat0FileOffersItsChannelsWithANotice) {
                             .off(120, 64, 0)
                             .off(120, 45, 2)
                             .fin(120)});
-  CVantoroTablature doc = ancien();
-  Fmid2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("zero.mid", o), doc);
-  ASSERT_TRUE(d.lu());
-  auto* avis = enfant<QLabel>(&d, "lblAvis");
-  EXPECT_EQ(avis->text().toStdString(), loadString(2512, kLangAnglais));
+  auto d = midi(écrire("zero.mid", o));
+  ASSERT_TRUE(d->lu());
+  EXPECT_EQ(texte(*d, "lblAvis").toStdString(), loadString(2512, kLangAnglais));
   QStringList canaux{"(none)"};
   for (int c = 1; c <= 16; ++c)
     canaux << QStringLiteral("Channel %1").arg(c);
-  EXPECT_EQ(entrées(liste(d, 1)), canaux);
-  EXPECT_EQ(d.choix(), (std::vector<int>{1, 3}));  // the channels that play
-  ok(d);
-  ASSERT_TRUE(d.remplace());
+  EXPECT_EQ(entrées(liste(*d, 1)), canaux);
+  EXPECT_EQ(d->choix(), (std::vector<int>{1, 3}));  // the channels that play
+  ok(*d);
+  ASSERT_TRUE(d->remplace());
   ASSERT_EQ(doc.getPisteLast(), 2);
-  EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<Note>{{0, 0, 48}}));
-  EXPECT_EQ(corde(doc, 2, 1, 5), (std::vector<Note>{{0, 0, 48}}));
+  EXPECT_EQ(corde(doc, 1, 1, 1), (Notes{{0, 0, 48}}));
+  EXPECT_EQ(corde(doc, 2, 1, 5), (Notes{{0, 0, 48}}));
 }
 
-TEST(ImportMidi, ATrackWithoutNotesOrNoChoiceIsRefusedInTheDialog) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  const CVantoroTablature avant = doc;
-  Fmid2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("a.mid", morceau()), doc);
-  d.show();
-  choisir(d, 2, 3);
-  ok(d);
-  EXPECT_TRUE(d.isVisible());
-  EXPECT_FALSE(d.remplace());
-  auto* erreur = enfant<QLabel>(&d, "lblErreur");
-  EXPECT_EQ(erreur->text(), "This track contains no note!\nVide: 3");
+TEST_F(Import, AMidiTrackWithoutNotesOrNoChoiceIsRefusedInTheDialog) {
+  auto d = midi(écrire("a.mid", morceau()));
+  d->show();
+  choisir(*d, 2, 3);
+  ok(*d);
+  EXPECT_TRUE(d->isVisible());
+  EXPECT_FALSE(d->remplace());
+  EXPECT_EQ(texte(*d, "lblErreur"), "This track contains no note!\nVide: 3");
   EXPECT_TRUE(doc == avant);
 
   for (int k = 1; k <= Fmid2vtb::kCibles; ++k)
-    choisir(d, k, -1);
-  EXPECT_EQ(enfant<QCommandLinkButton>(&d, "btnOk")->description(), "Select a track to convert!");
-  ok(d);
-  EXPECT_TRUE(d.isVisible());
-  EXPECT_EQ(erreur->text(), "Select a track to convert!");
+    choisir(*d, k, -1);
+  EXPECT_EQ(enfant<QCommandLinkButton>(d.get(), "btnOk")->description(),
+            "Select a track to convert!");
+  ok(*d);
+  EXPECT_TRUE(d->isVisible());
+  EXPECT_EQ(texte(*d, "lblErreur"), "Select a track to convert!");
   EXPECT_TRUE(doc == avant);
 
   // Put right, the same dialog converts.
-  choisir(d, 4, 1);
-  ok(d);
-  EXPECT_TRUE(d.remplace());
-  EXPECT_FALSE(d.isVisible());
+  choisir(*d, 4, 1);
+  ok(*d);
+  EXPECT_TRUE(d->remplace());
+  EXPECT_FALSE(d->isVisible());
   EXPECT_EQ(doc.getPisteLast(), 1);
 }
 
-TEST(ImportMidi, AnUnknownCommandStopsTheConversionWithItsByte) {
-  Fichiers f;
+TEST_F(Import, AnUnknownMidiCommandStopsTheConversionWithItsByte) {
   const Octets o = smf(1, 120, {PisteMidi().on(0, 64).off(60, 64).evt(70, {0xF4}).fin(80)});
-  CVantoroTablature doc = ancien();
-  const CVantoroTablature avant = doc;
-  Fmid2vtb d(kFrancais, kSansCatalogue, guitareSixCordes(), f.écrire("f4.mid", o), doc);
-  ASSERT_TRUE(d.lu());
-  EXPECT_EQ(d.choix(), (std::vector<int>{0}));
-  ok(d);
-  EXPECT_FALSE(d.remplace());
-  EXPECT_EQ(enfant<QLabel>(&d, "lblErreur")->text(), "Commande inconnue : F4");
-  EXPECT_TRUE(enfant<QLabel>(&d, "txtKeskispasse")->text().isEmpty());
+  auto d = midi(écrire("f4.mid", o), kFrancais);
+  ASSERT_TRUE(d->lu());
+  EXPECT_EQ(d->choix(), (std::vector<int>{0}));
+  ok(*d);
+  EXPECT_FALSE(d->remplace());
+  EXPECT_EQ(texte(*d, "lblErreur"), "Commande inconnue : F4");
+  EXPECT_TRUE(texte(*d, "txtKeskispasse").isEmpty());
   EXPECT_TRUE(doc == avant);
 }
 
-TEST(ImportMidi, AFileThatCannotBeReadIsNotShown) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  const CVantoroTablature avant = doc;
+TEST_F(Import, AFileThatCannotBeReadIsNotShown) {
   const struct {
+    bool midi;
     QString chemin;
+    const Textes& langue;
     const char* message;
   } cas[] = {
-      {f.écrire("texte.mid", std::string("MTrk and nothing else")), "This MIDI file is not valid!"},
-      {f.écrire("vide.mid", smf(1, 120, {})), "No track!"},
-      {f.absent(), "This file is missing."},
+      {true, écrire("texte.mid", std::string("MTrk and nothing else")), kAnglais,
+       "This MIDI file is not valid!"},
+      {true, écrire("vide.mid", smf(1, 120, {})), kAnglais, "No track!"},
+      {true, absent(), kAnglais, "This file is missing."},
+      {false, absent(), kFrancais, "Ce fichier est introuvable."},
+      {false, écrire("vide.txt", std::string()), kAnglais, "This file holds no tablature."},
+      {false, écrire("blanc.txt", std::string("\r\n  \r\n")), kAnglais,
+       "This file holds no tablature."},
   };
   for (const auto& c : cas) {
-    Fmid2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), c.chemin, doc);
-    EXPECT_FALSE(d.lu()) << c.message;
-    EXPECT_TRUE(d.refus().startsWith(QString::fromLatin1(c.message))) << d.refus().toStdString();
-    d.accept();  // nothing to convert
-    EXPECT_FALSE(d.remplace());
+    SCOPED_TRACE(c.message);
+    if (c.midi) {
+      auto m = midi(c.chemin, c.langue);
+      EXPECT_FALSE(m->lu());
+      EXPECT_TRUE(m->refus().startsWith(QString::fromUtf8(c.message))) << m->refus().toStdString();
+      m->accept();  // nothing to convert
+      EXPECT_FALSE(m->remplace());
+    } else {
+      auto a = ascii(c.chemin, c.langue);
+      EXPECT_FALSE(a->lu());
+      EXPECT_TRUE(a->refus().startsWith(QString::fromUtf8(c.message))) << a->refus().toStdString();
+    }
   }
   EXPECT_TRUE(doc == avant);
 }
 
-TEST(ImportMidi, CancelLeavesTheDocument) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  const CVantoroTablature avant = doc;
-  Fmid2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("a.mid", morceau()), doc);
+TEST_F(Import, CancelLeavesTheDocumentAndHelpOpensTheImportPage) {
+  QString page;
+  const auto aide = [&page](const QString& p) { page = p; };
+  Fmid2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), écrire("a.mid", morceau()), doc, aide);
+  enfant<QAbstractButton>(&d, "btnAide")->click();
+  EXPECT_EQ(page, "files.html#midiimport");
+  EXPECT_EQ(
+      midi(écrire("b.mid", morceau()))->findChild<QAbstractButton*>(QStringLiteral("btnAide")),
+      nullptr);
   choisir(d, 3, 0);
   enfant<QSpinBox>(&d, "udTranspose")->setValue(-5);
   annuler(d);
   EXPECT_FALSE(d.remplace());
+
+  auto a = ascii(écrire("tab.txt", "e|-0-|\n"));
+  enfant<QAction>(a.get(), "tbRythme_noire")->trigger();
+  annuler(*a);
+  EXPECT_FALSE(a->remplace());
   EXPECT_TRUE(doc == avant);
 }
 
-TEST(ImportMidi, ATuningRestoredFromTheFileTakesItsInstrumentFromTheCatalogue) {
+TEST_F(Import, AMidiTuningRestoredFromTheFileTakesItsInstrumentFromTheCatalogue) {
   const CatalogueGuitares catalogue = CatalogueGuitares::fromText(
       "[Accordeur]\nnbrGuitares=2\n"
       "[1]\nnom=Guitare\nnomEN=Guitar\nnbrCordes=6\nnbrCases=24\ncorde1=64\ncorde2=59\n"
@@ -267,35 +286,19 @@ TEST(ImportMidi, ATuningRestoredFromTheFileTakesItsInstrumentFromTheCatalogue) {
           {PisteMidi().meta(0, 0x10, octets({0, 0, 43, 38, 33, 28})).on(0, 45).off(60, 45).fin(60),
            PisteMidi().meta(0, 0x10, octets({1, 0, 60, 55, 50})).on(0, 62).off(60, 62).fin(60),
            PisteMidi().on(0, 64).off(60, 64).fin(60)});
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  Fmid2vtb d(kAnglais, catalogue, guitareSixCordes(), f.écrire("rmtf.mid", o), doc);
-  ok(d);
-  ASSERT_TRUE(d.remplace());
+  auto d = midi(écrire("rmtf.mid", o), kAnglais, catalogue);
+  ok(*d);
+  ASSERT_TRUE(d->remplace());
   ASSERT_EQ(doc.getPisteLast(), 3);
   EXPECT_EQ(doc.getGuitareNbrCordes(1), 4);
   EXPECT_EQ(doc.getGuitareNom(1), "Bass");
   EXPECT_EQ(doc.getGuitareNbrCases(1), 20);
-  EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<Note>{{0, 2, 24}}));
+  EXPECT_EQ(corde(doc, 1, 1, 1), (Notes{{0, 2, 24}}));
   EXPECT_EQ(doc.getGuitareNbrCordes(2), 3);
   EXPECT_EQ(doc.getGuitareNom(2), "");
-  EXPECT_EQ(doc.getGuitareNom(3), "Guitare");  // the current instrument, unchanged
+  EXPECT_EQ(doc.getGuitareNom(3),
+            "Guitare");  // the current instrument, unchanged
 }
-
-TEST(ImportMidi, HelpOpensTheImportPage) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  QString page;
-  Fmid2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("a.mid", morceau()), doc,
-             [&page](const QString& p) { page = p; });
-  enfant<QAbstractButton>(&d, "btnAide")->click();
-  EXPECT_EQ(page, "files.html#midiimport");
-  Fmid2vtb sansAide(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("b.mid", morceau()),
-                    doc);
-  EXPECT_EQ(sansAide.findChild<QAbstractButton*>(QStringLiteral("btnAide")), nullptr);
-}
-
-// ---- ASCII ------------------------------------------------------------------
 
 // A title in Windows-1252, then one block of six strings.
 const std::string kTexte =
@@ -308,61 +311,49 @@ const std::string kTexte =
     "A|---------|\n"
     "E|3--------|\n";
 
-TEST(ImportAscii, TheTextIsShownAndTheRhythmToolbarHasOneButtonDown) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  Ftab2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("tab.txt", kTexte), doc);
-  ASSERT_TRUE(d.lu());
-  const QString montré = enfant<QPlainTextEdit>(&d, "txtTab")->toPlainText();
-  EXPECT_TRUE(montré.startsWith(QString::fromUtf8("Titre: Caf\u00E9\n\ne|-----0---|")))
-      << montré.toStdString();
-  EXPECT_TRUE(enfant<QPlainTextEdit>(&d, "txtTab")->isReadOnly());
-
+TEST_F(Import, TheAsciiTextIsShownAndTheRhythmToolbarHasOneButtonDown) {
+  auto d = ascii(écrire("tab.txt", kTexte));
+  ASSERT_TRUE(d->lu());
+  auto* montré = enfant<QPlainTextEdit>(d.get(), "txtTab");
+  EXPECT_TRUE(
+      montré->toPlainText().startsWith(QString::fromUtf8("Titre: Caf\u00E9\n\ne|-----0---|")))
+      << montré->toPlainText().toStdString();
+  EXPECT_TRUE(montré->isReadOnly());
+  EXPECT_EQ(d->rythme(), 24);
+  EXPECT_EQ(enfant<QAction>(d.get(), "tbRythme_ronde")->toolTip(), "Whole note");
+  EXPECT_EQ(enfant<QAction>(d.get(), "tbRythme_quadruple")->toolTip(), "Sixty-fourth note");
+  // One down at a time, each with its length; the eighth at the start.
   const int ticks[] = {192, 96, 48, 24, 12, 6, 3};
-  for (int i = 1; i <= Ftab2vtb::kRythmes; ++i) {
-    ASSERT_NE(d.boutonRythme(i), nullptr);
-    EXPECT_EQ(d.boutonRythme(i)->isChecked(), i == Ftab2vtb::kRythmeInitial) << i;
-  }
-  EXPECT_EQ(d.rythme(), 24);
-  EXPECT_EQ(enfant<QAction>(&d, "tbRythme_ronde")->toolTip(), "Whole note");
-  EXPECT_EQ(enfant<QAction>(&d, "tbRythme_quadruple")->toolTip(), "Sixty-fourth note");
-  // One down at a time, each with its length.
-  for (int i = 1; i <= Ftab2vtb::kRythmes; ++i) {
-    d.boutonRythme(i)->trigger();
-    EXPECT_EQ(d.rythme(), ticks[i - 1]);
-    int enfoncés = 0;
+  for (int i = 0; i <= Ftab2vtb::kRythmes; ++i) {
+    if (i > 0) d->boutonRythme(i)->trigger();
+    const int enfoncé = i > 0 ? i : Ftab2vtb::kRythmeInitial;
+    EXPECT_EQ(d->rythme(), ticks[enfoncé - 1]);
     for (int j = 1; j <= Ftab2vtb::kRythmes; ++j)
-      enfoncés += d.boutonRythme(j)->isChecked();
-    EXPECT_EQ(enfoncés, 1);
+      EXPECT_EQ(d->boutonRythme(j)->isChecked(), j == enfoncé) << i << " " << j;
   }
 }
 
-TEST(ImportAscii, ConvertReplacesTheDocumentWithTheChosenColumnLength) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  Ftab2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("tab.txt", kTexte), doc);
-  enfant<QAction>(&d, "tbRythme_double")->trigger();
-  ok(d);
-  ASSERT_TRUE(d.remplace());
+TEST_F(Import, AsciiConvertReplacesTheDocumentWithTheChosenColumnLength) {
+  auto d = ascii(écrire("tab.txt", kTexte));
+  enfant<QAction>(d.get(), "tbRythme_double")->trigger();
+  ok(*d);
+  ASSERT_TRUE(d->remplace());
   EXPECT_EQ(doc.getPisteLast(), 1);
   EXPECT_EQ(doc.getMesureLast(), 2);  // the closing bar line took the next bar
   EXPECT_EQ(doc.titre, "");
-  EXPECT_EQ(corde(doc, 1, 1, 6), (std::vector<Note>{{0, 3, 12}}));
-  EXPECT_EQ(corde(doc, 1, 1, 3), (std::vector<Note>{{12, 2, 12}}));
-  EXPECT_EQ(corde(doc, 1, 1, 2), (std::vector<Note>{{36, 1, 12}}));
-  EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<Note>{{60, 0, 12}}));
+  EXPECT_EQ(corde(doc, 1, 1, 6), (Notes{{0, 3, 12}}));
+  EXPECT_EQ(corde(doc, 1, 1, 3), (Notes{{12, 2, 12}}));
+  EXPECT_EQ(corde(doc, 1, 1, 2), (Notes{{36, 1, 12}}));
+  EXPECT_EQ(corde(doc, 1, 1, 1), (Notes{{60, 0, 12}}));
   EXPECT_EQ(doc.getUndoDepth(), 0);
   EXPECT_EQ(doc.modifi, kVrai);
-  EXPECT_EQ(enfant<QLabel>(&d, "txtKeskispasse")->text(), "Converting...");
+  EXPECT_EQ(texte(*d, "txtKeskispasse"), "Converting...");
 }
 
-TEST(ImportAscii, ACorruptedTextIsRefusedAndHelpExplainsIt) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  const CVantoroTablature avant = doc;
+TEST_F(Import, ACorruptedAsciiTextIsRefusedAndHelpExplainsIt) {
   QString page;
   Ftab2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(),
-             f.écrire("mots.txt", std::string("No tablature here\r\njust words - and | bars\r\n")),
+             écrire("mots.txt", std::string("No tablature here\r\njust words - and | bars\r\n")),
              doc, [&page](const QString& p) { page = p; });
   d.show();
   enfant<QAbstractButton>(&d, "btnAide")->click();
@@ -370,56 +361,25 @@ TEST(ImportAscii, ACorruptedTextIsRefusedAndHelpExplainsIt) {
   ok(d);
   EXPECT_TRUE(d.isVisible());
   EXPECT_FALSE(d.remplace());
-  EXPECT_EQ(enfant<QLabel>(&d, "lblErreur")->text().toStdString(), loadString(1013, kLangAnglais));
+  EXPECT_EQ(texte(d, "lblErreur").toStdString(), loadString(1013, kLangAnglais));
   EXPECT_TRUE(doc == avant);
   enfant<QAbstractButton>(&d, "btnAide")->click();
   EXPECT_EQ(page, "files.html#corrupted");
 }
 
-TEST(ImportAscii, CancelOrAMissingFileLeavesTheDocument) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  const CVantoroTablature avant = doc;
-  {
-    Ftab2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("tab.txt", kTexte), doc);
-    enfant<QAction>(&d, "tbRythme_noire")->trigger();
-    annuler(d);
-    EXPECT_FALSE(d.remplace());
-  }
-  Ftab2vtb d(kFrancais, kSansCatalogue, guitareSixCordes(), f.absent(), doc);
-  EXPECT_FALSE(d.lu());
-  EXPECT_TRUE(d.refus().startsWith(QString::fromUtf8("Ce fichier est introuvable.")));
-  EXPECT_TRUE(doc == avant);
-}
-
-TEST(ImportAscii, AnEmptyFileIsSaidToHoldNoTablatureNotToBeCorrupted) {
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  for (const std::string& texte : {std::string(), std::string("\r\n  \r\n")}) {
-    Ftab2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), f.écrire("vide.txt", texte), doc);
-    EXPECT_FALSE(d.lu());
-    EXPECT_EQ(d.refus(), "This file holds no tablature.");
-  }
-}
-
-TEST(ImportAscii, TheTrackIsSixStringedWhateverTheCurrentInstrument) {
-  tGuitare basse;
-  basse.nom = "Basse";
-  basse.nbrCordes = 4;
-  basse.corde = {0, 43, 38, 33, 28, 0, 0, 0};
+TEST_F(Import, TheAsciiTrackIsSixStringedWhateverTheCurrentInstrument) {
+  const tGuitare basse = test::basse4();
   const CatalogueGuitares catalogue = CatalogueGuitares::fromText(
       "[Accordeur]\nnbrGuitares=2\n[1]\nnom=Basse\nnbrCordes=4\ncorde1=43\ncorde2=38\n"
       "corde3=33\ncorde4=28\n[2]\nnom=Guitare, open G\nnomEN=Guitar, open G\nnbrCordes=6\n"
       "nbrCases=22\ncorde1=62\ncorde2=59\ncorde3=55\ncorde4=50\ncorde5=43\ncorde6=38\n");
-  Fichiers f;
-  CVantoroTablature doc = ancien();
-  Ftab2vtb d(kAnglais, catalogue, basse, f.écrire("tab.txt", kTexte), doc);
+  Ftab2vtb d(kAnglais, catalogue, basse, écrire("tab.txt", kTexte), doc);
   ok(d);
   ASSERT_TRUE(d.remplace());
   EXPECT_EQ(doc.getGuitareNbrCordes(1), 6);
   EXPECT_EQ(doc.getGuitareNom(1), "Guitar, open G");
   EXPECT_EQ(doc.getGuitareCorde(1, 1), 62);
-  EXPECT_EQ(corde(doc, 1, 1, 6), (std::vector<Note>{{0, 3, 24}}));
+  EXPECT_EQ(corde(doc, 1, 1, 6), (Notes{{0, 3, 24}}));
 
   // Without a six-string instrument in the catalogue: the standard tuning.
   EXPECT_EQ(guitareSixCordes(kSansCatalogue, basse, kLangAnglais).corde, tGuitare{}.corde);

@@ -1,6 +1,5 @@
 // The bar range dialog of the bar commands: its title by mode, where it starts,
-// how far it lets the range reach, the track choice, and what OK and Cancel
-// hand back.
+// how far it lets the range reach, the track choice, and what OK and Cancel hand back.
 #include <QApplication>
 #include <QGroupBox>
 #include <QRadioButton>
@@ -24,22 +23,6 @@ void quandOuvert(const std::function<void(FTabMesureEdit&)>& geste) {
       }
     ADD_FAILURE() << "the dialog was not shown";
   });
-}
-
-TEST(MesureEdit, TitleByModeInBothLanguages) {
-  const CVantoroTablature doc = document(1, 3);
-  const char* anglais[] = {"", "Insert measures", "Copy measures", "Cut measures",
-                           "Delete measures"};
-  for (int mode = 1; mode <= 4; ++mode) {
-    FTabMesureEdit d(kAnglais, doc, mode);
-    EXPECT_EQ(d.windowTitle(), anglais[mode]) << mode;
-    FTabMesureEdit f(kFrancais, doc, mode);
-    EXPECT_FALSE(f.windowTitle().isEmpty());
-    EXPECT_NE(f.windowTitle(), d.windowTitle()) << mode;
-  }
-  FTabMesureEdit f(kFrancais, doc, FTabMesureEdit::kSupprimer);
-  EXPECT_EQ(f.windowTitle(), "Supprimer des mesures");
-  EXPECT_EQ(enfant<QRadioButton>(&f, "optPiste_1")->text(), "Toutes les pistes");
 }
 
 TEST(MesureEdit, StartsAtTheCursorsBarAndStaysInsideTheDocument) {

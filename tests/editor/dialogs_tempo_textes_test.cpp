@@ -35,11 +35,25 @@ TEST(Tempo, ANewChangeStartsFromTheTempoThatPlaysThere) {
   EXPECT_EQ(doc.getUndoDepth(), 1);
 }
 
-TEST(Tempo, AChangeAtTheTickCanBeRemovedAndTheOthersStay) {
+TEST(Tempo, AChangeAtTheTickCanBeRemovedTheOthersStayAndCancelOrTheSameValueWriteNothing) {
   CVantoroTablature doc = document(1, 2);
   doc.setMesureTempo(2, 0, 80);
   doc.setMesureTempo(2, 48, 140);
   doc.setMesureTempo(2, 96, 160);
+  const CVantoroTablature avant = doc;
+  {
+    FTabTempo d(kAnglais, doc, 2, 0);
+    ok(d);
+    EXPECT_FALSE(d.modifie());
+  }
+  {
+    FTabTempo d(kAnglais, doc, 2, 0);
+    enfant<QSpinBox>(&d, "udTempo")->setValue(200);
+    enfant<QCheckBox>(&d, "chkSupprimer")->setChecked(true);
+    annuler(d);
+  }
+  EXPECT_TRUE(doc == avant);
+
   FTabTempo d(kAnglais, doc, 2, 48);
   EXPECT_EQ(enfant<QSpinBox>(&d, "udTempo")->value(), 140);
   auto* supprimer = enfant<QCheckBox>(&d, "chkSupprimer");
@@ -52,24 +66,6 @@ TEST(Tempo, AChangeAtTheTickCanBeRemovedAndTheOthersStay) {
   EXPECT_EQ(doc.searchMesureTempo(2, 48), 0);
   EXPECT_EQ(doc.getMesureTempoContenu(2, 1), 80);
   EXPECT_EQ(doc.getMesureTempoContenu(2, 2), 160);
-}
-
-TEST(Tempo, OkOnTheSameValueOrCancelLeavesTheDocument) {
-  CVantoroTablature doc = document(1, 2);
-  doc.setMesureTempo(1, 0, 80);
-  const CVantoroTablature avant = doc;
-  {
-    FTabTempo d(kAnglais, doc, 1, 0);
-    ok(d);
-    EXPECT_FALSE(d.modifie());
-  }
-  {
-    FTabTempo d(kAnglais, doc, 1, 0);
-    enfant<QSpinBox>(&d, "udTempo")->setValue(200);
-    enfant<QCheckBox>(&d, "chkSupprimer")->setChecked(true);
-    annuler(d);
-  }
-  EXPECT_TRUE(doc == avant);
 }
 
 TEST(Textes, LinesBecomeTheStoredNewLineAndAnEmptiedTextGoes) {

@@ -1,6 +1,5 @@
 // A bench for the editor: the main window booted offscreen as in the shell's
-// tests, with the real FTab registered, a strip of known size, and the live
-// notes written down.
+// tests, with the real FTab registered, a strip of known size, and the live notes written down.
 #pragma once
 
 #include <QApplication>
@@ -8,7 +7,11 @@
 #include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QTest>
+#include <array>
+#include <initializer_list>
+#include <utility>
 
+#include "../document/test_support.h"
 #include "../shell/banc.h"
 #include "editor/ftab.h"
 
@@ -42,8 +45,7 @@ class Editeur : public Banc {
     silencieux();
   }
 
-  // The main window with the editor open on a fresh document, its strip
-  // about 1100 x 520 pixels.
+  // The main window with the editor open on a fresh document, its strip about 1100 x 520 pixels.
   FTab& ouvre() {
     crée();
     vt->setSon(std::make_unique<SonEditeur>(sons));
@@ -88,6 +90,26 @@ class Editeur : public Banc {
   void tape(const QString& texte) {
     for (const QChar ch : texte)
       touche(Qt::Key_0 + (ch.unicode() - '0'));
+  }
+  // The piece grown to `n` bars, the strip drawn again.
+  void mesures(int n) {
+    while (doc().getMesureLast() < n)
+      doc().addMesure();
+    ftab->refreshPicture();
+  }
+  // Several keys, each with its modifiers.
+  void touches(std::initializer_list<std::pair<int, Qt::KeyboardModifiers>> l) {
+    for (const auto& [key, mods] : l)
+      touche(key, mods);
+  }
+  // The cursor's bar, tick and string.
+  using Place = std::array<int, 3>;
+  Place place() { return {doc().CurseurMesure(), doc().CurseurX(), doc().CurseurCorde()}; }
+  // The selection's start and stop: bar, tick, string each.
+  std::array<int, 6> sélection() {
+    const CVantoroTablature& d = doc();
+    return {d.intSelStartMesure, d.intSelStartX, d.bytSelStartCorde,
+            d.intSelStopMesure,  d.intSelStopX,  d.bytSelStopCorde};
   }
   void curseur(int mesure, int x, int corde) {
     doc().setCurseurMesure(static_cast<i16>(mesure));

@@ -12,12 +12,14 @@ namespace {
 class Dictionnaire : public Editeur {
  protected:
   FAccords& dictionnaire() {
+    EXPECT_FALSE(ftab->entrée("mnuTabTool_6")->isEnabled());
     vt->fenetres().enregistrer(fen::FAccords, [](VT& v) { return new FAccords(v); });
     touche(Qt::Key_Right);  // the menus follow the windows that exist
     EXPECT_TRUE(ftab->entrée("mnuTabTool_6")->isEnabled());
     ftab->entrée("mnuTabTool_6")->trigger();
     auto* fa = vt->fenetres().interface<FAccords>(fen::FAccords);
     EXPECT_NE(fa, nullptr);
+    EXPECT_TRUE(vt->isFormLoaded(fen::FAccords));
     return *fa;
   }
   std::vector<int> accord(int n) {
@@ -28,18 +30,12 @@ class Dictionnaire : public Editeur {
   }
 };
 
-TEST_F(Dictionnaire, TheEntryWaitsForTheDictionaryThenOpensIt) {
-  ouvre();
-  EXPECT_FALSE(ftab->entrée("mnuTabTool_6")->isEnabled());
-  EXPECT_FALSE(ftab->bouton("tbGeneral", "accordcreate")->isEnabled());
-  dictionnaire();
-  EXPECT_TRUE(vt->isFormLoaded(fen::FAccords));
-  EXPECT_TRUE(ftab->bouton("tbGeneral", "accordcreate")->isEnabled());
-}
-
+// The entry waits for the dictionary, then opens it.
 TEST_F(Dictionnaire, ToTabWritesTheFingeringAtTheCursorAndUndoTakesItBack) {
   ouvre();
+  EXPECT_FALSE(ftab->bouton("tbGeneral", "accordcreate")->isEnabled());
   FAccords& fa = dictionnaire();
+  EXPECT_TRUE(ftab->bouton("tbGeneral", "accordcreate")->isEnabled());
   curseur(1, 48, 1);
   fa.lstTonalite()->setCurrentRow(3);  // C, "maj" is chosen at the start
   fa.btnToTab_Click();

@@ -13,65 +13,33 @@ class Edition : public Editeur {
   bool actif(const char* nom) { return ftab->entrée(nom)->isEnabled(); }
 };
 
-TEST_F(Edition, PasteWaitsForACopyAndCopyForASelection) {
+// Ctrl+X, Ctrl+C and Ctrl+V work the note clipboards as the Edit menu does,
+// on the selection they find; the other Ctrl keys still end it. Paste waits
+// for a copy and copy for a selection.
+TEST_F(Edition, CtrlXCAndVCutCopyAndPasteTheSelection) {
   ouvre();
   pose(1, 1, 0, 3);
   pose(1, 2, 24, 5);
+  pose(1, 1, 48, 7);
   ftab->refreshPicture();
-  EXPECT_FALSE(actif("mnuTabEdit_5"));
+  EXPECT_TRUE(ftab->entrée("mnuTabEdit_4")->text().endsWith("\tCtrl+C"));
+  for (const char* nom : {"mnuTabEdit_3", "mnuTabEdit_4", "mnuTabEdit_5", "mnuTabEdit_9"})
+    EXPECT_FALSE(actif(nom)) << nom;
   EXPECT_FALSE(ftab->bouton("tbToolbar", "coller")->isEnabled());
-  EXPECT_FALSE(actif("mnuTabEdit_9"));
 
   // Two columns over two strings, dragged with the mouse.
   glisse(cellule(1, 0, 1), cellule(1, 1, 2));
   ASSERT_TRUE(actif("mnuTabEdit_4"));
   EXPECT_TRUE(ftab->bouton("tbToolbar", "copier")->isEnabled());
-  ftab->entrée("mnuTabEdit_4")->trigger();
-  EXPECT_TRUE(actif("mnuTabEdit_5"));
-  EXPECT_TRUE(ftab->bouton("tbToolbar", "coller")->isEnabled());
-  EXPECT_FALSE(doc().modifi) << "a copy changes nothing";
-
-  // Pasted at the second bar, which Right adds.
-  ftab->selClear();
-  curseur(1, 168, 1);
-  touche(Qt::Key_Right);
-  ASSERT_EQ(doc().CurseurMesure(), 2);
-  ftab->bouton("tbToolbar", "coller")->trigger();
-  EXPECT_EQ(fret(2, 1, 0), 3);
-  EXPECT_EQ(fret(2, 2, 24), 5);
-  EXPECT_TRUE(doc().modifi);
-  touche(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(fret(2, 1, 0), -1);
-}
-
-TEST_F(Edition, CutLeavesRestsWhereTheNotesWere) {
-  ouvre();
-  pose(1, 1, 0, 3);
-  pose(1, 1, 48, 7);
-  ftab->refreshPicture();
-  glisse(cellule(1, 0, 1), cellule(1, 0, 1));
-  ftab->mnuTabEdit(3);
-  EXPECT_EQ(fret(1, 1, 0), -1);
-  EXPECT_EQ(fret(1, 1, 48), 7) << "the later note keeps its place";
-  EXPECT_TRUE(actif("mnuTabEdit_5"));
-}
-
-// Ctrl+X, Ctrl+C and Ctrl+V work the note clipboards as the Edit menu does,
-// on the selection they find; the other Ctrl keys still end it.
-TEST_F(Edition, CtrlXCAndVCutCopyAndPasteTheSelection) {
-  ouvre();
-  pose(1, 1, 0, 3);
-  pose(1, 2, 24, 5);
-  ftab->refreshPicture();
-  EXPECT_TRUE(ftab->entrée("mnuTabEdit_4")->text().endsWith("\tCtrl+C"));
-  glisse(cellule(1, 0, 1), cellule(1, 1, 2));
   touche(Qt::Key_C, Qt::ControlModifier);
   EXPECT_TRUE(actif("mnuTabEdit_5")) << "copied";
-  EXPECT_FALSE(doc().modifi);
+  EXPECT_TRUE(ftab->bouton("tbToolbar", "coller")->isEnabled());
+  EXPECT_FALSE(doc().modifi) << "a copy changes nothing";
   EXPECT_NE(doc().intSelStartMesure, 0) << "the selection stays";
   touche(Qt::Key_X, Qt::ControlModifier);
   EXPECT_EQ(fret(1, 1, 0), -1);
   EXPECT_EQ(fret(1, 2, 24), -1);
+  EXPECT_EQ(fret(1, 1, 48), 7) << "the later note keeps its place";
   curseur(1, 96, 1);
   touche(Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(fret(1, 1, 96), 3);
@@ -80,10 +48,31 @@ TEST_F(Edition, CtrlXCAndVCutCopyAndPasteTheSelection) {
   EXPECT_EQ(fret(1, 1, 96), -1) << "Ctrl+Z undoes the paste";
   touche(Qt::Key_Y, Qt::ControlModifier);
   EXPECT_EQ(fret(1, 1, 96), 3) << "Ctrl+Y redoes it";
+
+  // The menu's cut and copy, and the button's paste at the second bar, which Right adds.
+  glisse(cellule(1, 2, 1), cellule(1, 2, 1));
+  ftab->mnuTabEdit(3);
+  EXPECT_EQ(fret(1, 1, 48), -1);
+  glisse(cellule(1, 4, 1), cellule(1, 5, 2));
+  ftab->entrée("mnuTabEdit_4")->trigger();
+  ftab->selClear();
+  curseur(1, 168, 1);
+  touche(Qt::Key_Right);
+  ASSERT_EQ(doc().CurseurMesure(), 2);
+  ftab->bouton("tbToolbar", "coller")->trigger();
+  EXPECT_EQ(fret(2, 1, 0), 3);
+  EXPECT_EQ(fret(2, 2, 24), 5);
+
   // Another Ctrl chord ends a selection before it acts.
   glisse(cellule(1, 0, 1), cellule(1, 1, 2));
   touche(Qt::Key_Down, Qt::ControlModifier);
   EXPECT_EQ(doc().intSelStartMesure, 0);
+  // An edit after an undo ends the redo.
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(actif("mnuTabEdit_1"));
+  tape("7");
+  EXPECT_FALSE(actif("mnuTabEdit_1"));
+  EXPECT_EQ(doc().getRedoDepth(), 0);
 }
 
 TEST_F(Edition, BarCommandsTakeTheirRangeFromTheDialog) {

@@ -11,23 +11,36 @@ namespace {
 
 using Entree = Editeur;
 
-TEST_F(Entree, TwoDigitsAtOnePlaceMakeOneFretOnlyAfterAOneOrATwo) {
+TEST_F(Entree, InOverwriteModeTwoDigitsMakeOneFretOnlyAfterAOneOrATwoOrOnADrumStaff) {
+  const struct {
+    bool batterie;
+    const char* touches;
+    int fret;  // typed in turn at the same place
+  } kCas[] = {
+      {false, "12", 12}, {false, "3", 3},  // 12 is not extended
+      {false, "4", 4},                     // nor is 3
+      {false, "29", 29}, {false, "23", 23},
+      {false, "0", 0},   {false, "5", 5},  // a 0 is not extended on a guitar staff
+      {true, "36", 36},  {true, "4", 4},
+      {true, "2", 42},  // on a drum staff every fret below ten
+  };
   ouvre();
-  tape("12");
-  EXPECT_EQ(fret(1, 1, 0), 12);
-  tape("3");  // 12 is not extended
-  EXPECT_EQ(fret(1, 1, 0), 3);
-  tape("4");  // nor is 3
-  EXPECT_EQ(fret(1, 1, 0), 4);
-  tape("29");
-  EXPECT_EQ(fret(1, 1, 0), 29);
-  tape("23");
-  EXPECT_EQ(fret(1, 1, 0), 23);
-  tape("0");
-  EXPECT_EQ(fret(1, 1, 0), 0);
-  tape("5");  // a 0 is not extended on a guitar staff
-  EXPECT_EQ(fret(1, 1, 0), 5);
-  EXPECT_EQ(doc().getNoteLast(1, 1, 1), 1);
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(c.touches);
+    if (c.batterie != (doc().getStaffType(1) == kStaffBatterie)) {
+      ftab->DebugInitialisation();
+      doc().setStaffType(1, c.batterie ? kStaffBatterie : kStaffGuitare);
+    }
+    tape(QString::fromLatin1(c.touches));
+    EXPECT_EQ(fret(1, 1, 0), c.fret);
+    EXPECT_EQ(doc().getNoteLast(1, 1, 1), 1);
+  }
+  // A held key does not type twice.
+  ftab->DebugInitialisation();
+  ftab->picTab_KeyDown(Qt::Key_1, Qt::NoModifier, false);
+  ftab->picTab_KeyDown(Qt::Key_1, Qt::NoModifier, true);
+  ftab->picTab_KeyUp(Qt::Key_1, Qt::NoModifier);
+  EXPECT_EQ(fret(1, 1, 0), 1);
 }
 
 TEST_F(Entree, InInsertModeASecondDigitExtendsTheNoteJustTypedSoFretsAboveNineCanBeTyped) {
@@ -89,11 +102,13 @@ TEST_F(Entree, KeysAreReadByTheirPlaceSoThatAFrenchKeyboardTypesFretsAndRhythms)
       {"- is 6, not the keypad's minus", Qt::Key_Minus, Qt::NoModifier, "-", 15, 0x2d, 6, 3},
       {"\xc3\xa0 is 0", Qt::Key_Agrave, Qt::NoModifier, "\xc3\xa0", 19, 0xe0, 0, 3},
       {"Shift+& is 1", Qt::Key_1, Qt::ShiftModifier, "1", 10, 0x31, 1, 3},
+      {"Shift+7 with no place is still 7", Qt::Key_7, Qt::ShiftModifier, "", 0, 0, 7, 3},
       {"keypad 7", Qt::Key_7, Qt::KeypadModifier, "7", 79, 0xffb7, 7, 3},
       {"Ctrl+& is the whole note", Qt::Key_Ampersand, Qt::ControlModifier, "", 10, 0x26, 5, 0},
       {"Ctrl+- is the thirty-second", Qt::Key_Minus, Qt::ControlModifier, "", 15, 0x2d, 5, 5},
       {"Ctrl+keypad 3 is the quarter", Qt::Key_3, Qt::ControlModifier | Qt::KeypadModifier, "", 89,
        0xffb3, 5, 2},
+      {"Ctrl+2 with no place is the half", Qt::Key_2, Qt::ControlModifier, "", 0, 0, 5, 1},
       {"the main row's - of a US keyboard is no command", Qt::Key_Minus, Qt::NoModifier, "-", 20,
        0x2d, 5, 3},
       {"the keypad's - lowers the fret", Qt::Key_Minus, Qt::KeypadModifier, "-", 82, 0xffad, 4, 3},
@@ -115,17 +130,6 @@ TEST_F(Entree, KeysAreReadByTheirPlaceSoThatAFrenchKeyboardTypesFretsAndRhythms)
   }
 }
 
-TEST_F(Entree, OnADrumStaffEveryFretBelowTenTakesASecondDigit) {
-  ouvre();
-  doc().setStaffType(1, kStaffBatterie);
-  tape("36");
-  EXPECT_EQ(fret(1, 1, 0), 36);
-  tape("4");
-  EXPECT_EQ(fret(1, 1, 0), 4);
-  tape("2");
-  EXPECT_EQ(fret(1, 1, 0), 42);
-}
-
 TEST_F(Entree, TheKeypadRaisesToTwentyNineAndLowersToZero) {
   ouvre();
   tape("28");
@@ -137,7 +141,6 @@ TEST_F(Entree, TheKeypadRaisesToTwentyNineAndLowersToZero) {
   EXPECT_EQ(doc().getUndoDepth(), profondeur) << "nothing changed, nothing to undo";
   tape("1");
   touche(Qt::Key_Minus, Qt::KeypadModifier);
-  EXPECT_EQ(fret(1, 1, 0), 0);
   touche(Qt::Key_Minus, Qt::KeypadModifier);
   EXPECT_EQ(fret(1, 1, 0), 0);
   // On an empty place the keys do nothing.
@@ -146,17 +149,24 @@ TEST_F(Entree, TheKeypadRaisesToTwentyNineAndLowersToZero) {
   EXPECT_EQ(fret(1, 1, 24), -1);
 }
 
-TEST_F(Entree, ANoteTakesTheChosenRhythmAttackAndNuance) {
+TEST_F(Entree, ARhythmChosenOnANoteKeepsItsValuesAndANoteTakesTheChosenRhythmAttackAndNuance) {
   ouvre();
+  curseur(1, 0, 4);
+  tape("5");
+  touche(Qt::Key_H);  // hammer-on
+  touche(Qt::Key_A, Qt::ShiftModifier);
+  touche(Qt::Key_2, Qt::ControlModifier);  // half
+  ASSERT_NE(note(1, 4, 0), nullptr);
+  EXPECT_EQ(*note(1, 4, 0),
+            (tNote{5, 96, 0, effet::kHammerOn, 0, attaque::kHarmoniqueArtificielle, 127}));
+
+  curseur(1, 0, 1);
   touche(Qt::Key_3, Qt::ControlModifier);  // quarter
   touche(Qt::Key_H, Qt::ShiftModifier);    // natural harmonic
   ftab->mnuTabToolVolume(3);               // mp
   tape("7");
-  const tNote* n = note(1, 1, 0);
-  ASSERT_NE(n, nullptr);
-  EXPECT_EQ(n->bytDurée, 48);
-  EXPECT_EQ(n->bytAttaque, attaque::kHarmoniqueNaturelle);
-  EXPECT_EQ(n->bytVolume, nuance::kMP);
+  ASSERT_NE(note(1, 1, 0), nullptr);
+  EXPECT_EQ(*note(1, 1, 0), (tNote{7, 48, 0, 0, 0, attaque::kHarmoniqueNaturelle, nuance::kMP}));
 
   curseur(1, 96, 2);
   touche(Qt::Key_Period, Qt::ControlModifier | Qt::KeypadModifier);  // dotted
@@ -167,24 +177,12 @@ TEST_F(Entree, ANoteTakesTheChosenRhythmAttackAndNuance) {
   curseur(1, 0, 3);
   tape("5");
   EXPECT_EQ(note(1, 3, 0)->bytDurée, 32);
-  touche(Qt::Key_X, Qt::ShiftModifier);  // the attack of the note under the cursor follows
+  touche(Qt::Key_X,
+         Qt::ShiftModifier);  // the attack of the note under the cursor follows
   EXPECT_EQ(note(1, 3, 0)->bytAttaque, attaque::kDeadNote);
 }
 
-TEST_F(Entree, ARhythmChosenOnANoteChangesItsLengthAndKeepsItsValues) {
-  ouvre();
-  tape("5");
-  touche(Qt::Key_H);  // hammer-on
-  touche(Qt::Key_A, Qt::ShiftModifier);
-  touche(Qt::Key_2, Qt::ControlModifier);  // half
-  const tNote* n = note(1, 1, 0);
-  EXPECT_EQ(n->bytDurée, 96);
-  EXPECT_EQ(n->bytEffet, effet::kHammerOn);
-  EXPECT_EQ(n->bytAttaque, attaque::kHarmoniqueArtificielle);
-  EXPECT_EQ(n->bytCase, 5);
-}
-
-TEST_F(Entree, OverwriteModeReplacesInPlaceAndKeepsTheCursor) {
+TEST_F(Entree, OverwriteReplacesInPlaceAndInsertOpensRoomAndMovesOn) {
   ouvre();
   pose(1, 1, 24, 9);
   tape("5");
@@ -192,15 +190,12 @@ TEST_F(Entree, OverwriteModeReplacesInPlaceAndKeepsTheCursor) {
   EXPECT_EQ(fret(1, 1, 24), 9);
   EXPECT_EQ(doc().CurseurX(), 0);
   EXPECT_EQ(vt->panneau("insert")->text(), "EDIT");
-}
 
-TEST_F(Entree, InsertModeOpensRoomAndMovesOn) {
-  ouvre();
+  ftab->DebugInitialisation();
   pose(1, 1, 0, 9);
   touche(Qt::Key_Insert, Qt::ControlModifier);
   ASSERT_TRUE(vt->booInsert());
   EXPECT_EQ(vt->panneau("insert")->text(), "INS");
-
   tape("5");  // an eighth, no longer than a column: the cursor moves one column
   EXPECT_EQ(fret(1, 1, 0), 5);
   EXPECT_EQ(fret(1, 1, 24), 9);
@@ -208,7 +203,6 @@ TEST_F(Entree, InsertModeOpensRoomAndMovesOn) {
   tape("1");  // a 5 takes no second digit: a new note
   EXPECT_EQ(fret(1, 1, 24), 1);
   EXPECT_EQ(fret(1, 1, 48), 9);
-
   touche(Qt::Key_3, Qt::ControlModifier);  // a quarter moves on by its length
   tape("7");
   EXPECT_EQ(doc().CurseurX(), 96);
@@ -219,32 +213,28 @@ TEST_F(Entree, InsertModeOpensRoomAndMovesOn) {
   curseur(1, 144, 2);
   tape("2");
   EXPECT_EQ(doc().getMesureLast(), 2);
-  EXPECT_EQ(doc().CurseurMesure(), 2);
-  EXPECT_EQ(doc().CurseurX(), 0);
+  EXPECT_EQ(place(), (Place{2, 0, 2}));
   EXPECT_EQ(ftab->hScroll()->maximum(), 2);
   touche(Qt::Key_Insert, Qt::ControlModifier);
   EXPECT_FALSE(vt->booInsert());
   EXPECT_EQ(vt->panneau("insert")->text(), "EDIT");
 }
 
-TEST_F(Entree, AnEffectOnAnEmptyPlaceStandsOnABlankNote) {
+TEST_F(Entree, EveryEffectKeyAndItsMenuEntrySetTheirCodeEvenOnAnEmptyPlace) {
   ouvre();
+  // On an empty place the effect stands on a blank note of the chosen length.
   touche(Qt::Key_4, Qt::ControlModifier);
   touche(Qt::Key_H);
-  const tNote* n = note(1, 1, 0);
-  ASSERT_NE(n, nullptr);
-  EXPECT_EQ(n->bytCase, kCaseVide);
-  EXPECT_EQ(n->bytEffet, effet::kHammerOn);
-  EXPECT_EQ(n->bytDurée, 24);
+  ASSERT_NE(note(1, 1, 0), nullptr);
+  EXPECT_EQ(note(1, 1, 0)->bytCase, kCaseVide);
+  EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kHammerOn);
+  EXPECT_EQ(note(1, 1, 0)->bytDurée, 24);
   // The same key again changes nothing: it sets, it does not toggle.
   const int profondeur = doc().getUndoDepth();
   touche(Qt::Key_H);
   EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kHammerOn);
   EXPECT_EQ(doc().getUndoDepth(), profondeur);
-}
 
-TEST_F(Entree, EveryEffectKeyAndItsMenuEntrySetTheSameCode) {
-  ouvre();
   const std::vector<std::pair<int, byt>> touches = {
       {Qt::Key_L, 27}, {Qt::Key_K, 24}, {Qt::Key_T, 25}, {Qt::Key_U, 1},
       {Qt::Key_D, 2},  {Qt::Key_H, 3},  {Qt::Key_P, 4},  {Qt::Key_B, 20},
@@ -269,10 +259,9 @@ TEST_F(Entree, PageUpAndDownMoveANoteToTheNextStringAtTheSamePitch) {
   touche(Qt::Key_L);
   touche(Qt::Key_PageUp);
   EXPECT_EQ(fret(1, 2, 0), -1);
-  EXPECT_EQ(fret(1, 1, 0), 0);  // 59 + 5 = 64, the open E
-  EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kLiaison);
-  EXPECT_EQ(note(1, 1, 0)->bytVolume, 127);
-  EXPECT_EQ(doc().CurseurCorde(), 1) << "the cursor goes with the note";
+  // 59 + 5 = 64, the open E; the note keeps its values and the cursor goes with it.
+  EXPECT_EQ(*note(1, 1, 0), (tNote{0, 24, 0, effet::kLiaison, 0, 0, 127}));
+  EXPECT_EQ(doc().CurseurCorde(), 1);
   touche(Qt::Key_PageUp);  // no string above the first
   EXPECT_EQ(fret(1, 1, 0), 0);
   touche(Qt::Key_PageDown);
@@ -293,21 +282,20 @@ TEST_F(Entree, PageUpAndDownMoveANoteToTheNextStringAtTheSamePitch) {
   EXPECT_EQ(fret(1, 4, 0), 7);  // 55 + 2 = 50 + 7
 }
 
-TEST_F(Entree, BackspaceClosesTheColumnBeforeTheCursor) {
+TEST_F(Entree, BackspaceClosesTheColumnBeforeTheCursorInsertOpensOneDeleteTakesANote) {
   ouvre();
   pose(1, 1, 0, 1);
   pose(1, 1, 24, 2);
   pose(1, 1, 48, 3);
   pose(1, 2, 48, 4);
-  doc().addMesure();
+  mesures(2);
   pose(2, 1, 0, 5);
   curseur(1, 48, 1);
   touche(Qt::Key_Backspace);
-  EXPECT_EQ(fret(1, 1, 0), 1);
-  EXPECT_EQ(fret(1, 1, 24), 3);
+  EXPECT_EQ(test::corde(doc(), 1, 1, 1),
+            (std::vector<test::NoteVue>{{0, 1, 24}, {24, 3, 24}, {168, 5, 24}}))
+      << "the next bar closes up too";
   EXPECT_EQ(fret(1, 2, 24), 4);
-  EXPECT_EQ(fret(1, 1, 48), -1);
-  EXPECT_EQ(fret(1, 1, 168), 5) << "the next bar closes up too";
   EXPECT_EQ(doc().CurseurX(), 24);
   EXPECT_TRUE(doc().modifi);
 
@@ -315,65 +303,27 @@ TEST_F(Entree, BackspaceClosesTheColumnBeforeTheCursor) {
   curseur(2, 0, 1);
   touche(Qt::Key_Backspace);
   EXPECT_EQ(fret(1, 1, 168), -1);
-  EXPECT_EQ(doc().CurseurMesure(), 1);
-  EXPECT_EQ(doc().CurseurX(), 168);
+  EXPECT_EQ(place(), (Place{1, 168, 1}));
 
-  // Nothing stands before the first column of the piece.
+  // Nothing stands before the first column of the piece, nor at an empty place.
   curseur(1, 0, 1);
-  const int profondeur = doc().getUndoDepth();
+  int profondeur = doc().getUndoDepth();
   touche(Qt::Key_Backspace);
   EXPECT_EQ(fret(1, 1, 0), 1);
   EXPECT_EQ(doc().getUndoDepth(), profondeur);
-}
 
-TEST_F(Entree, InsertOpensOneColumnAndDeleteRemovesOneNote) {
-  ouvre();
-  pose(1, 1, 0, 1);
-  pose(1, 2, 0, 2);
+  // Insert opens one column on every string; Delete takes one note.
   touche(Qt::Key_Insert);
   EXPECT_EQ(fret(1, 1, 0), -1);
   EXPECT_EQ(fret(1, 1, 24), 1);
-  EXPECT_EQ(fret(1, 2, 24), 2);
-  curseur(1, 24, 2);
+  EXPECT_EQ(fret(1, 2, 48), 4);
+  curseur(1, 48, 2);
   touche(Qt::Key_Delete);
-  EXPECT_EQ(fret(1, 2, 24), -1);
-  EXPECT_EQ(fret(1, 1, 24), 1);
-  const int profondeur = doc().getUndoDepth();
-  touche(Qt::Key_Delete);  // nothing there: nothing to undo
+  EXPECT_EQ(fret(1, 2, 48), -1);
+  EXPECT_EQ(fret(1, 1, 48), 3);
+  profondeur = doc().getUndoDepth();
+  touche(Qt::Key_Delete);
   EXPECT_EQ(doc().getUndoDepth(), profondeur);
-}
-
-TEST_F(Entree, UndoAndRedoFromTheKeys) {
-  ouvre();
-  EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
-  tape("5");
-  EXPECT_TRUE(ftab->entrée("mnuTabEdit_0")->isEnabled());
-  touche(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(fret(1, 1, 0), -1);
-  EXPECT_TRUE(ftab->entrée("mnuTabEdit_1")->isEnabled());
-  touche(Qt::Key_Y, Qt::ControlModifier);
-  EXPECT_EQ(fret(1, 1, 0), 5);
-  EXPECT_EQ(doc().getUndoDepth(), 1);
-  touche(Qt::Key_Z, Qt::ControlModifier);
-  tape("7");  // an edit after an undo ends the redo
-  EXPECT_EQ(doc().getRedoDepth(), 0);
-  EXPECT_FALSE(ftab->entrée("mnuTabEdit_1")->isEnabled());
-  touche(Qt::Key_Y, Qt::ControlModifier);
-  EXPECT_EQ(fret(1, 1, 0), 7);
-}
-
-TEST_F(Entree, AHeldKeyDoesNotTypeTwice) {
-  ouvre();
-  ftab->picTab_KeyDown(Qt::Key_1, Qt::NoModifier, false);
-  ftab->picTab_KeyDown(Qt::Key_1, Qt::NoModifier, true);
-  ftab->picTab_KeyUp(Qt::Key_1, Qt::NoModifier);
-  EXPECT_EQ(fret(1, 1, 0), 1);
-}
-
-TEST_F(Entree, DigitsThatNeedShiftOnTheKeyboardAreStillDigits) {
-  ouvre();
-  touche(Qt::Key_7, Qt::ShiftModifier);
-  EXPECT_EQ(fret(1, 1, 0), 7);
 }
 
 }  // namespace

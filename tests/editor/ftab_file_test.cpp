@@ -57,13 +57,25 @@ class Fichiers : public Editeur {
     EXPECT_TRUE(io_enregistrer_vtb(source, QFile::encodeName(chemin).toStdString()).ok());
     return chemin;
   }
+  // A file of these bytes.
+  QString écrire(const QString& nom, const QByteArray& octets) {
+    const QString chemin = dossier.filePath(nom);
+    QFile f(chemin);
+    EXPECT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(octets);
+    return chemin;
+  }
+  QString version6() {
+    const std::vector<std::uint8_t> o = test::fichierVersion6();
+    return écrire("v6.vtb", QByteArray(reinterpret_cast<const char*>(o.data()),
+                                       static_cast<qsizetype>(o.size())));
+  }
   // Typed in the editor: the document is changed.
   void change() {
     tape("3");
     ASSERT_TRUE(doc().modifi);
   }
-  // What a saved file holds at bar 1, string 1, tick 0; -1 for no note, -2
-  // when it cannot be read.
+  // What a saved file holds at bar 1, string 1, tick 0; -1 for no note, -2 when it cannot be read.
   int fretDans(const QString& chemin) {
     VtbContexte ctx;
     ctx.guitare = vt->guitare();
@@ -93,43 +105,66 @@ class Fichiers : public Editeur {
   std::vector<QMessageBox::Icon> icônes;
 };
 
-TEST_F(Fichiers, CancelInThePromptLeavesDocumentAndCaptionAlone) {
+TEST_F(Fichiers, CancelKeepsTheChangesNoDropsThemYesSavesThemFirst) {
   prépare();
   const QString a = fichier("a.vtb", 9);
   ftab->MenuTabFileOpenLast(a);
   ASSERT_EQ(ftab->windowTitle(), "Tablature - " + a + "[*]");
   change();
-  réponses = {QMessageBox::Cancel, QMessageBox::Cancel};
+  // Cancel: a new tablature, open, a dropped file and closing the editor stop.
+  réponses.assign(4, QMessageBox::Cancel);
   ftab->MenuTabFile(0);
   ftab->MenuTabFile(1);
-  ASSERT_EQ(questions.size(), 2u);
-  EXPECT_EQ(questions[0], "Do you want to save the current tablature?");
+  ftab->ouvreFichierDéposé(a);
+  qobject_cast<QMdiSubWindow*>(ftab->parentWidget())->close();
+  QCoreApplication::processEvents();
+  ASSERT_EQ(questions, std::vector<QString>(4, "Do you want to save the current tablature?"));
   EXPECT_TRUE(dialogues.empty()) << "Cancel ends open before its dialog";
+  ASSERT_TRUE(vt->isFormLoaded(fen::FTab));
   EXPECT_EQ(fret(1, 1, 0), 3);
   EXPECT_TRUE(doc().modifi);
   EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a + "[*]");
   EXPECT_EQ(ftab->fichier(), a);
-}
 
-TEST_F(Fichiers, NoDropsTheChangesAndYesSavesThemFirst) {
-  prépare();
-  const QString a = fichier("a.vtb", 9);
-  ftab->MenuTabFileOpenLast(a);
-  change();
+  // No: the dropped file opens as it was on disk.
   réponses = {QMessageBox::No};
-  ftab->MenuTabFile(0);
-  EXPECT_EQ(fret(1, 1, 0), -1) << "a new tablature";
-  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
-  EXPECT_TRUE(ftab->fichier().isEmpty());
-  EXPECT_EQ(fretDans(a), 9) << "No leaves the file as it was";
-  EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
+  curseur(1, 0, 3);
+  ftab->ouvreFichierDéposé(a);
+  EXPECT_EQ(fret(1, 1, 0), 9);
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a + "[*]");
+  EXPECT_EQ(doc().CurseurCorde(), 1);
 
-  ftab->MenuTabFileOpenLast(a);
+  // Yes saves the named file, without a dialog, before the new tablature.
   change();
   réponses = {QMessageBox::Yes};
   ftab->MenuTabFile(0);
-  EXPECT_EQ(fretDans(a), 3) << "Yes saves the named file before the new one";
+  EXPECT_EQ(fretDans(a), 3);
   EXPECT_TRUE(dialogues.empty());
+  EXPECT_EQ(fret(1, 1, 0), -1) << "a new tablature";
+  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
+  EXPECT_TRUE(ftab->fichier().isEmpty());
+  EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
+  // The title bar marks unsaved changes, an undo as well.
+  auto* cadre = qobject_cast<QMdiSubWindow*>(ftab->parentWidget());
+  EXPECT_FALSE(ftab->isWindowModified());
+  tape("3");
+  EXPECT_TRUE(ftab->isWindowModified());
+  EXPECT_TRUE(cadre->isWindowModified());
+  chemins = {dossier.filePath("b.vtb")};
+  ftab->MenuTabFile(3);
+  EXPECT_FALSE(cadre->isWindowModified()) << "saved";
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(cadre->isWindowModified()) << "an undo is a change too";
+
+  // The program's exit asks the same; No closes without saving.
+  change();
+  réponses = {QMessageBox::No};
+  vt->MenuGlobalFile(5);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(questions.size(), 7u);
+  EXPECT_FALSE(vt->isVisible());
+  EXPECT_EQ(fretDans(a), 3);
+  ftab = nullptr;
 }
 
 // Yes to the question, then a save that does not happen: every command that
@@ -188,52 +223,40 @@ TEST_F(Fichiers, ASaveThatDidNotHappenStopsEveryCommandThatAsked) {
 
 TEST_F(Fichiers, SaveAsNamesTheFileAndAPlainSaveWritesOverIt) {
   prépare();
-  change();
-  const QString c = dossier.filePath("c");  // the extension is added
-  chemins = {c};
-  ftab->MenuTabFile(2);
-  ASSERT_EQ(dialogues.size(), 1u);
-  EXPECT_EQ(ftab->fichier(), c + ".vtb");
-  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + c + ".vtb" + "[*]");
-  EXPECT_FALSE(doc().modifi);
-  EXPECT_EQ(fretDans(c + ".vtb"), 3);
-  EXPECT_TRUE(récents().front().isEmpty()) << "a save does not touch the recent files";
-
-  // Typed over, saved again without a dialog: the file holds the new fret and
-  // nothing is left beside it.
-  touche(Qt::Key_7);
-  touche(Qt::Key_S, Qt::ControlModifier);
-  EXPECT_EQ(dialogues.size(), 1u);
-  EXPECT_EQ(fretDans(c + ".vtb"), 7);
-  EXPECT_EQ(QDir(dossier.path()).entryList(QDir::Files), QStringList{"c.vtb"});
-}
-
-TEST_F(Fichiers, SaveAsCancelledLeavesTheDocumentUnnamed) {
-  prépare();
   const QString a = fichier("a.vtb", 9);
   ftab->MenuTabFileOpenLast(a);
   change();
+  // Cancelled, Save as leaves the document unnamed, and the file as it was.
   chemins = {QString()};
   ftab->MenuTabFile(3);
   EXPECT_TRUE(ftab->fichier().isEmpty());
   EXPECT_EQ(fretDans(a), 9);
-  EXPECT_TRUE(doc().modifi);
-  // The next plain save asks for a name.
-  const QString d = dossier.filePath("d.vtb");
-  chemins = {d};
-  ftab->MenuTabFile(2);
-  EXPECT_EQ(dialogues.size(), 2u);
-  EXPECT_EQ(fretDans(d), 3);
-}
-
-TEST_F(Fichiers, AFailedSaveSaysWhyAndKeepsTheChanges) {
-  prépare();
-  change();
+  // A save that fails says why and keeps the changes.
   chemins = {dossier.filePath("missing/folder/e.vtb")};
   ftab->MenuTabFile(2);
   ASSERT_EQ(messages.size(), 1u);
   EXPECT_TRUE(messages.front().startsWith(vt->loadString(6122))) << messages.front().toStdString();
   EXPECT_TRUE(doc().modifi);
+
+  // The next plain save asks for a name; the extension is added.
+  const QString c = dossier.filePath("c");
+  const QStringList avant = récents();
+  chemins = {c};
+  ftab->MenuTabFile(2);
+  ASSERT_EQ(dialogues.size(), 3u);
+  EXPECT_EQ(ftab->fichier(), c + ".vtb");
+  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + c + ".vtb" + "[*]");
+  EXPECT_FALSE(doc().modifi);
+  EXPECT_EQ(fretDans(c + ".vtb"), 3);
+  EXPECT_EQ(récents(), avant) << "a save does not touch the recent files";
+
+  // Typed over, saved again without a dialog: the file holds the new fret and
+  // nothing is left beside it.
+  touche(Qt::Key_7);
+  touche(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(dialogues.size(), 3u);
+  EXPECT_EQ(fretDans(c + ".vtb"), 7);
+  EXPECT_EQ(QDir(dossier.path()).entryList(QDir::Files), (QStringList{"a.vtb", "c.vtb"}));
 }
 
 TEST_F(Fichiers, TheRecentFilesMoveDownOnOpenAndKeepTheirOrderOnReopen) {
@@ -268,24 +291,13 @@ TEST_F(Fichiers, TheRecentFilesMoveDownOnOpenAndKeepTheirOrderOnReopen) {
   EXPECT_EQ(fret(1, 1, 0), 3);
 }
 
-TEST_F(Fichiers, ADamagedFileKeepsTheDocumentAndLosesItsName) {
+TEST_F(Fichiers, FilesThatCannotBeReadSayWhyWithTheCriticalIconAndKeepTheDocument) {
   prépare();
   const QString a = fichier("a.vtb", 9);
   ftab->MenuTabFileOpenLast(a);
   const QString abîmé = dossier.filePath("abime.vtb");
   QFile::copy(a, abîmé);
   QFile::resize(abîmé, QFileInfo(a).size() / 2);
-  chemins = {abîmé};
-  ftab->MenuTabFile(1);
-  ASSERT_FALSE(messages.empty());
-  EXPECT_EQ(fret(1, 1, 0), 9);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
-  EXPECT_TRUE(ftab->fichier().isEmpty());
-  EXPECT_TRUE(récents().front() == a || récents().front().isEmpty());
-}
-
-TEST_F(Fichiers, FilesThatCannotBeReadSayWhyWithTheCriticalIcon) {
-  prépare();
   const struct {
     const char* nom;
     QByteArray octets;
@@ -295,25 +307,24 @@ TEST_F(Fichiers, FilesThatCannotBeReadSayWhyWithTheCriticalIcon) {
       {"texte.vtb", "not a tablature", {"This is not a VTB file!"}},
       {"vieux.vtb", QByteArray("VTB\x03", 4), {"Too old VTB file!"}},
       {"neuf.vtb", QByteArray("VTB\x09", 4), {vt->loadString(6014)}},
+      {"absent.vtb", {}, {"This file is missing."}},
   };
   for (const auto& c : kCas) {
     SCOPED_TRACE(c.nom);
-    const QString chemin = dossier.filePath(c.nom);
-    QFile f(chemin);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(c.octets);
-    f.close();
+    const QString chemin = c.octets.isNull() ? dossier.filePath(c.nom) : écrire(c.nom, c.octets);
     messages.clear();
     icônes.clear();
     ftab->MenuTabFileOpenLast(chemin);
     EXPECT_EQ(messages, c.messages);
     EXPECT_EQ(icônes, std::vector<QMessageBox::Icon>(c.messages.size(), QMessageBox::Critical));
   }
-  messages.clear();
-  icônes.clear();
-  ftab->MenuTabFileOpenLast(dossier.filePath("absent.vtb"));
-  EXPECT_EQ(messages, std::vector<QString>{"This file is missing."});
-  EXPECT_EQ(icônes, std::vector<QMessageBox::Icon>{QMessageBox::Critical});
+  // A damaged file opened: the document stays, without its name.
+  chemins = {abîmé};
+  ftab->MenuTabFile(1);
+  ASSERT_FALSE(messages.empty());
+  EXPECT_EQ(fret(1, 1, 0), 9);
+  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
+  EXPECT_TRUE(ftab->fichier().isEmpty());
 }
 
 TEST_F(Fichiers, AnOpenedPieceBringsTheInstrumentOfItsTracks) {
@@ -341,13 +352,6 @@ TEST_F(Fichiers, AnOpenedPieceBringsTheInstrumentOfItsTracks) {
     EXPECT_TRUE(io_enregistrer_vtb(d, QFile::encodeName(chemin).toStdString()).ok());
     return chemin;
   };
-  const auto ancien = [this](const QString& nom, const std::vector<std::uint8_t>& octets) {
-    const QString chemin = dossier.filePath(nom);
-    QFile f(chemin);
-    EXPECT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(reinterpret_cast<const char*>(octets.data()), static_cast<qint64>(octets.size()));
-    return chemin;
-  };
   const struct {
     const char* quoi;
     QString chemin;
@@ -357,7 +361,7 @@ TEST_F(Fichiers, AnOpenedPieceBringsTheInstrumentOfItsTracks) {
       {"another track when the first is unknown", écrit("b.vtb", {inconnue, basse}), 10},
       {"the tuning even with another capo", écrit("c.vtb", {{dropD.cordes, 24, 3}}), 2},
       {"no track known: the instrument stays", écrit("d.vtb", {inconnue}), 1},
-      {"a version 6 track, its strings alone", ancien("v6.vtb", test::fichierVersion6()), 2},
+      {"a version 6 track, its strings alone", version6(), 2},
   };
   for (const auto& c : kCas) {
     SCOPED_TRACE(c.quoi);
@@ -381,50 +385,11 @@ TEST_F(Fichiers, NewDocumentsTracksAndOldFilesTakeTheChosenSound) {
   EXPECT_EQ(doc().getMIDIPatch(1), 40);
   ftab->mnutabPistes(1);
   EXPECT_EQ(doc().getMIDIPatch(2), 40);
-  const QString v6 = dossier.filePath("v6.vtb");
-  QFile f(v6);
-  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-  const std::vector<std::uint8_t> octets = test::fichierVersion6();
-  f.write(reinterpret_cast<const char*>(octets.data()), static_cast<qint64>(octets.size()));
-  f.close();
+  const QString v6 = version6();
   réponses = {QMessageBox::No};
   ftab->MenuTabFileOpenLast(v6);
   ASSERT_EQ(ftab->fichier(), v6);
   EXPECT_EQ(doc().getMIDIPatch(1), 40);
-}
-
-TEST_F(Fichiers, ClosingTheEditorWithChangesAsksFirst) {
-  prépare();
-  change();
-  auto* cadre = qobject_cast<QMdiSubWindow*>(ftab->parentWidget());
-  ASSERT_NE(cadre, nullptr);
-  réponses = {QMessageBox::Cancel};
-  cadre->close();
-  QCoreApplication::processEvents();
-  EXPECT_TRUE(vt->isFormLoaded(fen::FTab)) << "Cancel keeps the editor";
-  EXPECT_EQ(questions.size(), 1u);
-
-  // The program's exit asks the same; No closes without saving.
-  réponses = {QMessageBox::No};
-  vt->MenuGlobalFile(5);
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_EQ(questions.size(), 2u);
-  EXPECT_FALSE(vt->isVisible());
-  ftab = nullptr;
-}
-
-TEST_F(Fichiers, ADroppedFileAsksAboutTheChangesFirst) {
-  prépare();
-  const QString a = fichier("a.vtb", 9);
-  change();
-  réponses = {QMessageBox::Cancel};
-  ftab->ouvreFichierDéposé(a);
-  EXPECT_EQ(fret(1, 1, 0), 3);
-  réponses = {QMessageBox::No};
-  ftab->ouvreFichierDéposé(a);
-  EXPECT_EQ(fret(1, 1, 0), 9);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a + "[*]");
-  EXPECT_EQ(doc().CurseurCorde(), 1);
 }
 
 TEST_F(Fichiers, TheDialogsOpenAmongTheUsersDocumentsThenInTheRememberedFolder) {
@@ -453,33 +418,6 @@ TEST_F(Fichiers, TheDialogsOpenAmongTheUsersDocumentsThenInTheRememberedFolder) 
   chemins = {QString()};
   ftab->MenuTabFile(1);
   EXPECT_EQ(dialogues.back().dossier, dossierDocuments());
-}
-
-TEST_F(Fichiers, TheTitleBarMarksUnsavedChanges) {
-  prépare();
-  auto* cadre = qobject_cast<QMdiSubWindow*>(ftab->parentWidget());
-  ASSERT_NE(cadre, nullptr);
-  const auto marqué = [&] {
-    EXPECT_EQ(ftab->isWindowModified(), cadre->isWindowModified());
-    return ftab->isWindowModified();
-  };
-  EXPECT_TRUE(ftab->windowTitle().endsWith("[*]"));
-  EXPECT_FALSE(marqué());
-  change();
-  EXPECT_TRUE(marqué());
-  const QString a = dossier.filePath("a.vtb");
-  chemins = {a};
-  ftab->MenuTabFile(2);
-  EXPECT_FALSE(marqué()) << "saved";
-  touche(Qt::Key_Delete);
-  EXPECT_TRUE(marqué());
-  touche(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_TRUE(marqué()) << "an undo is a change too";
-  réponses = {QMessageBox::No};
-  ftab->MenuTabFile(0);
-  EXPECT_FALSE(marqué()) << "a new tablature";
-  ftab->MenuTabFileOpenLast(a);
-  EXPECT_FALSE(marqué()) << "a file just opened";
 }
 
 }  // namespace

@@ -1,84 +1,47 @@
 // The mouse on the strip: a click, a drag, the pop-up of a note (the
 // positions come from the bench's cellule, the default layout).
-#include <QApplication>
 #include <QMenu>
-#include <QMouseEvent>
-#include <QScrollBar>
 
 #include "ftab_banc.h"
 
 namespace vt::essai {
 namespace {
 
-class Souris : public Editeur {
- protected:
-  void selection(int& m1, int& x1, int& c1, int& m2, int& x2, int& c2) {
-    m1 = doc().intSelStartMesure;
-    x1 = doc().intSelStartX;
-    c1 = doc().bytSelStartCorde;
-    m2 = doc().intSelStopMesure;
-    x2 = doc().intSelStopX;
-    c2 = doc().bytSelStopCorde;
+using Souris = Editeur;
+using Sélection = std::array<int, 6>;
+
+TEST_F(Souris, AClickPlacesTheCursorOnTheCellUnderItAndStopsAtTheEdgesOfTheBars) {
+  const struct {
+    const char* quoi;
+    QPointF point;
+    Place place;
+  } kCas[] = {
+      {"a note head", cellule(2, 3, 4), {2, 72, 4}},
+      {"half a column either way", cellule(2, 3, 4) + QPointF(9, 5), {2, 72, 4}},
+      {"the column before", cellule(2, 3, 4) + QPointF(-11, 0), {2, 48, 4}},
+      {"left of the margin, above the strings", {10, 100}, {1, 0, 1}},
+      {"right of the last bar, below the strings: its last column", {1000, 400}, {3, 168, 6}},
+  };
+  ouvre();
+  mesures(3);
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(c.quoi);
+    clic(c.point);
+    EXPECT_EQ(place(), c.place);
+    // The press collapses the selection to the cursor.
+    EXPECT_EQ(sélection(),
+              (Sélection{c.place[0], c.place[1], c.place[2], c.place[0], c.place[1], c.place[2]}));
   }
-};
-
-TEST_F(Souris, AClickPlacesTheCursorOnTheBarTickAndStringUnderIt) {
-  ouvre();
-  doc().addMesure();
-  doc().addMesure();
-  ftab->refreshPicture();
-  clic(cellule(2, 3, 4));
-  EXPECT_EQ(doc().CurseurMesure(), 2);
-  EXPECT_EQ(doc().CurseurX(), 72);
-  EXPECT_EQ(doc().CurseurCorde(), 4);
-  // Half a column either way still hits the same note head.
-  clic(cellule(2, 3, 4) + QPointF(9, 5));
-  EXPECT_EQ(doc().CurseurX(), 72);
-  EXPECT_EQ(doc().CurseurCorde(), 4);
-  clic(cellule(2, 3, 4) + QPointF(-11, 0));
-  EXPECT_EQ(doc().CurseurX(), 48);
-  // The press collapses the selection to the cursor.
-  int m1, x1, c1, m2, x2, c2;
-  selection(m1, x1, c1, m2, x2, c2);
-  EXPECT_EQ(m1, 2);
-  EXPECT_EQ(m2, 2);
-  EXPECT_EQ(x1, 48);
-  EXPECT_EQ(x2, 48);
-  EXPECT_EQ(c1, 4);
-  EXPECT_EQ(c2, 4);
-}
-
-TEST_F(Souris, ClicksOutsideTheBarsStopAtTheirEdges) {
-  ouvre();
-  doc().addMesure();
-  ftab->refreshPicture();
-  clic({10, 100});  // left of the margin, above the strings
-  EXPECT_EQ(doc().CurseurMesure(), 1);
-  EXPECT_EQ(doc().CurseurX(), 0);
-  EXPECT_EQ(doc().CurseurCorde(), 1);
-  clic({1000, 400});  // right of the last bar, below the strings
-  EXPECT_EQ(doc().CurseurMesure(), 2);
-  EXPECT_EQ(doc().CurseurX(), 168) << "its last column";
-  EXPECT_EQ(doc().CurseurCorde(), 6);
 }
 
 TEST_F(Souris, DraggingStretchesTheSelectionOverBarsAndScrollsNothing) {
   ouvre();
-  for (int i = 0; i < 9; ++i)
-    doc().addMesure();
-  ftab->refreshPicture();
+  mesures(10);
   envoie(QEvent::MouseButtonPress, cellule(1, 1, 2), Qt::LeftButton, Qt::LeftButton);
   envoie(QEvent::MouseMove, cellule(2, 5, 3), Qt::NoButton, Qt::LeftButton);
   envoie(QEvent::MouseMove, cellule(3, 2, 5), Qt::NoButton, Qt::LeftButton);
   envoie(QEvent::MouseButtonRelease, cellule(3, 2, 5), Qt::LeftButton, Qt::NoButton);
-  int m1, x1, c1, m2, x2, c2;
-  selection(m1, x1, c1, m2, x2, c2);
-  EXPECT_EQ(m1, 1);
-  EXPECT_EQ(x1, 24);
-  EXPECT_EQ(c1, 2);
-  EXPECT_EQ(m2, 3);
-  EXPECT_EQ(x2, 48);
-  EXPECT_EQ(c2, 5);
+  EXPECT_EQ(sélection(), (Sélection{1, 24, 2, 3, 48, 5}));
   EXPECT_EQ(doc().CurseurMesure(), 3);
   // Over the last bar on screen, clipped at the edge, the view stays.
   const int largeur = ftab->picTab()->width();
@@ -88,9 +51,9 @@ TEST_F(Souris, DraggingStretchesTheSelectionOverBarsAndScrollsNothing) {
   EXPECT_GT(doc().intSelStopMesure, 3);
   // A move without the button selects nothing.
   envoie(QEvent::MouseButtonRelease, {largeur - 2.0, 150}, Qt::LeftButton, Qt::NoButton);
-  const int avant = doc().intSelStopMesure;
+  const Sélection avant = sélection();
   envoie(QEvent::MouseMove, cellule(1, 0, 1), Qt::NoButton, Qt::NoButton);
-  EXPECT_EQ(doc().intSelStopMesure, avant);
+  EXPECT_EQ(sélection(), avant);
 }
 
 TEST_F(Souris, TheRightButtonOnANoteOpensThePopUpAndElsewhereNothing) {

@@ -152,15 +152,5 @@ TEST_F(Peinture, AClickLeavesNoSecondCursorBehind) {
   EXPECT_EQ(doc().intSelStartMesure, 0) << "the one-cell selection went with the cursor";
 }
 
-TEST_F(Peinture, InsertingTimeRedrawsTheFollowingBars) {
-  prépare();
-  curseur(1, 0, 1);
-  const QImage avant = ftab->image().copy();
-  touche(Qt::Key_Insert);
-  const auto [gauche, droite] = colonnesChangées(avant, ftab->image());
-  EXPECT_LT(gauche, 235);
-  EXPECT_GT(droite, 435) << "bar 3's notes moved too";
-}
-
 }  // namespace
 }  // namespace vt::essai

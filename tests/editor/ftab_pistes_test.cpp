@@ -94,20 +94,6 @@ TEST_F(Pistes, DeleteAsksAndKeepsAtLeastOneTrack) {
   EXPECT_EQ(ftab->bouton("tbPistes", "3"), nullptr);
 }
 
-TEST_F(Pistes, ClickingATrackButtonSelectsItAndItStaysDown) {
-  prépare();
-  ftab->mnutabPistes(1);
-  ftab->bouton("tbPistes", "1")->trigger();
-  QCoreApplication::processEvents();
-  EXPECT_EQ(doc().CurseurPiste(), 1);
-  EXPECT_EQ(états(), "X-");
-  // The current track's button clicked again stays down.
-  ftab->bouton("tbPistes", "1")->trigger();
-  EXPECT_EQ(états(), "X-");
-  EXPECT_TRUE(ftab->entrée("mnutabPistes_5")->isChecked());
-  EXPECT_FALSE(ftab->entrée("mnutabPistes_6")->isChecked());
-}
-
 TEST_F(Pistes, ADrumTrackBringsUpThePickerAndKeepsTheInstrument) {
   prépare();
   ftab->mnutabPistes(1);

@@ -1,13 +1,13 @@
 // Playback from the editor: the play commands, their buttons and the repeat
 // check; the screen timer following a stand-in player whose position the test
 // sets; the fretboard during play; the stop that puts the cursor back on the
-// grid; the recording of the MIDI input; and the real player heard through
-// the logging output.
+// grid; the recording of the MIDI input; and the real player heard through the logging output.
 #include <QAction>
 #include <QScrollBar>
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <tuple>
 #include <utility>
 
 #include "ftab_banc.h"
@@ -19,8 +19,7 @@
 namespace vt::essai {
 namespace {
 
-// A player whose position the test sets by hand; it writes down what the
-// editor asks of it.
+// A player whose position the test sets by hand; it writes down what the editor asks of it.
 class JoueurEssai : public JoueurTab {
  public:
   void start(const CVantoroTablature&, PlayArrays&, const OptionsJeu& o,
@@ -105,13 +104,22 @@ class Jeu : public Editeur {
     }
   }
   int corde(int c) { return doc().getGuitareCorde(1, c); }
+  // A start asked of the player: tick period, repeats, loop, count-in and its
+  // beat, between the markers.
+  static std::tuple<int, bool, bool, bool, int, bool> vue(const DemandeJeu& d) {
+    return {d.périodeTick, d.renvois, d.loop, d.beatsAtStart, d.beatDurée, d.marker};
+  }
+  // The note recorded at a place: fret, length and effect; -1 and zeros for none.
+  std::tuple<int, int, int> écrite(int mesure, int corde, int x) {
+    const tNote* n = note(mesure, corde, x);
+    return n == nullptr ? std::tuple(-1, 0, 0)
+                        : std::tuple(+n->bytCase, +n->bytDurée, +n->bytEffet);
+  }
 
   JoueurEssai* joueur = nullptr;
   std::vector<QString> questions, messages;
   QMessageBox::StandardButton réponse = QMessageBox::No;
 };
-
-// ---- Starting -----------------------------------------------------------------------
 
 TEST_F(Jeu, SpaceStartsFromTheCursorWithTheChecksOfThePlayMenu) {
   ouvreEssai(3);
@@ -124,13 +132,8 @@ TEST_F(Jeu, SpaceStartsFromTheCursorWithTheChecksOfThePlayMenu) {
   EXPECT_TRUE(ftab->lecture().tmrGFX.isActive());
   EXPECT_EQ(ftab->lecture().tmrGFX.interval(), 12);
   ASSERT_EQ(joueur->demandes.size(), 1u);
-  const DemandeJeu& d = joueur->demandes[0];
-  EXPECT_EQ(d.périodeTick, 12) << "60000 / (100 * 48), truncated";
-  EXPECT_TRUE(d.beatsAtStart);
-  EXPECT_EQ(d.beatDurée, 600);
-  EXPECT_FALSE(d.loop);
-  EXPECT_FALSE(d.marker);
-  EXPECT_FALSE(d.renvois) << "a start in the middle runs through the repeats";
+  // 60000 / (100 * 48), truncated; a start in the middle runs through the repeats.
+  EXPECT_EQ(vue(joueur->demandes[0]), std::tuple(12, false, false, true, 600, false));
   EXPECT_EQ(joueur->pistes, std::vector<int>{1});
   // The moves wait; play, the markers, the checks and recording stay.
   for (int i : {1, 2, 7, 8})
@@ -153,9 +156,7 @@ TEST_F(Jeu, SpaceStartsFromTheCursorWithTheChecksOfThePlayMenu) {
   menu(5)->trigger();  // loop
   bouton("joue")->trigger();
   ASSERT_EQ(joueur->demandes.size(), 2u);
-  EXPECT_FALSE(joueur->demandes[1].beatsAtStart);
-  EXPECT_EQ(joueur->demandes[1].beatDurée, 0);
-  EXPECT_TRUE(joueur->demandes[1].loop);
+  EXPECT_EQ(vue(joueur->demandes[1]), std::tuple(12, false, true, false, 0, false));
   bouton("joue")->trigger();
   EXPECT_FALSE(ftab->isPlaying());
 }
@@ -198,8 +199,7 @@ TEST_F(Jeu, RepeatsAreHonouredFromTheFirstBarOnlyAndABrokenOneIsAskedAbout) {
   EXPECT_FALSE(ftab->isPlaying());
   EXPECT_FALSE(bouton("joue")->isChecked());
   EXPECT_EQ(joueur->demandes.size(), avant);
-  EXPECT_EQ(doc().CurseurMesure(), 3);
-  EXPECT_EQ(doc().CurseurX(), 0);
+  EXPECT_EQ(place(), (Place{3, 0, 1}));
 }
 
 TEST_F(Jeu, BetweenTheMarkersTheCursorGoesToTheStartAndWrongMarkersSayNothing) {
@@ -224,10 +224,8 @@ TEST_F(Jeu, BetweenTheMarkersTheCursorGoesToTheStartAndWrongMarkersSayNothing) {
   EXPECT_FALSE(bouton("joue")->isChecked());
   EXPECT_TRUE(questions.empty());
   ASSERT_EQ(joueur->demandes.size(), 1u);
-  EXPECT_TRUE(joueur->demandes[0].marker);
-  EXPECT_FALSE(joueur->demandes[0].renvois);
-  EXPECT_EQ(doc().CurseurMesure(), 11);
-  EXPECT_EQ(doc().CurseurX(), 24);
+  EXPECT_EQ(vue(joueur->demandes[0]), std::tuple(10, false, false, false, 0, true));
+  EXPECT_EQ(place(), (Place{11, 24, 1}));
   EXPECT_EQ(premièreMontrée(), 11) << "the marker's bar was off the screen";
 }
 
@@ -265,8 +263,6 @@ TEST_F(Jeu, ThePlayEntriesAndSpaceDoWhatTheirButtonsDoInEveryState) {
     }
   EXPECT_TRUE(questions.empty());
 }
-
-// ---- The screen timer --------------------------------------------------------------------
 
 TEST_F(Jeu, TheCursorFollowsThePlayerAndIsRedrawnOnlyWhenItChangesColumn) {
   ouvreEssai(2);
@@ -363,8 +359,6 @@ TEST_F(Jeu, TheTrackUnderTheCursorIsToldToThePlayerWhenItChanges) {
   touche(Qt::Key_Space);
 }
 
-// ---- The stop -------------------------------------------------------------------------------
-
 TEST_F(Jeu, TheStopPutsTheCursorOnTheGridAndInsideThePiece) {
   ouvreEssai(3);
   // Nothing plays: the stop is harmless, and the player is not called.
@@ -377,8 +371,7 @@ TEST_F(Jeu, TheStopPutsTheCursorOnTheGridAndInsideThePiece) {
   arrêteMinuterie();
   tick(2, 37);
   touche(Qt::Key_Space);
-  EXPECT_EQ(doc().CurseurMesure(), 2);
-  EXPECT_EQ(doc().CurseurX(), 24) << "back on the eighth before";
+  EXPECT_EQ(place(), (Place{2, 24, 1})) << "back on the eighth before";
 
   // The grid is the view's: at a sixteenth per column the same place is 36.
   ftab->mnuTabDisplay(2);
@@ -394,15 +387,13 @@ TEST_F(Jeu, TheStopPutsTheCursorOnTheGridAndInsideThePiece) {
   arrêteMinuterie();
   tick(3, 240);
   ftab->TimerMIDIStop(true);
-  EXPECT_EQ(doc().CurseurMesure(), 3);
-  EXPECT_EQ(doc().CurseurX(), 0);
+  EXPECT_EQ(place(), (Place{3, 0, 1}));
   touche(Qt::Key_Space);
   arrêteMinuterie();
   tick(3, 48);
   doc().setCurseurMesure(9);
   ftab->TimerMIDIStop(false);
-  EXPECT_EQ(doc().CurseurMesure(), 3);
-  EXPECT_EQ(doc().CurseurX(), 0);
+  EXPECT_EQ(place(), (Place{3, 0, 1}));
   EXPECT_FALSE(ftab->isPlaying());
   EXPECT_TRUE(bouton("joue")->isChecked()) << "without its flag the buttons stay as they are";
 }
@@ -419,8 +410,7 @@ TEST_F(Jeu, WhilePlayingOnlyTheFretsOfInsertModeAreTaken) {
   touche(Qt::Key_End);
   touche(Qt::Key_Right, Qt::ControlModifier);
   EXPECT_EQ(fret(1, 1, 48), -1);
-  EXPECT_EQ(doc().CurseurMesure(), 1);
-  EXPECT_EQ(doc().CurseurX(), 48);
+  EXPECT_EQ(place(), (Place{1, 48, 1}));
 
   insertion(true);
   tape("5");
@@ -429,8 +419,6 @@ TEST_F(Jeu, WhilePlayingOnlyTheFretsOfInsertModeAreTaken) {
   touche(Qt::Key_Space);
   EXPECT_FALSE(ftab->isPlaying());
 }
-
-// ---- The fretboard --------------------------------------------------------------------------
 
 TEST_F(Jeu, TheFretboardShowsWhatSoundsOpenStringsExceptedAndKeepsAStringTheLibraryLeaves) {
   ouvreEssai();
@@ -495,8 +483,6 @@ TEST_F(Jeu, TheFretboardShowsWhatSoundsOpenStringsExceptedAndKeepsAStringTheLibr
   touche(Qt::Key_Space);
 }
 
-// ---- Recording --------------------------------------------------------------------------------
-
 TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorAndTiedAcrossBarLines) {
   ouvreEssai(4);
   touche(Qt::Key_R, Qt::ControlModifier);
@@ -513,10 +499,7 @@ TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorAndTiedAcrossBarLine
   EXPECT_EQ(fret(1, 1, 0), -1) << "written when it is released";
   vt->noteMidiEntrante(1, corde(1) + 5, false);
   ASSERT_NE(note(1, 1, 0), nullptr);
-  EXPECT_EQ(note(1, 1, 0)->bytCase, 5);
-  EXPECT_EQ(note(1, 1, 0)->bytDurée, 36);
-  EXPECT_EQ(note(1, 1, 0)->bytVolume, 79);
-  EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kAucun);
+  EXPECT_EQ(*note(1, 1, 0), (tNote{5, 36, 0, effet::kAucun, 0, attaque::kStandard, 79}));
   EXPECT_TRUE(doc().modifi);
 
   // Across two bar lines: cut at each, tied over.
@@ -524,16 +507,9 @@ TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorAndTiedAcrossBarLine
   vt->noteMidiEntrante(2, corde(2) + 1, true);
   tick(3, 30);
   vt->noteMidiEntrante(2, corde(2) + 1, false);
-  ASSERT_NE(note(1, 2, 144), nullptr);
-  EXPECT_EQ(note(1, 2, 144)->bytDurée, 48);
-  EXPECT_EQ(note(1, 2, 144)->bytEffet, effet::kLiaison);
-  ASSERT_NE(note(2, 2, 0), nullptr);
-  EXPECT_EQ(note(2, 2, 0)->bytDurée, 192);
-  EXPECT_EQ(note(2, 2, 0)->bytEffet, effet::kLiaison);
-  ASSERT_NE(note(3, 2, 0), nullptr);
-  EXPECT_EQ(note(3, 2, 0)->bytCase, 1);
-  EXPECT_EQ(note(3, 2, 0)->bytDurée, 24);
-  EXPECT_EQ(note(3, 2, 0)->bytEffet, effet::kAucun);
+  EXPECT_EQ(écrite(1, 2, 144), std::tuple(1, 48, +effet::kLiaison));
+  EXPECT_EQ(écrite(2, 2, 0), std::tuple(1, 192, +effet::kLiaison));
+  EXPECT_EQ(écrite(3, 2, 0), std::tuple(1, 24, +effet::kAucun));
 
   // What nobody holds is not written: a release alone, a note below the
   // open string, a string the instrument lacks.
@@ -546,12 +522,8 @@ TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorAndTiedAcrossBarLine
   vt->noteMidiEntrante(3, corde(3) + 2, true);
   tick(4, 50);
   touche(Qt::Key_Space);
-  ASSERT_NE(note(3, 3, 96), nullptr);
-  EXPECT_EQ(note(3, 3, 96)->bytDurée, 96);
-  EXPECT_EQ(note(3, 3, 96)->bytEffet, effet::kLiaison);
-  ASSERT_NE(note(4, 3, 0), nullptr);
-  EXPECT_EQ(note(4, 3, 0)->bytDurée, 48);
-  EXPECT_EQ(note(4, 3, 0)->bytEffet, effet::kAucun);
+  EXPECT_EQ(écrite(3, 3, 96), std::tuple(2, 96, +effet::kLiaison));
+  EXPECT_EQ(écrite(4, 3, 0), std::tuple(2, 48, +effet::kAucun));
   EXPECT_EQ(fret(3, 5, 96), -1);
   for (int m = 1; m <= 4; ++m)
     EXPECT_EQ(doc().getNoteLast(1, m, 4) + doc().getNoteLast(1, m, 5), 0) << m;
@@ -585,11 +557,10 @@ TEST_F(Jeu, RecordingFollowsItsButton) {
   tick(1, 144);
   bouton("record")->trigger();
   EXPECT_FALSE(menu(10)->isChecked());
-  ASSERT_NE(note(1, 1, 48), nullptr);
-  EXPECT_EQ(note(1, 1, 48)->bytDurée, 96);
+  EXPECT_EQ(écrite(1, 1, 48), std::tuple(3, 96, 0));
   tick(2, 24);
   vt->noteMidiEntrante(1, corde(1) + 3, false);
-  EXPECT_EQ(note(1, 1, 48)->bytDurée, 96);
+  EXPECT_EQ(écrite(1, 1, 48), std::tuple(3, 96, 0));
   EXPECT_EQ(doc().getNoteLast(1, 2, 1), 0);
   touche(Qt::Key_Space);
 
@@ -600,9 +571,7 @@ TEST_F(Jeu, RecordingFollowsItsButton) {
   curseur(2, 96, 1);
   const int profondeur = doc().getUndoDepth();
   vt->noteMidiEntrante(4, corde(4) + 7, true);
-  ASSERT_NE(note(2, 4, 96), nullptr);
-  EXPECT_EQ(note(2, 4, 96)->bytCase, 7);
-  EXPECT_EQ(note(2, 4, 96)->bytDurée, ftab->outils().tbGetNoteDurée());
+  EXPECT_EQ(écrite(2, 4, 96), std::tuple(7, ftab->outils().tbGetNoteDurée(), 0));
   EXPECT_EQ(doc().getUndoDepth(), profondeur + 1);
   EXPECT_EQ(doc().CurseurX(), 96);
   vt->noteMidiEntrante(4, corde(4) + 7, false);
@@ -642,8 +611,6 @@ TEST_F(Jeu, AMidiNoteReachesTheOpenHarmonizerAndSoundsUnlessItIsRecorded) {
   }
   EXPECT_EQ(fret(1, 2, 0), 3) << "the note recorded was written";
 }
-
-// ---- The real player --------------------------------------------------------------------------
 
 class JeuEntendu : public Jeu {
  protected:

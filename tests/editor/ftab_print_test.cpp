@@ -56,40 +56,6 @@ class Impressions : public Editeur {
   std::vector<QString> messages;
 };
 
-TEST_F(Impressions, MenuEntriesAndButtonsReachTheirWindows) {
-  prépare(4);
-  int aperçus = 0, miseEnPage = 0, dialogues = 0;
-  ftab->ouvreApercu = [&] { ++aperçus; };
-  ftab->ouvreMiseEnPage = [&] {
-    ++miseEnPage;
-    return false;
-  };
-  ftab->dialogueImpression = [&](QPrinter&, int pages) {
-    ++dialogues;
-    EXPECT_EQ(pages, pagesPiste(1));
-    return false;
-  };
-  const CVantoroTablature avant = doc();
-  for (const char* nom : {"mnuTabFile_11", "mnuTabFile_12", "mnuTabFile_14"}) {
-    SCOPED_TRACE(nom);
-    ASSERT_TRUE(ftab->entrée(nom)->isEnabled());
-    ftab->entrée(nom)->trigger();
-  }
-  for (const char* clé : {"imprimer", "preview", "pagesetup"}) {
-    SCOPED_TRACE(clé);
-    QAction* b = ftab->bouton("tbToolbar", clé);
-    ASSERT_NE(b, nullptr);
-    ASSERT_TRUE(b->isEnabled());
-    b->trigger();
-  }
-  EXPECT_EQ(aperçus, 2);
-  EXPECT_EQ(miseEnPage, 2);
-  EXPECT_EQ(dialogues, 2);
-  // Cancel leaves everything as it was.
-  EXPECT_EQ(doc(), avant);
-  EXPECT_TRUE(messages.empty());
-}
-
 TEST_F(Impressions, ThePrinterGetsThePagesAndCopiesOfTheDialog) {
   prépare(40);
   const int total = pagesPiste(1);
@@ -162,15 +128,6 @@ TEST_F(Impressions, PreviewPagesZoomAndCopy) {
   aperçu.btnMiseEnPage_Click();
   EXPECT_GT(aperçu.nombrePages(), pages);
   EXPECT_EQ(aperçu.hsbPage()->maximum(), aperçu.nombrePages());
-}
-
-TEST_F(Impressions, APreviewOfOnePageHasABarWithNoRange) {
-  prépare(1);
-  FTabPrint aperçu([this] { return ftab->réglagesPage(); }, doc(), 1, vt->printer(),
-                   [this](int id) { return vt->loadString(id); });
-  EXPECT_EQ(aperçu.nombrePages(), 1);
-  EXPECT_EQ(aperçu.hsbPage()->minimum(), aperçu.hsbPage()->maximum());
-  EXPECT_FALSE(aperçu.hsbPage()->isEnabled());
 }
 
 TEST_F(Impressions, PageSetupWritesOnOkOnly) {

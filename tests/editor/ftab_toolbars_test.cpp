@@ -16,8 +16,7 @@ namespace {
 
 using Barres = Editeur;
 
-// A quarter note (48 ticks), fret 5 on string 2 at the start of bar 1, under
-// the cursor.
+// A quarter note (48 ticks), fret 5 on string 2 at the start of bar 1, under the cursor.
 void noteSousLeCurseur(CVantoroTablature& d, FTab& f) {
   const int n = d.setNoteWhole(1, 1, 2, 0, 5, 48);
   d.setNoteVolume(1, 1, 2, n, 127);
@@ -25,23 +24,6 @@ void noteSousLeCurseur(CVantoroTablature& d, FTab& f) {
   d.setCurseurX(0);
   f.refreshPicture();
   f.tbUpdate();
-}
-
-TEST_F(Barres, ARhythmClickGivesTheNoteItsLengthWithUndo) {
-  ouvre();
-  noteSousLeCurseur(doc(), *ftab);
-  QAction* blanche = ftab->bouton("tbRythme", "blanche");
-  ASSERT_NE(blanche, nullptr);
-  EXPECT_TRUE(ftab->bouton("tbRythme", "noire")->isChecked()) << "the note's length is shown";
-  blanche->trigger();
-  const int n = doc().searchNote(1, 1, 2, 0);
-  EXPECT_EQ(doc().getNoteDurée(1, 1, 2, n), 96);
-  EXPECT_EQ(doc().getNoteCase(1, 1, 2, n), 5);
-  EXPECT_TRUE(blanche->isChecked());
-  EXPECT_FALSE(ftab->bouton("tbRythme", "noire")->isChecked()) << "one length at a time";
-  EXPECT_TRUE(doc().modifi);
-  ftab->bouton("tbToolbar", "undo")->trigger();
-  EXPECT_EQ(doc().getNoteDurée(1, 1, 2, doc().searchNote(1, 1, 2, 0)), 48);
 }
 
 // The options dialog, writing down the page it was opened on.
@@ -77,117 +59,120 @@ struct Bouton {
   int code;
 };
 
-// Every button of the seven toolbars, as the toolbars' table and the codes'
-// tables give them.
-const std::vector<Bouton> kBoutons = {
-    {"tbToolbar", "nouveau", Genre::Entrée, "mnuTabFile_0", 0},
-    {"tbToolbar", "ouvrir", Genre::Entrée, "mnuTabFile_1", 0},
-    {"tbToolbar", "enregistrer", Genre::Entrée, "mnuTabFile_2", 0},
-    {"tbToolbar", "imprimer", Genre::Entrée, "mnuTabFile_11", 0},
-    {"tbToolbar", "preview", Genre::Entrée, "mnuTabFile_12", 0},
-    {"tbToolbar", "pagesetup", Genre::Entrée, "mnuTabFile_14", 0},
-    {"tbToolbar", "proprietes", Genre::Entrée, "mnuTabEdit_13", 0},
-    {"tbToolbar", "joue", Genre::Jeu, "mnuTabPlay_0", 0},
-    {"tbToolbar", "jouemarker", Genre::Jeu, "mnuTabPlay_3", 0},
-    {"tbToolbar", "arriere", Genre::Entrée, "mnuTabPlay_1", 0},
-    {"tbToolbar", "avant", Genre::Entrée, "mnuTabPlay_2", 0},
-    {"tbToolbar", "record", Genre::Jeu, "mnuTabPlay_10", 0},
-    {"tbToolbar", "couper", Genre::Entrée, "mnuTabEdit_3", 0},
-    {"tbToolbar", "copier", Genre::Entrée, "mnuTabEdit_4", 0},
-    {"tbToolbar", "coller", Genre::Entrée, "mnuTabEdit_5", 0},
-    {"tbToolbar", "undo", Genre::Entrée, "mnuTabEdit_0", 0},
-    {"tbToolbar", "redo", Genre::Entrée, "mnuTabEdit_1", 0},
-    {"tbToolbar", "view_mode_1", Genre::Entrée, "mnuTabDisplay_0", 1},
-    {"tbToolbar", "view_mode_2", Genre::Entrée, "mnuTabDisplay_1", 1},
-    {"tbToolbar", "view_mode_3", Genre::Entrée, "mnuTabDisplay_2", 1},
-    {"tbToolbar", "view_mode_4", Genre::Entrée, "mnuTabDisplay_3", 1},
-    {"tbToolbar", "view_mode_triolet", Genre::Entrée, "mnuTabDisplay_4", 1},
-    {"tbToolbar", "options", Genre::Options, "mnuTabFile_16", 0},
-    {"tbToolbar", "redraw", Genre::Entrée, "mnuTabDisplay_10", 0},
-    {"tbGeneral", "texte", Genre::Entrée, "mnuTabTool_4", 0},
-    {"tbGeneral", "accord", Genre::Entrée, "mnuTabTool_5", 0},
-    {"tbGeneral", "accordcreate", Genre::Entrée, "mnuTabTool_6", 0},
-    {"tbGeneral", "signature", Genre::Entrée, "mnuTabEdit_16", 0},
-    {"tbGeneral", "loop", Genre::Entrée, "mnuTabEdit_18", 0},
-    {"tbGeneral", "tempo", Genre::Entrée, "mnuTabEdit_19", 0},
-    {"tbEffet", "hammer-on", Genre::Effet, nullptr, 3},
-    {"tbEffet", "pull-off", Genre::Effet, nullptr, 4},
-    {"tbEffet", "slide up", Genre::Effet, nullptr, 1},
-    {"tbEffet", "slide down", Genre::Effet, nullptr, 2},
-    {"tbEffet", "vibrato", Genre::Effet, nullptr, 9},
-    {"tbEffet", "bendup", Genre::Effet, nullptr, 20},
-    {"tbEffet", "bendupdn", Genre::Effet, nullptr, 21},
-    {"tbEffet", "bendreturn", Genre::Effet, nullptr, 22},
-    {"tbEffet", "benddn", Genre::Effet, nullptr, 23},
-    {"tbEffet", "tremolo", Genre::Effet, nullptr, 24},
-    {"tbEffet", "trill", Genre::Effet, nullptr, 25},
-    {"tbEffet", "liaison", Genre::Effet, nullptr, 27},
-    {"tbRythme", "ronde", Genre::Durée, nullptr, 192},
-    {"tbRythme", "blanche", Genre::Durée, nullptr, 96},
-    {"tbRythme", "noire", Genre::Durée, nullptr, 48},
-    {"tbRythme", "croche", Genre::Durée, nullptr, 24},
-    {"tbRythme", "double", Genre::Durée, nullptr, 12},
-    {"tbRythme", "triple", Genre::Durée, nullptr, 6},
-    {"tbRythme", "pointée", Genre::Durée, nullptr, 72},  // on a quarter
-    {"tbRythme", "triolet", Genre::Durée, nullptr, 32},
-    {"tbAttaque", "attaque none", Genre::Attaque, nullptr, 0},
-    {"tbAttaque", "attaque tap", Genre::Attaque, nullptr, 3},
-    {"tbAttaque", "attaque slap", Genre::Attaque, nullptr, 4},
-    {"tbAttaque", "attaque pop", Genre::Attaque, nullptr, 5},
-    {"tbAttaque", "attaque harm", Genre::Attaque, nullptr, 1},
-    {"tbAttaque", "attaque ah", Genre::Attaque, nullptr, 2},
-    {"tbAttaque", "attaque up", Genre::Attaque, nullptr, 7},
-    {"tbAttaque", "attaque dn", Genre::Attaque, nullptr, 8},
-    {"tbAttaque", "attaque dead note", Genre::Attaque, nullptr, 9},
-    {"tbAttaque", "attaque palmmute", Genre::Attaque, nullptr, 6},
-    {"tbAttaque", "attaque brush up", Genre::Attaque, nullptr, 10},
-    {"tbAttaque", "attaque brush dn", Genre::Attaque, nullptr, 11},
-    {"tbVolume", "ppp", Genre::Nuance, nullptr, 15},
-    {"tbVolume", "pp", Genre::Nuance, nullptr, 31},
-    {"tbVolume", "p", Genre::Nuance, nullptr, 47},
-    {"tbVolume", "mp", Genre::Nuance, nullptr, 63},
-    {"tbVolume", "mf", Genre::Nuance, nullptr, 79},
-    {"tbVolume", "f", Genre::Nuance, nullptr, 95},
-    {"tbVolume", "ff", Genre::Nuance, nullptr, 111},
-    {"tbVolume", "fff", Genre::Nuance, nullptr, 127},
-    {"tbPistes", "add", Genre::Entrée, "mnutabPistes_1", 0},
-    {"tbPistes", "remove", Genre::Entrée, "mnutabPistes_2", 0},
-    {"tbPistes", "properties", Genre::Entrée, "mnutabPistes_3", 0},
-    {"tbPistes", "1", Genre::Piste, nullptr, 1},
-};
+// Every button of the seven toolbars, as the toolbars' table and the codes' tables give them.
+const std::vector<Bouton> kBoutons = [] {
+  std::vector<Bouton> v;
+  using Paire = std::pair<const char*, const char*>;
+  const auto entrées = [&v](const char* barre, std::initializer_list<Paire> l, int code = 0) {
+    for (const auto& [clé, entrée] : l)
+      v.push_back({barre, clé, Genre::Entrée, entrée, code});
+  };
+  const auto codes = [&v](const char* barre, Genre g,
+                          std::initializer_list<std::pair<const char*, int>> l) {
+    for (const auto& [clé, code] : l)
+      v.push_back({barre, clé, g, nullptr, code});
+  };
+  entrées("tbToolbar", {{"nouveau", "mnuTabFile_0"},
+                        {"ouvrir", "mnuTabFile_1"},
+                        {"enregistrer", "mnuTabFile_2"},
+                        {"imprimer", "mnuTabFile_11"},
+                        {"preview", "mnuTabFile_12"},
+                        {"pagesetup", "mnuTabFile_14"},
+                        {"proprietes", "mnuTabEdit_13"},
+                        {"arriere", "mnuTabPlay_1"},
+                        {"avant", "mnuTabPlay_2"},
+                        {"couper", "mnuTabEdit_3"},
+                        {"copier", "mnuTabEdit_4"},
+                        {"coller", "mnuTabEdit_5"},
+                        {"undo", "mnuTabEdit_0"},
+                        {"redo", "mnuTabEdit_1"},
+                        {"redraw", "mnuTabDisplay_10"}});
+  entrées("tbToolbar",
+          {{"view_mode_1", "mnuTabDisplay_0"},
+           {"view_mode_2", "mnuTabDisplay_1"},
+           {"view_mode_3", "mnuTabDisplay_2"},
+           {"view_mode_4", "mnuTabDisplay_3"},
+           {"view_mode_triolet", "mnuTabDisplay_4"}},
+          1);
+  for (const auto& [clé, entrée] :
+       {Paire{"joue", "mnuTabPlay_0"}, Paire{"jouemarker", "mnuTabPlay_3"},
+        Paire{"record", "mnuTabPlay_10"}})
+    v.push_back({"tbToolbar", clé, Genre::Jeu, entrée, 0});
+  v.push_back({"tbToolbar", "options", Genre::Options, "mnuTabFile_16", 0});
+  entrées("tbGeneral", {{"texte", "mnuTabTool_4"},
+                        {"accord", "mnuTabTool_5"},
+                        {"accordcreate", "mnuTabTool_6"},
+                        {"signature", "mnuTabEdit_16"},
+                        {"loop", "mnuTabEdit_18"},
+                        {"tempo", "mnuTabEdit_19"}});
+  codes("tbEffet", Genre::Effet,
+        {{"hammer-on", 3},
+         {"pull-off", 4},
+         {"slide up", 1},
+         {"slide down", 2},
+         {"vibrato", 9},
+         {"bendup", 20},
+         {"bendupdn", 21},
+         {"bendreturn", 22},
+         {"benddn", 23},
+         {"tremolo", 24},
+         {"trill", 25},
+         {"liaison", 27}});
+  codes("tbRythme", Genre::Durée,
+        {{"ronde", 192},
+         {"blanche", 96},
+         {"noire", 48},
+         {"croche", 24},
+         {"double", 12},
+         {"triple", 6},
+         {"pointée", 72} /* on a quarter */,
+         {"triolet", 32}});
+  codes("tbAttaque", Genre::Attaque,
+        {{"attaque none", 0},
+         {"attaque tap", 3},
+         {"attaque slap", 4},
+         {"attaque pop", 5},
+         {"attaque harm", 1},
+         {"attaque ah", 2},
+         {"attaque up", 7},
+         {"attaque dn", 8},
+         {"attaque dead note", 9},
+         {"attaque palmmute", 6},
+         {"attaque brush up", 10},
+         {"attaque brush dn", 11}});
+  codes("tbVolume", Genre::Nuance,
+        {{"ppp", 15},
+         {"pp", 31},
+         {"p", 47},
+         {"mp", 63},
+         {"mf", 79},
+         {"f", 95},
+         {"ff", 111},
+         {"fff", 127}});
+  entrées(
+      "tbPistes",
+      {{"add", "mnutabPistes_1"}, {"remove", "mnutabPistes_2"}, {"properties", "mnutabPistes_3"}});
+  codes("tbPistes", Genre::Piste, {{"1", 1}});
+  return v;
+}();
 
-// The value of the note at (1, 1, 2, 0) that a button of this kind writes,
-// and the same set directly.
+// The field of the note at (1, 1, 2, 0) that a button of this kind writes, and its setter.
+byt tNote::*champ(Genre g) {
+  return g == Genre::Durée     ? &tNote::bytDurée
+         : g == Genre::Attaque ? &tNote::bytAttaque
+         : g == Genre::Nuance  ? &tNote::bytVolume
+                               : &tNote::bytEffet;
+}
 int valeur(const CVantoroTablature& d, Genre g) {
   const tNote* n = d.getNote(1, 1, 2, d.searchNote(1, 1, 2, 0));
-  if (n == nullptr) return -1;
-  switch (g) {
-    case Genre::Durée:
-      return n->bytDurée;
-    case Genre::Attaque:
-      return n->bytAttaque;
-    case Genre::Nuance:
-      return n->bytVolume;
-    default:
-      return n->bytEffet;
-  }
+  return n == nullptr ? -1 : n->*champ(g);
 }
 void donne(CVantoroTablature& d, Genre g, int v) {
-  const int n = d.searchNote(1, 1, 2, 0);
-  switch (g) {
-    case Genre::Durée:
-      d.setNoteDurée(1, 1, 2, n, static_cast<byt>(v));
-      break;
-    case Genre::Attaque:
-      d.setNoteAttaque(1, 1, 2, n, static_cast<byt>(v));
-      break;
-    case Genre::Nuance:
-      d.setNoteVolume(1, 1, 2, n, static_cast<byt>(v));
-      break;
-    default:
-      d.setNoteEffet(1, 1, 2, n, static_cast<byt>(v));
-      break;
-  }
+  const auto set = g == Genre::Durée     ? &CVantoroTablature::setNoteDurée
+                   : g == Genre::Attaque ? &CVantoroTablature::setNoteAttaque
+                   : g == Genre::Nuance  ? &CVantoroTablature::setNoteVolume
+                                         : &CVantoroTablature::setNoteEffet;
+  (d.*set)(1, 1, 2, d.searchNote(1, 1, 2, 0), static_cast<byt>(v));
 }
 
 TEST_F(Barres, EveryButtonWritesItsCodeAndShowsTheStateOfTheNoteUnderTheCursor) {
@@ -266,6 +251,11 @@ TEST_F(Barres, EveryButtonWritesItsCodeAndShowsTheStateOfTheNoteUnderTheCursor) 
         bouton->trigger();
         EXPECT_EQ(valeur(doc(), b.genre), b.code);
         EXPECT_TRUE(bouton->isChecked());
+        EXPECT_TRUE(doc().modifi);
+        // The click is one step of undo.
+        ftab->bouton("tbToolbar", "undo")->trigger();
+        EXPECT_EQ(valeur(doc(), b.genre), autre);
+        ftab->bouton("tbToolbar", "redo")->trigger();
         // And a note typed next takes the length, attack or nuance.
         if (b.genre != Genre::Effet) {
           curseur(1, 0, 4);
@@ -312,6 +302,11 @@ TEST_F(Barres, EveryButtonWritesItsCodeAndShowsTheStateOfTheNoteUnderTheCursor) 
         break;
     }
   }
+  // One length at a time.
+  ftab->DebugInitialisation();
+  noteSousLeCurseur(doc(), *ftab);
+  ftab->bouton("tbRythme", "blanche")->trigger();
+  EXPECT_FALSE(ftab->bouton("tbRythme", "noire")->isChecked());
 }
 
 TEST_F(Barres, TheObjectsButtonsShowWhatStandsAtTheCursor) {
@@ -356,21 +351,6 @@ TEST_F(Barres, AFloatingToolbarSharesItsButtonsAndDocksWhenClosed) {
   ftab->mnutabPistes(1);
   EXPECT_EQ(pistes->barre()->actions(), ftab->barre("tbPistes")->actions());
   EXPECT_EQ(pistes->barre()->actions().size(), 6);
-}
-
-TEST_F(Barres, HiddenToolbarsAreRememberedForTheNextEditor) {
-  ouvre();
-  ftab->mnuTabDisplayToolbar(1);  // tbAttaque
-  ftab->mnuTabDisplayToolbar(4);  // tbVolume
-  EXPECT_TRUE(ftab->barre("tbAttaque")->isHidden());
-  EXPECT_FALSE(ftab->entrée("mnuTabDisplayToolbar_1")->isChecked());
-  EXPECT_TRUE(ftab->entrée("mnuTabDisplayToolbar_0")->isChecked());
-  EXPECT_EQ(vt->settings().cfgTabBarresCachées, "tbAttaque,tbVolume");
-
-  FTab autre(*vt);
-  EXPECT_TRUE(autre.barre("tbAttaque")->isHidden());
-  EXPECT_TRUE(autre.barre("tbVolume")->isHidden());
-  EXPECT_FALSE(autre.barre("tbRythme")->isHidden());
 }
 
 TEST_F(Barres, TheOptionsOpenOnTheEditorsPageFromTheButtonAndOnTheLastOneFromTheMenu) {

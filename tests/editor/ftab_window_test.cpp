@@ -42,8 +42,8 @@ TEST_F(Fenetre, MenusCarryTheStringTableAndLaterCommandsAreDisabled) {
   EXPECT_EQ(ftab->entrée("mnuTabToolAttaque_6")->text().section('\t', 0, 0), "&Natural harmonic");
   for (const char* nom : {"mnuTabTool_6", "mnuTabEdit_3", "mnuTabEdit_9", "mnutabPistes_2"})
     EXPECT_FALSE(ftab->entrée(nom)->isEnabled()) << nom;
-  for (const char* nom : {"mnuTabFile_0", "mnuTabFile_2", "mnuTabFile_11", "mnuTabFile_17", "mnuTabPlay_1",
-                          "mnuTabDisplay_0", "mnuTabEffet_0", "mnutabPistes_1"})
+  for (const char* nom : {"mnuTabFile_0", "mnuTabFile_2", "mnuTabFile_11", "mnuTabFile_17",
+                          "mnuTabPlay_1", "mnuTabDisplay_0", "mnuTabEffet_0", "mnutabPistes_1"})
     EXPECT_TRUE(ftab->entrée(nom)->isEnabled()) << nom;
   // The toolbar's buttons follow their entries.
   EXPECT_TRUE(ftab->bouton("tbToolbar", "nouveau")->isEnabled());
@@ -101,13 +101,14 @@ TEST_F(Fenetre, EscapeIsTheProgramsExit) {
   ftab = nullptr;
 }
 
-TEST_F(Fenetre, TheTracksMenuListsTheTracksAndSelectsOne) {
+TEST_F(Fenetre, TheTracksMenuListsTheTracksSelectsOneAndUndoReturnsToTheSnapshotsTrack) {
   ouvre();
   tGuitare dropD;
   dropD.corde[6] = 38;
   ASSERT_TRUE(doc().addPiste(1, dropD));
   doc().setPisteNom(2, "Basse");
   ftab->tbPistesUpdate();
+  tape("5");
   QAction* deux = ftab->entrée("mnutabPistes_6");
   ASSERT_NE(deux, nullptr);
   EXPECT_EQ(deux->text(), "Track 2 : Basse");
@@ -118,41 +119,11 @@ TEST_F(Fenetre, TheTracksMenuListsTheTracksAndSelectsOne) {
   // The current instrument follows the track: the catalogue's drop D is number 2.
   EXPECT_EQ(vt->settings().setGuitare, 2);
   EXPECT_EQ(vt->guitare().corde[6], 38);
-  ftab->entrée("mnutabPistes_5")->trigger();
-  EXPECT_EQ(vt->settings().setGuitare, 1);
-}
-
-TEST_F(Fenetre, UndoReturnsToTheTrackOfTheSnapshot) {
-  ouvre();
-  ASSERT_TRUE(doc().addPiste(1, vt->guitare()));
-  ftab->tbPistesUpdate();
-  tape("5");
-  ftab->mnutabPistes(6);
-  ASSERT_EQ(doc().CurseurPiste(), 2);
   touche(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(doc().CurseurPiste(), 1);
   EXPECT_TRUE(ftab->entrée("mnutabPistes_5")->isChecked());
+  EXPECT_EQ(vt->settings().setGuitare, 1);
   EXPECT_EQ(fret(1, 1, 0), -1);
-}
-
-TEST_F(Fenetre, TheFretboardShowsTheNotesOfTheCursorsColumn) {
-  ouvre();
-  vt->setMancheVisible(true);
-  QCoreApplication::processEvents();
-  touche(Qt::Key_Right);
-  const QImage vide = vt->manche().image().copy();
-  curseur(1, 0, 2);
-  tape("3");
-  EXPECT_EQ(vt->mancheContenu(), 4);
-  EXPECT_NE(vt->manche().image(), vide) << "a dot at the third fret of the B string";
-  touche(Qt::Key_Right);
-  EXPECT_EQ(vt->manche().image(), vide);
-  // A drum track shows nothing there.
-  touche(Qt::Key_Left);
-  const QImage point = vt->manche().image().copy();
-  doc().setStaffType(1, kStaffBatterie);
-  touche(Qt::Key_Right);
-  EXPECT_EQ(vt->manche().image(), point);
 }
 
 TEST_F(Fenetre, ATypedFretSoundsOnTheTracksChannelWhileItsKeyIsHeld) {
@@ -238,20 +209,6 @@ TEST_F(Fenetre, AFileFromTheCommandLineReplacesTheDocument) {
   EXPECT_FALSE(doc().modifi);
   EXPECT_EQ(ftab->windowTitle(), "Tablature - " + nom + "[*]");
   EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
-
-  // A file that is not a tablature: its message, and the document stays.
-  std::vector<QString> messages;
-  ftab->message = [&](const QString& t, QMessageBox::Icon) { messages.push_back(t); };
-  const QString faux = dossier.filePath("faux.vtb");
-  QFile f(faux);
-  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-  f.write("not a tablature at all");
-  f.close();
-  ftab->ouvreFichierDéposé(faux);
-  ASSERT_EQ(messages.size(), 1u);
-  EXPECT_EQ(messages.front(), "This is not a VTB file!");
-  EXPECT_EQ(fret(2, 3, 48), 7);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
 }
 
 TEST_F(Fenetre, TheEditorsMenusStandInTheMainMenuBarWhileItIsActive) {
