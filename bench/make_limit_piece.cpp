@@ -9,7 +9,7 @@
 #include "formats/vtb.h"
 
 int main(int argc, char** argv) {
-  if (argc < 2 || argc > 3) {
+  if (argc < 2 || argc > 3 || argv[1][0] == '-') {
     std::cerr << "usage: bench_make_limit OUT.vtb [BARS]\n";
     return 2;
   }
