@@ -123,7 +123,10 @@ TEST(VtbWrite, TextsOfAtMost255BytesAreWrittenLongerOnesRefused) {
   // Records written around the checked setters are caught as well.
   CVantoroTablature d2;
   d2.addMesure();
-  d2.pisteMesure(1, 2)->tabTextesDn.push_back(tTexte{12, std::string(300, 'z')});
+  tTexte texteLong;
+  texteLong.intX = 12;
+  texteLong.strContenu.assign(300, 'z');
+  d2.pisteMesure(1, 2)->tabTextesDn.push_back(texteLong);
   e = io_enregistrer_vtb(d2);
   EXPECT_EQ(e.message, msg::kTexteTropLong);
   EXPECT_EQ(e.détail, "track 1, bar 2: lower text at tick 12");
