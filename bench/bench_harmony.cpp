@@ -7,11 +7,10 @@
 #include <QApplication>
 #include <QListWidget>
 #include <QMouseEvent>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <cstdlib>
 #include <memory>
 
+#include "bench_programme.h"
 #include "shell/manche.h"
 #include "shell/manche_geometry.h"
 #include "shell/vt.h"
@@ -21,49 +20,13 @@ namespace {
 
 using namespace vt;
 
-class SonMuet : public SonLive {
- public:
-  void midiOpenOut() override {}
-  void midiOpenIn() override {}
-  void midiCloseOut() override {}
-  void midiCloseIn() override {}
-  void midiNoteOnGlobal(int) override {}
-  void midiNoteOffGlobal(int) override {}
-  void midiController(int, int, int) override {}
-};
-
-struct Banc {
-  QTemporaryDir dossier;
-  std::unique_ptr<VT> vt;
+struct Banc : banc::ProgrammeBanc {
   FHarmony* harmony = nullptr;
 
-  Banc() {
-    const QString réglages = dossier.filePath("settings.ini");
-    {
-      QSettings s(réglages, QSettings::IniFormat);
-      s.setValue("Options/setLang", "10000");
-      s.setValue(QString::fromUtf8("Options/setDémarrage"), "0");
-      s.setValue("Options/Show Tips at Startup", "0");
-      s.setValue("Options/setLoadHelpAccessWndAtStartup", "False");
-      s.setValue("Options/setMancheVisible", "True");
-    }
-    qputenv("VANTORO_SETTINGS", réglages.toUtf8());
-    vt = std::make_unique<VT>();
-    VT::Interactions i;
-    i.getLang = [] { return static_cast<i16>(10000); };
-    i.exec = [](QDialog&) {};
-    i.critique = [](const QString&, const QString&) {};
-    i.information = [](const QString&) {};
-    i.avertissement = [](const QString&) {};
-    vt->setInteractions(i);
-    vt->setSon(std::make_unique<SonMuet>());
-    vt->fenetres().enregistrer(fen::FHarmony, [](VT& v) { return new FHarmony(v); });
-    VT::Démarrage d;
-    d.strAppPath = QStringLiteral(VT_BIN_DIR "/");
-    d.dossierDonnéesUtilisateur = dossier.filePath("data");
-    d.rafraîchirBureau = false;
-    if (!vt->MDIForm_Load(d)) std::abort();
-    vt->resize(1700, 1000);
+  Banc()
+      : ProgrammeBanc([](VT& v) {
+          v.fenetres().enregistrer(fen::FHarmony, [](VT& w) { return new FHarmony(w); });
+        }) {
     harmony = qobject_cast<FHarmony*>(vt->montreFenetre(fen::FHarmony));
     if (harmony == nullptr) std::abort();
     // C, E and G drawn.
