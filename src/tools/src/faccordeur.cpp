@@ -101,13 +101,7 @@ FAccordeur::FAccordeur(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
           [this] { m_vt.montreOptions(QStringLiteral("KeyDiv")); });
   m_btnExit = créeBoutonSkin(this, QRect(268, 350, 40, 40));
   m_btnExit->setObjectName(QStringLiteral("btnExit"));
-  connect(m_btnExit, &VTPictureButton::Click, this, [this] {
-    if (auto* cadre = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-      cadre->close();
-    } else {
-      close();
-    }
-  });
+  connect(m_btnExit, &VTPictureButton::Click, this, [this] { fermeOutil(this); });
   m_optEcoute = créeBoutonSkin(this, QRect(198, 348, 56, 28));
   m_optEcoute->setObjectName(QStringLiteral("optEcoute"));
   connect(m_optEcoute, &VTPictureButton::Click, this, [this] { montreEcoute(!m_pageEcoute); });

@@ -3,6 +3,8 @@
 // faccords_commandes.cpp.
 #include "tools/faccords.h"
 
+#include "habillage_outil.h"
+
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -15,6 +17,7 @@
 
 #include "controls/picture_button.h"
 #include "faccords_vues.h"
+#include "habillage_outil.h"
 #include "music/accord_types.h"
 #include "shell/icones.h"
 #include "shell/skin.h"
@@ -174,13 +177,7 @@ void FAccords::créeControles() {
     if (commandes[i]) {
       connect(m_boutons[i], &VTPictureButton::Click, this, commandes[i]);
     } else {
-      connect(m_boutons[i], &VTPictureButton::Click, this, [this] {
-        if (auto* cadre = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-          cadre->close();
-        } else {
-          close();
-        }
-      });
+      connect(m_boutons[i], &VTPictureButton::Click, this, [this] { fermeOutil(this); });
     }
   }
 }

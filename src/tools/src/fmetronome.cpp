@@ -3,7 +3,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMdiSubWindow>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
@@ -104,13 +103,7 @@ FMetronome::FMetronome(VT& vt, QWidget* parent) : QWidget(parent), m_vt(vt) {
   connect(m_btnStop, &VTPictureButton::Click, this, &FMetronome::metronomeStop);
   m_btnExit = créeBoutonSkin(this, QRect(272, 266, 40, 40));
   m_btnExit->setObjectName(QStringLiteral("btnExit"));
-  connect(m_btnExit, &VTPictureButton::Click, this, [this] {
-    if (auto* cadre = qobject_cast<QMdiSubWindow*>(parentWidget())) {
-      cadre->close();
-    } else {
-      close();
-    }
-  });
+  connect(m_btnExit, &VTPictureButton::Click, this, [this] { fermeOutil(this); });
   m_btnOptions = créeBoutonSkin(this, QRect(160, 330, 48, 48));
   m_btnOptions->setObjectName(QStringLiteral("btnOptions"));
   connect(m_btnOptions, &VTPictureButton::Click, this,

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QListWidget>
+#include <QMdiSubWindow>
 #include <QPixmap>
 #include <QRegularExpression>
 
@@ -83,6 +84,14 @@ QLabel* créeTexte(QWidget* parent, const QString& nom, const QRect& boîte, int
 
 void toutesNotesOff(VT& vt) {
   vt.son().midiController(kToutesNotesOff, 0, vt.settings().setMIDIchannel);
+}
+
+void fermeOutil(QWidget* fenêtre) {
+  if (auto* cadre = qobject_cast<QMdiSubWindow*>(fenêtre->parentWidget())) {
+    cadre->close();
+  } else {
+    fenêtre->close();
+  }
 }
 
 }  // namespace vt

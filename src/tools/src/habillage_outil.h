@@ -45,4 +45,8 @@ QLabel* créeTexte(QWidget* parent, const QString& nom, const QRect& boîte, int
 // Controller 123 on the settings' channel.
 void toutesNotesOff(VT& vt);
 
+// The Exit button of a tool: closes the window's frame in the main window,
+// or the window itself when it stands alone.
+void fermeOutil(QWidget* fenêtre);
+
 }  // namespace vt
