@@ -305,7 +305,9 @@ const std::string kTexte =
     "A|---------|\n"
     "E|3--------|\n";
 
-TEST_F(Import, TheAsciiTextIsShownAndTheRhythmToolbarHasOneButtonDown) {
+// The text is shown; one rhythm button is down at a time, each with its
+// length, the eighth at the start; the one down is the column length of the conversion.
+TEST_F(Import, TheAsciiTextIsShownAndConvertedWithTheChosenColumnLength) {
   auto d = ascii(écrire("tab.txt", kTexte));
   ASSERT_TRUE(d->lu());
   auto* montré = enfant<QPlainTextEdit>(d.get(), "txtTab");
@@ -315,7 +317,6 @@ TEST_F(Import, TheAsciiTextIsShownAndTheRhythmToolbarHasOneButtonDown) {
   EXPECT_TRUE(montré->isReadOnly());
   EXPECT_EQ(enfant<QAction>(d.get(), "tbRythme_ronde")->toolTip(), "Whole note");
   EXPECT_EQ(enfant<QAction>(d.get(), "tbRythme_quadruple")->toolTip(), "Sixty-fourth note");
-  // One down at a time, each with its length; the eighth at the start.
   const int ticks[] = {192, 96, 48, 24, 12, 6, 3};
   for (int i = 0; i <= Ftab2vtb::kRythmes; ++i) {
     if (i > 0) d->boutonRythme(i)->trigger();
@@ -324,10 +325,6 @@ TEST_F(Import, TheAsciiTextIsShownAndTheRhythmToolbarHasOneButtonDown) {
     for (int j = 1; j <= Ftab2vtb::kRythmes; ++j)
       EXPECT_EQ(d->boutonRythme(j)->isChecked(), j == enfoncé) << i << " " << j;
   }
-}
-
-TEST_F(Import, AsciiConvertReplacesTheDocumentWithTheChosenColumnLength) {
-  auto d = ascii(écrire("tab.txt", kTexte));
   enfant<QAction>(d.get(), "tbRythme_double")->trigger();
   ok(*d);
   ASSERT_TRUE(d->remplace());
