@@ -312,6 +312,17 @@ TEST_F(Barres, TheOptionsOpenOnTheEditorsPageFromTheButtonAndOnTheLastOneFromThe
   ftab->entrée("mnuTabFile_16")->trigger();
   EXPECT_EQ(journal, (Journal{"load"}));
   EXPECT_EQ(modales, (std::vector<QString>{fen::FOptions, fen::FOptions}));
+  // Options that are a plain window are shown, on the editor's page too.
+  struct OptionsFenetre : FenetreEssai, FenetreOptions {
+    OptionsFenetre(VT& v, Journal& j) : FenetreEssai(v, fen::FOptions, j) {}
+    void selectTab(const QString& clé) override { m_j.push_back("tab " + clé); }
+  };
+  vt->fenetres().enregistrer(
+      fen::FOptions, [this](VT& v) { return new OptionsFenetre(v, journal); },
+      RegistreFenetres::Genre::Dialogue);
+  journal.clear();
+  ftab->bouton("tbToolbar", "options")->trigger();
+  EXPECT_TRUE(contient(journal, "tab KeyTab"));
 }
 
 TEST(EtatOutils, TheAttackCommandsFollowTheShiftKeysOrder) {
