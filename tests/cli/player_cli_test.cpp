@@ -84,14 +84,14 @@ TEST_F(CliPlay, BeatsAndMarkersAndRefusals) {
     clics += l.octets == "90 21 7F" ? 1 : 0;
   EXPECT_EQ(clics, 2);  // a bar of 2/4: two clicks, on channel 1 (the setting's default)
 
-  r = lancer("play " + c("a.vtb") + " --markers --log");
-  EXPECT_EQ(r.code, 2);  // both markers at bar 1, X 0
-  EXPECT_NE(r.erreurs.find("--markers"), std::string::npos);
-  r = lancer("play " + c("a.vtb") + " --from 3 --log");
-  EXPECT_EQ(r.code, 2);
-  r = lancer("play " + c("absent.vtb") + " --log");
-  EXPECT_EQ(r.code, 1);
-  EXPECT_TRUE(r.sortie.empty());
+  // Both markers at bar 1, X 0; no bar 3; no file.
+  for (const auto& [arguments, code, message] :
+       {std::tuple{" --markers", 2, "--markers"}, {" --from 3", 2, ""}, {"", 1, ""}}) {
+    r = lancer("play " + c(code == 1 ? "absent.vtb" : "a.vtb") + arguments + " --log");
+    EXPECT_EQ(r.code, code) << arguments;
+    EXPECT_NE(r.erreurs.find(message), std::string::npos);
+    EXPECT_TRUE(r.sortie.empty());
+  }
 }
 
 TEST_F(CliPlay, LoopStopsCleanlyOnCtrlC) {
@@ -129,13 +129,12 @@ TEST_F(CliPlay, ConvertToWavRendersThePieceAndItsTail) {
   ASSERT_EQ(r.code, 0) << r.erreurs;
   const std::string w = lireTout(dossier_ / "a.wav");
   ASSERT_GE(w.size(), 44u);
-  EXPECT_EQ(w.substr(0, 4), "RIFF");
-  EXPECT_EQ(mot32(w, 4), w.size() - 8);
-  EXPECT_EQ(w.substr(8, 8), "WAVEfmt ");
-  EXPECT_EQ(mot16(w, 20), 1);  // PCM
-  EXPECT_EQ(mot16(w, 22), 2);
-  EXPECT_EQ(mot32(w, 24), 44100u);
-  EXPECT_EQ(mot16(w, 34), 16);
+  EXPECT_EQ(w.substr(0, 4) + w.substr(8, 8), "RIFFWAVEfmt ");
+  // Sizes, PCM, two channels, 44.1 kHz, 16 bits.
+  EXPECT_EQ((std::vector<std::uint32_t>{mot32(w, 4), std::uint32_t(mot16(w, 20)),
+                                        std::uint32_t(mot16(w, 22)), mot32(w, 24),
+                                        std::uint32_t(mot16(w, 34))}),
+            (std::vector<std::uint32_t>{std::uint32_t(w.size() - 8), 1, 2, 44100, 16}));
   const std::size_t data = w.find("data");
   ASSERT_NE(data, std::string::npos);
   const double ms = mot32(w, data + 4) / 4.0 / 44.1;

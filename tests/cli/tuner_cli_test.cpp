@@ -20,26 +20,15 @@ class CliAccordeur : public CliBanc {
   // `coupe` bytes.
   template <class F>
   void wav(const std::string& nom, std::uint32_t n, F échantillon, std::size_t coupe = 0) {
-    std::string o = "RIFF____WAVEfmt ";
-    const auto u32 = [&](std::uint32_t v) {
-      for (int i = 0; i < 4; ++i)
+    // Format chunk: 16 bytes, PCM, mono, 44100 Hz, 88200 bytes a second, 2 to a sample, 16 bits.
+    std::string o("RIFF____WAVEfmt \x10\0\0\0\1\0\1\0\x44\xAC\0\0\x88\x58\1\0\2\0\x10\0data", 40);
+    const auto octets = [&](std::uint32_t v, int k) {
+      for (int i = 0; i < k; ++i)
         o.push_back(char(v >> (8 * i)));
     };
-    const auto u16 = [&](unsigned v) {
-      o.push_back(char(v & 0xFF));
-      o.push_back(char(v >> 8));
-    };
-    u32(16);
-    u16(1);
-    u16(1);
-    u32(44100);
-    u32(88200);
-    u16(2);
-    u16(16);
-    o += "data";
-    u32(2 * n);
+    octets(2 * n, 4);
     for (std::uint32_t i = 0; i < n; ++i)
-      u16(static_cast<std::uint16_t>(échantillon(i)));
+      octets(static_cast<std::uint16_t>(échantillon(i)), 2);
     if (coupe) o.resize(coupe);
     std::ofstream(dossier_ / nom, std::ios::binary) << o;
   }
@@ -54,9 +43,7 @@ TEST_F(CliAccordeur, PitchOfAnOpenStringTheToolRendered) {
   ASSERT_EQ(lancer("convert " + c("e.vtb") + " " + c("e.wav")).code, 0);
 
   const json j = jsonDe("pitch " + c("e.wav"));
-  EXPECT_EQ(j["midi"], 40);
-  EXPECT_EQ(j["note"], "E");
-  EXPECT_EQ(j["string"], 6);
+  EXPECT_EQ(std::tuple(j["midi"], j["note"], j["string"]), std::tuple(40, "E", 6));
   // The SoundFont's own sample lies a few cents off its nominal pitch.
   EXPECT_NEAR(j["hz"].get<double>(), 82.41, 0.5);
   EXPECT_LT(std::abs(j["cents"].get<double>()), 10);
