@@ -9,18 +9,14 @@ namespace {
 
 TEST(NewDocument, HasOneTrackOfOneEmptyFourFourBar) {
   CVantoroTablature doc;
-  EXPECT_EQ(doc.getPisteLast(), 1);
-  EXPECT_EQ(doc.getMesureLast(), 1);
-  EXPECT_EQ(doc.getMesureLargeur(1), 192);
-  for (int c = 1; c <= 6; ++c)
-    EXPECT_EQ(doc.getNoteLast(1, 1, c), 0);
-  EXPECT_EQ(doc.getNoteLast(1, 1, 7), 0);  // no seventh string: answered, not reached
-  EXPECT_EQ(doc.getMesureTempoLast(1), 0);
-  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), 0);
-  EXPECT_EQ(doc.getMesureTonalitéMode(1), kVrai);
-  EXPECT_EQ(doc.isMarkerCorrect(), kFaux);
-  EXPECT_EQ(doc.tempo, 120);
-  EXPECT_EQ(doc.modifi, kFaux);
+  int notes = 0;
+  for (int c = 1; c <= 7; ++c)  // no seventh string: answered, not reached
+    notes += doc.getNoteLast(1, 1, c);
+  EXPECT_EQ((std::vector<int>{doc.getPisteLast(), doc.getMesureLast(), doc.getMesureLargeur(1),
+                              notes, doc.getMesureTempoLast(1), doc.getMesureTonalitéAltérations(1),
+                              doc.getMesureTonalitéMode(1), doc.isMarkerCorrect(), doc.tempo,
+                              doc.modifi}),
+            (std::vector<int>{1, 1, 192, 0, 0, 0, kVrai, kFaux, 120, kFaux}));
   EXPECT_EQ(validateDocument(doc), "");
 }
 
@@ -64,18 +60,20 @@ TEST(NoteLengths, RoundDownOntoTheSeventeenValuesWhichMapToThemselves) {
 }
 
 TEST(KeyByte, DecodesAccidentalsAndMode) {
-  CVantoroTablature doc;
-  doc.setMesureTonalité(1, 79);  // 64 + 8 + 7: C sharp minor
-  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), 7);
-  EXPECT_EQ(doc.getMesureTonalitéMode(1), kFaux);
-  doc.setMesureTonalité(1, 1);  // 8 - 7: C flat major
-  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), -7);
-  EXPECT_EQ(doc.getMesureTonalitéMode(1), kVrai);
-  doc.setMesureTonalitéDétails(1, -1, kVrai);  // F major
-  EXPECT_EQ(doc.getMesureTonalité(1), 7);
-  doc.setMesureTonalitéDétails(1, 3, kFaux);  // F sharp minor
-  EXPECT_EQ(doc.getMesureTonalité(1), 75);
-  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), 3);
+  // C sharp minor (64 + 8 + 7), C flat major (8 - 7), F major, F sharp minor.
+  const struct {
+    int octet, altérations;
+    vbool majeur;
+  } cas[] = {{79, 7, kFaux}, {1, -7, kVrai}, {7, -1, kVrai}, {75, 3, kFaux}};
+  for (const auto& k : cas) {
+    CVantoroTablature doc;
+    doc.setMesureTonalité(1, static_cast<byt>(k.octet));
+    EXPECT_EQ(std::pair(doc.getMesureTonalitéAltérations(1), doc.getMesureTonalitéMode(1)),
+              std::pair(k.altérations, k.majeur));
+    doc.setMesureTonalité(1, 0);
+    doc.setMesureTonalitéDétails(1, k.altérations, k.majeur);
+    EXPECT_EQ(doc.getMesureTonalité(1), k.octet);
+  }
 }
 
 TEST(Beats, FollowTheNumeratorRuleAndTheSignatureGivesTheWidth) {
@@ -104,13 +102,11 @@ TEST(Beats, BeatNumberOfANoteAndNoRuleGivesNoBeat) {
 
 TEST(Signature, RefusesWhatWouldBreakTheTickArithmetic) {
   CVantoroTablature doc;
-  EXPECT_FALSE(doc.setMesureSignature(1, 0, 4));
-  EXPECT_FALSE(doc.setMesureSignature(1, 4, 0));
-  EXPECT_FALSE(doc.setMesureSignature(1, 4, 3));
-  EXPECT_FALSE(doc.setMesureSignature(1, 255, 1));  // 48960 ticks: past 16 bits
-  EXPECT_FALSE(doc.setMesureSignature(2, 3, 4));    // no such bar
-  EXPECT_EQ(doc.getMesureSignatureUp(1), 4);
-  EXPECT_EQ(doc.getMesureSignatureDn(1), 4);
+  // 255/1 is 48960 ticks, past 16 bits; there is no bar 2.
+  for (const auto& [m, haut, bas] :
+       {std::tuple{1, 0, 4}, {1, 4, 0}, {1, 4, 3}, {1, 255, 1}, {2, 3, 4}})
+    EXPECT_FALSE(doc.setMesureSignature(m, haut, bas)) << haut << "/" << bas;
+  EXPECT_EQ(std::pair(doc.getMesureSignatureUp(1), doc.getMesureSignatureDn(1)), std::pair(4, 4));
   EXPECT_TRUE(doc.setMesureSignature(1, 170, 1));
 }
 
