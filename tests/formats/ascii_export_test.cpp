@@ -42,17 +42,11 @@ TEST(AsciiExport, HeadFrenchLabelsAndOneBlock) {
   poser(doc, 1, 1, 6, 144, 0, 48, effet::kTrill);
   poser(doc, 1, 2, 3, 0, 7, 192, effet::kSlideDown);
   EXPECT_EQ(lignes(io_enregistrer_txt(doc, 1)),
-            (std::vector<std::string>{"Titre: Song", "Sous-titre: Sub", "Auteur: Me", "Copyright: (c)",
-                                      "Commentaires: Hello", "Tempo: 96", "",
-                                      " 4/4              ",
-                                      "|-3H-5~------|---|",
-                                      "|------12^---|---|",
-                                      "|------------|-7\\|",
-                                      "|------------|---|",
-                                      "|------------|---|",
-                                      "|----------0t|---|",
-                                      "                  ",
-                                      ""}));
+            (std::vector<std::string>{
+                "Titre: Song", "Sous-titre: Sub", "Auteur: Me", "Copyright: (c)",
+                "Commentaires: Hello", "Tempo: 96", "", " 4/4              ", "|-3H-5~------|---|",
+                "|------12^---|---|", "|------------|-7\\|", "|------------|---|",
+                "|------------|---|", "|----------0t|---|", "                  ", ""}));
 }
 
 TEST(AsciiExport, EmptyFieldsLeftOutAndEmptyBarsTakeThreeColumns) {
@@ -93,19 +87,16 @@ TEST(AsciiExport, BarLinesRepeatsAndASignatureLabelWiderThanItsBarWidensItSoColu
   // Five strings: the dots stand on strings 2 and 3, below the middle.
   EXPECT_EQ(lignes(io_enregistrer_txt(doc, 1)),
             (std::vector<std::string>{"Tempo: 120", "", " 4/4   3/4    4/4   ",
-                                      "|---||-----|||---|||",
-                                      "|---||*---*|||---|||",
-                                      "|---||*---*|||---|||",
-                                      "|---||-----|||---|||",
-                                      "|---||-----|||---|||",
-                                      std::string(20, ' '),
-                                      ""}));
+                                      "|---||-----|||---|||", "|---||*---*|||---|||",
+                                      "|---||*---*|||---|||", "|---||-----|||---|||",
+                                      "|---||-----|||---|||", std::string(20, ' '), ""}));
 }
 
 TEST(AsciiExport, BlocksBreakAtTheWidthAndAWiderBarStandsAloneWithNoEmptyBlockBeforeIt) {
   CVantoroTablature doc = test::document(4);
-  for (int m = 1; m <= 4; ++m) poser(doc, 1, m, 1, 0, m, 48);  // 13 columns a bar
-  poser(doc, 1, 3, 2, 0, 1, 12);                                  // 49 columns
+  for (int m = 1; m <= 4; ++m)
+    poser(doc, 1, m, 1, 0, m, 48);  // 13 columns a bar
+  poser(doc, 1, 3, 2, 0, 1, 12);    // 49 columns
   auto blocs = [&](int largeur) {
     std::vector<std::string> premières;
     const auto l = lignes(io_enregistrer_txt(doc, 1, largeur));

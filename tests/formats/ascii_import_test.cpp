@@ -145,14 +145,12 @@ TEST(AsciiImportColumns, FretsTwoDigitsEffectsAndBars) {
   EXPECT_EQ(notes(doc), (std::vector<std::string>{"1:1:24:0", "1:1:72:2", "1:3:48:5", "1:3:96:7",
                                                   "1:5:120:3", "1:5:168:1", "2:1:24:12",
                                                   "2:1:72:10", "2:4:96:2", "2:4:144:4"}));
-  EXPECT_EQ(doc.getNoteEffet(1, 1, 1, 1), effet::kHammerOn);
-  EXPECT_EQ(doc.getNoteEffet(1, 1, 3, 1), effet::kSlideUp);
-  EXPECT_EQ(doc.getNoteEffet(1, 1, 5, 1), effet::kSlideDown);
-  EXPECT_EQ(doc.getNoteEffet(1, 2, 1, 1), effet::kPullOff);
-  EXPECT_EQ(doc.getNoteEffet(1, 2, 4, 1), effet::kBendUp);
-  EXPECT_EQ(doc.getNoteEffet(1, 2, 4, 2), 0);
-  EXPECT_EQ(doc.getNoteVolume(1, 1, 1, 1), 127);
-  EXPECT_EQ(doc.getNoteDurée(1, 1, 1, 1), 24);
+  EXPECT_EQ((std::vector<int>{doc.getNoteEffet(1, 1, 1, 1), doc.getNoteEffet(1, 1, 3, 1),
+                              doc.getNoteEffet(1, 1, 5, 1), doc.getNoteEffet(1, 2, 1, 1),
+                              doc.getNoteEffet(1, 2, 4, 1), doc.getNoteEffet(1, 2, 4, 2)}),
+            (std::vector<int>{effet::kHammerOn, effet::kSlideUp, effet::kSlideDown, effet::kPullOff,
+                              effet::kBendUp, 0}));
+  EXPECT_EQ(*doc.getNote(1, 1, 1, 1), (tNote{0, 24, 24, effet::kHammerOn, 0, 0, 127}));
   EXPECT_EQ(doc.getMesureLast(), 3);  // the closing bar line took the next bar at once
 }
 
@@ -181,10 +179,10 @@ TEST(AsciiImportBlocks, SevenStringsSixReadTextBetweenBlocksSkippedLineEnds) {
   }
   attendu.insert(attendu.end(), {"2:1:72:10", "2:2:72:3"});
   EXPECT_EQ(notes(retour), attendu);
-  EXPECT_EQ(retour.getNoteEffet(1, 2, 1, 1), 0);
-  EXPECT_EQ(retour.getNoteEffet(1, 2, 2, 1), effet::kSlideUp);
-  EXPECT_EQ(retour.getMesureLoopGaucheType(2), barre::kRepetition);
-  EXPECT_EQ(retour.getMesureLoopDroiteType(2), barre::kRepetition);
+  EXPECT_EQ(
+      (std::vector<int>{retour.getNoteEffet(1, 2, 1, 1), retour.getNoteEffet(1, 2, 2, 1),
+                        retour.getMesureLoopGaucheType(2), retour.getMesureLoopDroiteType(2)}),
+      (std::vector<int>{0, effet::kSlideUp, barre::kRepetition, barre::kRepetition}));
 
   // The same text with LF line ends reads the same.
   std::string lf;
@@ -196,10 +194,8 @@ TEST(AsciiImportBlocks, SevenStringsSixReadTextBetweenBlocksSkippedLineEnds) {
 }
 
 TEST(AsciiImportSteps, RhythmButtonsStepsAndTheFile) {
-  EXPECT_EQ(rythmeAscii(1), 192);
-  EXPECT_EQ(rythmeAscii(4), 24);
-  EXPECT_EQ(rythmeAscii(7), 3);
-  EXPECT_EQ(rythmeAscii(8), 0);
+  EXPECT_EQ((std::vector<int>{rythmeAscii(1), rythmeAscii(4), rythmeAscii(7), rythmeAscii(8)}),
+            (std::vector<int>{192, 24, 3, 0}));
   std::vector<int> étapes;
   CVantoroTablature doc;
   EXPECT_EQ(convertirAscii("no tab", {}, doc, [&](int id) { étapes.push_back(id); }).stringId,

@@ -7,25 +7,21 @@ namespace vt {
 namespace {
 
 TEST(Hex, PaddingAndBytes) {
-  EXPECT_EQ(hexPad2(0x5), "05");
-  EXPECT_EQ(hexPad2(0x1AB), "1AB");  // never cut
-  EXPECT_EQ(hexPad6(500000), "07A120");
-  EXPECT_EQ(hexPad8(0), "00000000");
-  EXPECT_EQ(hexPadEven("ABC"), "0ABC");
-  EXPECT_EQ(hexPadEven("AB"), "AB");
+  // hexPad2 never cuts.
+  EXPECT_EQ((std::vector<std::string>{hexPad2(0x5), hexPad2(0x1AB), hexPad6(500000), hexPad8(0),
+                                      hexPadEven("ABC"), hexPadEven("AB"), textToHex("Ab")}),
+            (std::vector<std::string>{"05", "1AB", "07A120", "00000000", "0ABC", "AB", "4162"}));
   EXPECT_EQ(hexToBytes("0"), test::octets({0}));
   EXPECT_EQ(hexToBytes("4D5468"), test::octets({0x4D, 0x54, 0x68}));
   EXPECT_EQ(hexToBytes("4D5"), test::octets({0x4D, 0x05}));
-  EXPECT_EQ(textToHex("Ab"), "4162");
 }
 
 TEST(Hex, VariableLengthQuantities) {
-  EXPECT_EQ(bytesToVarLen(0), "00");
-  EXPECT_EQ(bytesToVarLen(0x7F), "7F");
-  EXPECT_EQ(bytesToVarLen(0x80), "8100");
-  EXPECT_EQ(bytesToVarLen(0x3FFF), "FF7F");
-  EXPECT_EQ(bytesToVarLen(0x0FFFFFFF), "FFFFFF7F");
-  EXPECT_EQ(bytesToVarLen(0xFFFFFFFF), "FFFFFF7F");  // held to four bytes
+  // Held to four bytes.
+  EXPECT_EQ((std::vector<std::string>{bytesToVarLen(0), bytesToVarLen(0x7F), bytesToVarLen(0x80),
+                                      bytesToVarLen(0xFF), bytesToVarLen(0x3FFF),
+                                      bytesToVarLen(0x0FFFFFFF), bytesToVarLen(0xFFFFFFFF)}),
+            (std::vector<std::string>{"00", "7F", "8100", "817F", "FF7F", "FFFFFF7F", "FFFFFF7F"}));
   for (std::uint32_t n : {0u, 1u, 127u, 128u, 300u, 16383u, 16384u, 0x0FFFFFFFu})
     EXPECT_EQ(varLenToNumber(hexToBytes(bytesToVarLen(n))), n);
   // Never more than four bytes are read, whatever follows.
@@ -34,10 +30,9 @@ TEST(Hex, VariableLengthQuantities) {
 }
 
 TEST(Hex, WheelLowSevenBitsFirst) {
-  EXPECT_EQ(wheelToHex(8192), "0040");
-  EXPECT_EQ(wheelToHex(9536), "404A");
-  EXPECT_EQ(wheelToHex(16383), "7F7F");
-  EXPECT_EQ(wheelToHex(-5), "0000");
+  EXPECT_EQ((std::vector<std::string>{wheelToHex(8192), wheelToHex(9536), wheelToHex(16383),
+                                      wheelToHex(-5)}),
+            (std::vector<std::string>{"0040", "404A", "7F7F", "0000"}));
 }
 
 }  // namespace
