@@ -92,16 +92,13 @@ TEST(VtbDamage, CountsBeyondTheBytesAreRefusedBeforeAnythingIsBuilt) {
   test::Octets o;
   o.raw("VTB").b(8).b(255).bs({0, 0, 0, 0, 0}).b(120).b(0).b(0).be16(32767).raw("TRK0");
   o.v.resize(o.v.size() + 4096, 0);
-  VtbLecture r = io_ouvrir_vtb(o.v, test::contexte());
-  EXPECT_EQ(r.messages, std::vector<int>{6005});
-
+  EXPECT_EQ(io_ouvrir_vtb(o.v, test::contexte()).messages, std::vector<int>{6005});
   // A bar count past the document's limit, and none at all.
   for (int mesures : {0, 32768, 65535}) {
     test::Octets z;
     z.raw("VTB").b(8).b(1).bs({0, 0, 0, 0, 0}).b(120).b(0).b(0).be16(mesures).raw("TRK0");
     z.v.resize(z.v.size() + 400000, 0);
-    r = io_ouvrir_vtb(z.v, test::contexte());
-    EXPECT_EQ(r.messages, std::vector<int>{6005}) << mesures;
+    EXPECT_EQ(io_ouvrir_vtb(z.v, test::contexte()).messages, std::vector<int>{6005}) << mesures;
   }
 }
 
@@ -122,14 +119,12 @@ TEST(VtbDamage, BodiesThatBreakTheRulesAreRefused) {
   o.raw("TRK").b(1).str("").str("").b(1).b(40).b(0).b(24).b(0).be32(0).b(27).b(127).bs(
       {64, 0, 0, 0, 0, 1, 0, 0, 0});
   o.b(0).b(0).b(0).b(2).bs({1, 0, 0, 127, 0, 48, 12}).bs({2, 0, 0, 127, 0, 0, 12}).raw("END");
-  VtbLecture r = io_ouvrir_vtb(o.v, test::contexte());
+  const VtbLecture r = io_ouvrir_vtb(o.v, test::contexte());
   EXPECT_EQ(r.messages, std::vector<int>{6005});
   EXPECT_NE(r.détail.find("note list"), std::string::npos) << r.détail;
-
   ASSERT_EQ(o.v[21], 4);  // the bar's denominator
   o.v[21] = 0;
-  r = io_ouvrir_vtb(o.v, test::contexte());
-  EXPECT_EQ(r.messages, std::vector<int>{6005});
+  EXPECT_EQ(io_ouvrir_vtb(o.v, test::contexte()).messages, std::vector<int>{6005});
 }
 
 TEST(VtbDamage, BytesAfterTheEndAreIgnored) {

@@ -112,13 +112,12 @@ TEST_F(VtbFile, FailedSavesLeaveTheOldFileWholeSinceTheyWriteATemporaryFileFirst
 }
 
 TEST_F(VtbFile, OpenReportsMissingAndUnreadableFiles) {
-  VtbLecture r = io_ouvrir_vtb(dossier_ / "absent.vtb", test::contexte());
-  EXPECT_EQ(r.messages, std::vector<int>{msg::kFichierIntrouvable});
-  r = io_ouvrir_vtb(dossier_, test::contexte());
-  EXPECT_EQ(r.messages, std::vector<int>{msg::kLectureImpossible});
   poser(dossier_ / "empty.vtb", "");
-  r = io_ouvrir_vtb(dossier_ / "empty.vtb", test::contexte());
-  EXPECT_EQ(r.messages, (std::vector<int>{6005, 6004}));
+  for (const auto& [chemin, messages] :
+       {std::pair{dossier_ / "absent.vtb", std::vector<int>{msg::kFichierIntrouvable}},
+        {dossier_, {msg::kLectureImpossible}},
+        {dossier_ / "empty.vtb", {6005, 6004}}})
+    EXPECT_EQ(io_ouvrir_vtb(chemin, test::contexte()).messages, messages) << chemin;
 }
 
 // Runs `corps` in a child process and gives its exit status (-1 when it did

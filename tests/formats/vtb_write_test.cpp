@@ -97,17 +97,16 @@ TEST(VtbWrite, BankFlagsAndTrackNumbers) {
   const auto à = [&](int p, std::size_t k) {
     return f[début + piste * static_cast<std::size_t>(p - 1) + k];
   };
-  for (int p = 1; p <= 3; ++p) {
-    EXPECT_EQ(à(p, 3), p);       // "TRK" and the number from 1
-    EXPECT_EQ(à(p, 10), p - 1);  // the number less 1
-  }
-  EXPECT_EQ((std::vector<int>{à(1, 11), à(1, 12), à(1, 13), à(1, 14)}),
-            (std::vector<int>{0, 0, 0, 5}));
-  EXPECT_EQ((std::vector<int>{à(2, 11), à(2, 12), à(2, 13), à(2, 14)}),
-            (std::vector<int>{255, 255, 255, 254}));
-  EXPECT_EQ(à(1, 24), 3);  // solo and mute
-  EXPECT_EQ(à(2, 24), 1);
-  EXPECT_EQ(à(3, 24), 2);
+  // "TRK" and the number from 1, the number less 1, the bank, solo and mute.
+  const auto tête = [&](int p) {
+    std::vector<int> v;
+    for (std::size_t k : {3, 10, 11, 12, 13, 14, 24})
+      v.push_back(à(p, k));
+    return v;
+  };
+  EXPECT_EQ(tête(1), (std::vector<int>{1, 0, 0, 0, 0, 5, 3}));
+  EXPECT_EQ(tête(2), (std::vector<int>{2, 1, 255, 255, 255, 254, 1}));
+  EXPECT_EQ(tête(3), (std::vector<int>{3, 2, 0, 0, 0, 0, 2}));
 }
 
 TEST(VtbWrite, TextsOfAtMost255BytesAreWrittenLongerOnesRefused) {
@@ -116,8 +115,8 @@ TEST(VtbWrite, TextsOfAtMost255BytesAreWrittenLongerOnesRefused) {
   EXPECT_TRUE(io_enregistrer_vtb(d).ok());
   d.Comments = std::string(256, 'y');
   VtbEcriture e = io_enregistrer_vtb(d);
-  EXPECT_EQ(e.message, msg::kTexteTropLong);
-  EXPECT_EQ(e.détail, "Comments");
+  EXPECT_EQ(std::pair(e.message, e.détail),
+            std::pair(msg::kTexteTropLong, std::string("Comments")));
   EXPECT_TRUE(e.octets.empty());
 
   // Records written around the checked setters are caught as well.
@@ -128,8 +127,8 @@ TEST(VtbWrite, TextsOfAtMost255BytesAreWrittenLongerOnesRefused) {
   texteLong.strContenu.assign(300, 'z');
   d2.pisteMesure(1, 2)->tabTextesDn.push_back(texteLong);
   e = io_enregistrer_vtb(d2);
-  EXPECT_EQ(e.message, msg::kTexteTropLong);
-  EXPECT_EQ(e.détail, "track 1, bar 2: lower text at tick 12");
+  EXPECT_EQ(std::pair(e.message, e.détail),
+            std::pair(msg::kTexteTropLong, std::string("track 1, bar 2: lower text at tick 12")));
 }
 
 TEST(VtbWrite, DocumentBreakingItsRulesIsNotWritten) {
