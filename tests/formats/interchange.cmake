@@ -6,8 +6,6 @@ list(APPEND VT_FORMATS_TEST_SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/midi_midicsv_test.cpp
   ${CMAKE_CURRENT_LIST_DIR}/midi_reader_test.cpp
   ${CMAKE_CURRENT_LIST_DIR}/midi_import_test.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/midi_fixtures_test.cpp
   ${CMAKE_CURRENT_LIST_DIR}/midi_roundtrip_test.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/ascii_export_test.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/ascii_import_test.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/ascii_test.cpp
 )
