@@ -132,14 +132,10 @@ int dansUnEnfant(F corps) {
   return WIFEXITED(statut) ? WEXITSTATUS(statut) : -1;
 }
 
-class SaveFaults : public ::testing::Test {
+class SaveFaults : public VtbFile {
  protected:
   void SetUp() override {
-    dossier_ = fs::temp_directory_path() /
-               ("vt_save_faults_" + std::to_string(::getpid()) + "_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dossier_);
-    fs::create_directories(dossier_);
+    VtbFile::SetUp();
     cible_ = dossier_ / "piece.vtb";
     CVantoroTablature ancien;
     ancien.titre = "the old piece";
@@ -157,7 +153,6 @@ class SaveFaults : public ::testing::Test {
     nouveauContenu_ = std::string(e.octets.begin(), e.octets.end());
     ASSERT_GT(nouveauContenu_.size(), 4096u);
   }
-  void TearDown() override { fs::remove_all(dossier_); }
 
   // Saves the new document over the old file; the child's exit status says
   // 0 when the save was refused with the write message and the document is
@@ -170,15 +165,7 @@ class SaveFaults : public ::testing::Test {
                : 1;
   }
 
-  // The folder holds the target alone: no temporary file was left behind.
-  void seulementLaCible() {
-    std::vector<std::string> noms;
-    for (const auto& e : fs::directory_iterator(dossier_))
-      noms.push_back(e.path().filename().string());
-    EXPECT_EQ(noms, std::vector<std::string>{"piece.vtb"});
-  }
-
-  fs::path dossier_, cible_;
+  fs::path cible_;
   std::string ancienContenu_, nouveauContenu_;
   CVantoroTablature nouveau_;
 };
@@ -227,7 +214,7 @@ TEST_F(SaveFaults, AFullDiskKeepsTheOldFileAndTheDocumentChanged) {
   });
   EXPECT_EQ(statut, 0);
   EXPECT_EQ(contenu(cible_), ancienContenu_);
-  seulementLaCible();
+  EXPECT_EQ(noms(), std::vector<std::string>{"piece.vtb"});  // no temporary file left behind
 }
 
 }  // namespace
