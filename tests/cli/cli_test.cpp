@@ -43,19 +43,14 @@ TEST_F(Cli, InfoSummarisesAFile) {
 TEST_F(Cli, DumpShowsEveryFieldOfAVersion5File) {
   poser("v5.vtb", test::fichierVersion5({64, 59, 55, 50, 45, 38}));
   const json d = jsonDe("dump " + c("v5.vtb"));
-  EXPECT_EQ(d["titre"], "Titre été");
-  EXPECT_EQ(d["Auteur"], "Auteur");
-  EXPECT_EQ(d["tempo"], 132);
-  EXPECT_EQ(d["TripleFeel"], false);
-  ASSERT_EQ(d["mesures"].size(), 3u);
+  EXPECT_EQ((json{d["titre"], d["Auteur"], d["tempo"], d["TripleFeel"], d["mesures"].size()}),
+            (json{"Titre été", "Auteur", 132, false, 3}));
   EXPECT_EQ(d["mesures"][0], json::parse(R"({"bytSignatureUp":3,"bytSignatureDn":4,"bytTonalité":8,
       "bytLoopGaucheType":0,"bytLoopGaucheData":0,"bytLoopDroiteType":1,"bytLoopDroiteData":0,"tempos":[]})"));
-  EXPECT_EQ(d["mesures"][1]["bytLoopDroiteType"], 2);
-  EXPECT_EQ(d["mesures"][1]["bytLoopDroiteData"], 2);
   const json& piste = d["pistes"][0];
-  EXPECT_EQ(piste["strGuitareNom"], "Guitar, drop D");
-  EXPECT_EQ(piste["bytNbrCordes"], 6);
-  EXPECT_EQ(piste["boolPlaySolo"], false);
+  EXPECT_EQ((json{d["mesures"][1]["bytLoopDroiteType"], d["mesures"][1]["bytLoopDroiteData"],
+                  piste["strGuitareNom"], piste["bytNbrCordes"], piste["boolPlaySolo"]}),
+            (json{2, 2, "Guitar, drop D", 6, false}));
   const json& m1 = piste["mesures"][0];
   EXPECT_EQ(m1["accords"],
             json::parse(R"([{"intX":48,"strNom":"C","tabCordes":[0,1,0,2,3,255]}])"));
