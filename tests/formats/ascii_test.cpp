@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+
 #include "document/validate.h"
 #include "formats/ascii_export.h"
 #include "formats/ascii_import.h"

@@ -3,9 +3,9 @@
 // that the documents imply, worked out here by hand.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 
-#include <algorithm>
 #include "formats/file_io.h"
 #include "formats/midi_export.h"
 #include "interchange_test_util.h"

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+
 #include "document/validate.h"
 #include "formats/midi_import.h"
 #include "formats/string_table.h"

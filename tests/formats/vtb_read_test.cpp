@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
+
 #include "document/validate.h"
 #include "formats/vtb.h"
 #include "old_files.h"
