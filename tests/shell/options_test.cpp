@@ -5,32 +5,19 @@
 // ones the controls can show.
 #include <QAbstractButton>
 #include <QAbstractSlider>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QDir>
-#include <QFileInfo>
-#include <QImage>
-#include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
-#include <QSlider>
 #include <QSpinBox>
 #include <QTabWidget>
-#include <QTest>
-#include <QTextBrowser>
-#include <QToolBar>
 
 #include "banc.h"
 #include "faide_navigateur.h"
 #include "options_pages.h"
 #include "shell/foptions.h"
-#include "shell/manche.h"
-#include "shell/required_files.h"
 #include "shell/skin.h"
 #include "son_systeme.h"
 #include "sound/message_son.h"
 #include "sound/midi_handles.h"
-#include "sound/sortie_journal.h"
 
 namespace vt::essai {
 namespace {
@@ -237,8 +224,6 @@ std::vector<Cas> casDesRègles() {
   return c;
 }
 
-// ---- Every page: OK, Cancel, the keys --------------------------------------------
-
 TEST_F(Options, OkWritesEachControlToItsSettingAndNothingElse) {
   lance();
   for (const Cas& c : casDesRègles()) {
@@ -333,8 +318,6 @@ TEST_F(Options, TheRestoreButtonsBringBackTheDefaults) {
   EXPECT_EQ(changés(avant, écrits()), Réglages{});
 }
 
-// ---- "KeyDiv": the skin -----------------------------------------------------------
-
 TEST_F(Options, ANewSkinReachesTheOpenWindowsAfterTheirNewSearch) {
   crée();
   enregistre({fen::FAccords, fen::FGammes, fen::FTab, fen::FMetronome});
@@ -346,20 +329,12 @@ TEST_F(Options, ANewSkinReachesTheOpenWindowsAfterTheirNewSearch) {
     ASSERT_EQ(o.pageDiv().lstSkin->count(), 2);
     o.pageDiv().choisitSkin("nuit");
   });
-  const Journal attendu = {"FAccords optionsAppliquées", "FGammes optionsAppliquées",
-                           "FTab optionsAppliquées",     "FAccords load_skin",
-                           "FGammes load_skin",          "FTab refresh",
-                           "FAccords drawMancheContenu"};
-  auto suite = journal.begin();
-  for (const QString& ligne : attendu) {
-    suite = std::find(suite, journal.end(), ligne);
-    ASSERT_NE(suite, journal.end()) << ligne.toStdString() << " missing or out of order";
-  }
+  dansLOrdre(journal, {"FAccords optionsAppliquées", "FGammes optionsAppliquées",
+                       "FTab optionsAppliquées", "FAccords load_skin", "FGammes load_skin",
+                       "FTab refresh", "FAccords drawMancheContenu"});
   // Those with pictures in their order; the editor only redraws.
-  Journal skins;
-  for (const QString& l : journal)
-    if (l.endsWith("load_skin")) skins.push_back(l);
-  EXPECT_EQ(skins, (Journal{"FAccords load_skin", "FGammes load_skin", "FMetronome load_skin"}));
+  EXPECT_EQ(finissant(journal, "load_skin"),
+            (Journal{"FAccords load_skin", "FGammes load_skin", "FMetronome load_skin"}));
   EXPECT_EQ(sons.back(), "program 27");
   // The wood comes from the new skin, what it lacks from the default one.
   EXPECT_EQ(vt->manche().aspect().fond.pixelColor(5, 5), QColor(10, 20, 200));
@@ -370,8 +345,6 @@ TEST_F(Options, ANewSkinReachesTheOpenWindowsAfterTheirNewSearch) {
   EXPECT_FALSE(contient(journal, "FAccords load_skin")) << "the same skin loads nothing";
   EXPECT_TRUE(contient(journal, "FAccords optionsAppliquées"));
 }
-
-// ---- "KeyMidi" and "KeyMidiIn": the ports -------------------------------------------
 
 TEST_F(Options, TheOutputIsOpenedAgainOnlyWhenItChangesAndAPlayingPieceStopsFirst) {
   lanceSurJournal();
@@ -486,8 +459,6 @@ TEST_F(Options, AnotherOutputIsOpenedForTheTestsAlone) {
   EXPECT_NE(autre, ouverte);
   EXPECT_EQ(midiHandleSortie(son.midiOutHandle()), ouverte) << "the session keeps its own";
 }
-
-// ---- All pages: language, values edited by hand, help -------------------------------
 
 TEST_F(Options, TheTextsFollowTheLanguage) {
   lance();
