@@ -55,9 +55,6 @@ TEST(Selection, NothingWithoutOneAndABoxAroundIt) {
   b.r.selAffiche();
   EXPECT_TRUE(b.surface.primitives().empty());
 
-  b.doc.intSelStartMesure = 2;
-  b.doc.intSelStartX = 48;
-  b.doc.bytSelStartCorde = 4;
   b.doc.intSelStopMesure = 1;  // dragged backwards: the edges are exchanged
   b.doc.intSelStopX = 24;
   b.doc.bytSelStopCorde = 2;
@@ -74,9 +71,10 @@ TEST(Selection, NothingWithoutOneAndABoxAroundIt) {
   b.doc.intSelStopMesure = 3;
   b.surface.clearRecord();
   b.r.selEfface();
-  ASSERT_EQ(b.surface.ofKind(K::FilledBox).size(), 1U);
-  EXPECT_EQ(b.surface.ofKind(K::FilledBox)[0].x1, 40 - 9);
-  EXPECT_EQ(b.surface.ofKind(K::FilledBox)[0].state.drawMode, DrawMode::MergeNotPen);
+  const auto effacée = b.surface.ofKind(K::FilledBox);
+  ASSERT_EQ(effacée.size(), 1U);
+  EXPECT_EQ(std::make_pair(effacée[0].x1, effacée[0].state.drawMode),
+            std::make_pair(40.0 - 9, DrawMode::MergeNotPen));
 }
 
 TEST(PartialRepaint, ErasesInTheBackgroundAndRedrawsTheBar) {
@@ -110,8 +108,7 @@ TEST(PartialRepaint, ErasesInTheBackgroundAndRedrawsTheBar) {
     if (p.x1 == 255 + 50 && p.x2 - p.x1 == 22) ++cordes;
     if (p.x1 == 255 && p.x2 - p.x1 == 160 + 1 + 10) ++portée;
   }
-  EXPECT_EQ(cordes, 6);
-  EXPECT_EQ(portée, 5);
+  EXPECT_EQ(std::make_pair(cordes, portée), std::make_pair(6, 5));
   EXPECT_EQ(b.surface.texts("7")[0].state.foreColor, b.s.cfgEventColor);
   EXPECT_EQ(b.surface.texts("T=100")[0].state.foreColor, kRouge);
   EXPECT_FALSE(b.blits(portee::kTêtePleine).empty());
