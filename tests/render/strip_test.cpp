@@ -17,10 +17,11 @@ using K = Primitive::Kind;
 TEST(Strip, StringsRunFromTheMarginWithTheirNamesOrTheDrumsOnes) {
   Banc b;
   b.r.drawInLine();
+  const int haut = b.m().cordeY(1);
   EXPECT_EQ(b.surface
                 .select([&](const Primitive& p) {
-                  return p.kind == K::DeviceLine && p.y1 == p.y2 && p.x1 == 35 &&
-                         (static_cast<int>(p.y1) - 140) % 13 == 0 && p.y1 >= 140 && p.y1 <= 205;
+                  return p.kind == K::DeviceLine && p.y1 == p.y2 && p.x1 == 35 && p.y1 >= haut &&
+                         p.y1 <= b.m().cordeY(6) && (static_cast<int>(p.y1) - haut) % 13 == 0;
                 })
                 .size(),
             6U);

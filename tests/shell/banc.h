@@ -254,4 +254,13 @@ class Banc : public ::testing::Test {
   i16 langueChoisie = 10000;
 };
 
+// The bench after a quiet start's settings.
+class BancSilencieux : public Banc {
+ protected:
+  void SetUp() override {
+    Banc::SetUp();
+    silencieux();
+  }
+};
+
 }  // namespace vt::essai

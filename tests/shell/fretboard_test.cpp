@@ -9,12 +9,8 @@
 namespace vt::essai {
 namespace {
 
-class Manche_ : public Banc {
+class Manche_ : public BancSilencieux {
  protected:
-  void SetUp() override {
-    Banc::SetUp();
-    silencieux();
-  }
   void lance() {
     ASSERT_TRUE(démarre());
     vt->resize(1000, 700);

@@ -13,12 +13,8 @@
 namespace vt::essai {
 namespace {
 
-class FenetrePrincipale : public Banc {
+class FenetrePrincipale : public BancSilencieux {
  protected:
-  void SetUp() override {
-    Banc::SetUp();
-    silencieux();
-  }
   // The texts the language changes, from the menu bar to the quick-access tree.
   QStringList textes() const {
     QStringList l{vt->menuBar()->actions().at(0)->text(), vt->menuBar()->actions().at(1)->text(),

@@ -39,11 +39,10 @@ class SonPorts : public SonEnregistreur {
   Journal& m_j;
 };
 
-class Options : public Banc {
+class Options : public BancSilencieux {
  protected:
   void SetUp() override {
-    Banc::SetUp();
-    silencieux();
+    BancSilencieux::SetUp();
     // A program folder of our own, with a second skin that has only the wood
     // of the fretboard.
     ASSERT_TRUE(app.isValid());

@@ -30,12 +30,8 @@ class SonBavard : public SonEnregistreur {
   QList<AvisSon> m_messages;
 };
 
-class Son : public Banc {
+class Son : public BancSilencieux {
  protected:
-  void SetUp() override {
-    Banc::SetUp();
-    silencieux();
-  }
   SonBavard& bavard(QList<AvisSon> messages = {}) {
     crée();
     auto s = std::make_unique<SonBavard>(sons, std::move(messages));

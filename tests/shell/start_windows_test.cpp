@@ -13,13 +13,7 @@
 namespace vt::essai {
 namespace {
 
-class Fenetres : public Banc {
- protected:
-  void SetUp() override {
-    Banc::SetUp();
-    silencieux();
-  }
-};
+using Fenetres = BancSilencieux;
 
 TEST_F(Fenetres, TheStartPageOpensTheWindowOfItsKeyAndRemembersItsCheckBox) {
   crée();
