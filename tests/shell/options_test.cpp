@@ -1,8 +1,5 @@
-// The options dialog: each control changes its setting on OK and nothing
-// changes on Cancel; each caller opens its page; the MIDI ports are opened
-// again only when their choice changed; the skin reaches the open windows;
-// the texts follow the language; values edited by hand open as the nearest
-// ones the controls can show.
+// The options dialog: every control on OK and Cancel, the pages, the MIDI
+// ports, the skin, the language, and values edited by hand.
 #include <QAbstractButton>
 #include <QAbstractSlider>
 #include <QComboBox>
@@ -376,6 +373,15 @@ TEST_F(Options, AnOutputThatFailsSaysSoOnceAndTheBuiltInSynthesizerPlays) {
   }
   EXPECT_EQ(sorties.size(), 4u);
   EXPECT_EQ(avertissements, QStringList{message});
+  // The tests of the page open another output only for another device.
+  SonLive& son = vt->son();
+  const auto ouverte = midiHandleSortie(son.midiOutHandle());
+  EXPECT_EQ(std::make_pair(son.sortieEssai(0), son.sortieEssai(-1)),
+            std::make_pair(ouverte, ouverte));
+  journal.clear();
+  EXPECT_NE(son.sortieEssai(2), ouverte);
+  EXPECT_EQ(journal, Journal{"open 2"});
+  EXPECT_EQ(midiHandleSortie(son.midiOutHandle()), ouverte) << "the session keeps its own";
 }
 
 TEST_F(Options, TheInputIsOpenedAgainOnlyWhenItChanges) {
@@ -444,19 +450,6 @@ TEST_F(Options, TheTestButtonsSoundThePageThroughTheOutputItShows) {
   });
   EXPECT_EQ(vt->settings().setMIDIdevice, 0);
   EXPECT_EQ(vt->settings().setMIDIchannel, 1);
-}
-
-TEST_F(Options, AnotherOutputIsOpenedForTheTestsAlone) {
-  lanceSurJournal();
-  SonLive& son = vt->son();
-  const auto ouverte = midiHandleSortie(son.midiOutHandle());
-  EXPECT_EQ(son.sortieEssai(0), ouverte);
-  EXPECT_EQ(son.sortieEssai(-1), ouverte);
-  journal.clear();
-  const auto autre = son.sortieEssai(2);
-  EXPECT_EQ(journal, Journal{"open 2"});
-  EXPECT_NE(autre, ouverte);
-  EXPECT_EQ(midiHandleSortie(son.midiOutHandle()), ouverte) << "the session keeps its own";
 }
 
 TEST_F(Options, TheTextsFollowTheLanguage) {

@@ -1,7 +1,5 @@
-// The main window and its sound: what the sound has to say is shown once at
-// start, notes from the MIDI input reach the editor or the fretboard's
-// listeners, and a click on the fretboard sounds through the built-in
-// synthesizer itself.
+// The main window and its sound: its notices at start, the MIDI input's notes,
+// and the fretboard sounding through the built-in synthesizer.
 #include <thread>
 
 #include "banc.h"
