@@ -1,10 +1,7 @@
-"""What the end-to-end tests share: the program started under Xvfb with a
-fresh settings location, windows found and keys sent with xdotool, the screen
-read with xwd, waits on conditions with a deadline.
-
-A test script calls run(inner, usage, nargs): outside Xvfb it checks the
-tools, makes a scratch home folder and runs itself again under xvfb-run with
-"--inner HOME ARGS..."; inside, it calls inner(home, *args)."""
+"""What the end-to-end tests share: the program under Xvfb with a fresh
+settings location, xdotool for windows and keys, xwd for the screen. A script
+calls run(inner, usage, nargs): it runs itself again under xvfb-run with
+"--inner HOME ARGS...", which calls inner(home, *args)."""
 import os
 import shutil
 import struct
@@ -24,8 +21,7 @@ def fail(message):
 
 
 def poll(what, test, timeout=TIMEOUT):
-    """Calls test() until it answers something true and returns that; fails
-    the test when the deadline passes first."""
+    """test()'s first true answer; fails when the deadline passes first."""
     deadline = time.monotonic() + timeout
     while time.monotonic() < deadline:
         result = test()
@@ -36,10 +32,8 @@ def poll(what, test, timeout=TIMEOUT):
 
 
 def visible_window(name):
-    """The first visible window whose title matches the regular expression."""
-    r = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", name],
-                       capture_output=True, text=True)
-    ids = r.stdout.split()
+    ids = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", name],
+                         capture_output=True, text=True).stdout.split()
     return ids[0] if ids else None
 
 
@@ -48,8 +42,7 @@ def focus(window):
 
 
 def key(window, *keys):
-    """Keys as xdotool names them ("Return", "ctrl+s"), sent to the window
-    that has the focus once `window` has been given it."""
+    """Keys as xdotool names them ("Return", "ctrl+s"), once `window` has the focus."""
     focus(window)
     subprocess.run(["xdotool", "key", "--clearmodifiers"] + list(keys), check=True)
 
@@ -67,8 +60,7 @@ def geometry(window):
 
 
 def screenshot():
-    """The root window as (width, height, pixel), pixel(x, y) giving an
-    (r, g, b) tuple, read from xwd's ZPixmap."""
+    """The root window as (width, height, pixel), pixel(x, y) an (r, g, b)."""
     data = subprocess.run(["xwd", "-root", "-silent"], capture_output=True, check=True).stdout
     h = struct.unpack(">25I", data[:100])
     header_size, width, height = h[0], h[4], h[5]
@@ -90,8 +82,7 @@ def screenshot():
 
 
 def program_env(home):
-    """The environment of a first start: every setting, desktop entry and
-    runtime file of the program goes under `home`."""
+    """A first start's environment: every file the program writes goes under `home`."""
     env = dict(os.environ)
     env.update({
         "HOME": home,
@@ -107,8 +98,8 @@ def program_env(home):
 
 
 class Program:
-    """The program running with a fresh settings location; its output goes to
-    home/log.txt. Use it in a with block: it is killed if still running."""
+    """The program on a fresh settings location, its output in home/log.txt;
+    killed at the end of its with block if still running."""
 
     def __init__(self, program, home, args=()):
         self.env = program_env(home)
@@ -130,8 +121,7 @@ class Program:
         return self.proc.poll() is None
 
     def wait_exit(self, what):
-        """Waits for the program to end after `what`; fails on a hang or a
-        code other than 0."""
+        """Fails unless the program ends with code 0 after `what`."""
         try:
             code = self.proc.wait(timeout=TIMEOUT)
         except subprocess.TimeoutExpired:
@@ -141,10 +131,8 @@ class Program:
 
 
 def first_start(start_page_key="Escape"):
-    """Answers the dialogs of a first start in English: the language dialog
-    (Return keeps English), the start page (`start_page_key`: Escape closes
-    it, F3..F9 open a window) and the tip of the day. Returns the main
-    window's id."""
+    """Answers a first start's dialogs in English (the language, the start page
+    with `start_page_key`, the tip of the day); returns the main window's id."""
     dialog = poll("the language dialog", lambda: visible_window("^Langue / Language$"))
     key(dialog, "Return")
     start = poll("the start page", lambda: visible_window("^Welcome to Vantoro$"))
@@ -156,7 +144,6 @@ def first_start(start_page_key="Escape"):
 
 
 def run(inner, usage, nargs, screen="1024x768x24"):
-    """The entry point of a test script taking `nargs` paths."""
     if len(sys.argv) >= 3 and sys.argv[1] == "--inner":
         inner(sys.argv[2], *sys.argv[3:])
         return

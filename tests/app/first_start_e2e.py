@@ -1,8 +1,7 @@
 #!/usr/bin/python3
-"""End to end: the real program under Xvfb, started with a fresh settings
-location. It answers the language dialog, closes the start page and the tip
-of the day, finds the main window with its fretboard on the screen, closes the
-program and checks that the settings were written.
+"""End to end: a first start of the real program under Xvfb, through the
+language dialog, the start page and the tip, to the main window with its
+fretboard drawn; Ctrl+Q, then the settings and the desktop entry written.
 
 Usage: first_start_e2e.py PATH_TO_VANTORO
 Exits 0 on success, 1 on failure, 77 when Xvfb or xdotool is missing."""
@@ -12,8 +11,8 @@ from e2e_support import Program, fail, first_start, geometry, key, poll, run, sc
 
 
 def fretboard_rows(pixel, x0, y0, w, h):
-    """Rows of the window's lower part that look like a string over wood: bright
-    across the strip, with darker wood three pixels above and below."""
+    """Rows of the window's lower half bright across, with darker wood 4 pixels
+    above and below: the strings."""
     xs = [x0 + w * k // 20 for k in range(2, 18)]
 
     def bright(y):
@@ -22,11 +21,8 @@ def fretboard_rows(pixel, x0, y0, w, h):
     def wood(y):
         return sum(1 for x in xs if max(pixel(x, y)) < 170) >= len(xs) * 0.6
 
-    rows = []
-    for y in range(max(y0 + h // 2, y0 + 3), y0 + h - 3):
-        if bright(y) and wood(y - 4) and wood(y + 4):
-            rows.append(y)
-    return rows
+    return [y for y in range(max(y0 + h // 2, y0 + 3), y0 + h - 3)
+            if bright(y) and wood(y - 4) and wood(y + 4)]
 
 
 def inner(home, program):

@@ -150,33 +150,25 @@ TEST_F(CliConvert, FormatZeroChannels) {
 
 TEST_F(CliConvert, RefusedInputsWriteNothing) {
   poser("x.mid", "RIFF....");
-  Résultat r = lancer("convert " + c("x.mid") + " " + c("out.vtb"));
-  EXPECT_EQ(r.code, 1);
-  EXPECT_EQ(r.erreurs, "This MIDI file is not valid!\n");
-  EXPECT_FALSE(fs::exists(dossier_ / "out.vtb"));
-
-  const test::Octets inconnu =
-      test::smf(1, 96, {test::PisteMidi().on(0, 64).evt(5, {0xF4}).fin(9)});
-  poser("y.mid", std::string(inconnu.begin(), inconnu.end()));
-  r = lancer("convert " + c("y.mid") + " " + c("out.txt"));
-  EXPECT_EQ(r.code, 1);
-  EXPECT_EQ(r.erreurs, "Unknown command: F4\n");
-  EXPECT_FALSE(fs::exists(dossier_ / "out.txt"));
-
+  poser("y.mid", test::smf(1, 96, {test::PisteMidi().on(0, 64).evt(5, {0xF4}).fin(9)}));
   poser("z.txt", "no tablature in here\n");
-  r = lancer("--lang fr convert " + c("z.txt") + " " + c("out.mid"));
-  EXPECT_EQ(r.code, 1);
-  EXPECT_EQ(r.erreurs, loadString(kMsgAsciiCorrompue, kLangFrançais) + "\n");
-  EXPECT_FALSE(fs::exists(dossier_ / "out.mid"));
-
-  // A repeat opened and never closed: the export names the last bar, the
-  // one the closing line took.
+  // A repeat opened and never closed: the export names the last bar, the one the closing line took.
   poser("r.txt",
         "e||o---0---|\nB||----1---|\nG||o-------|\nD||o-------|\nA||--------|\nE||--------|\n");
-  r = lancer("convert " + c("r.txt") + " " + c("out.mid"));
-  EXPECT_EQ(r.code, 1);
-  EXPECT_EQ(r.erreurs, "There is a problem of repeat bar at measure 2\n");
-  EXPECT_FALSE(fs::exists(dossier_ / "out.mid"));
+  const struct {
+    std::string arguments, sortie, erreurs;
+  } cas[] = {
+      {"convert " + c("x.mid"), "out.vtb", "This MIDI file is not valid!\n"},
+      {"convert " + c("y.mid"), "out.txt", "Unknown command: F4\n"},
+      {"--lang fr convert " + c("z.txt"), "out.mid",
+       loadString(kMsgAsciiCorrompue, kLangFrançais) + "\n"},
+      {"convert " + c("r.txt"), "out.mid", "There is a problem of repeat bar at measure 2\n"},
+  };
+  for (const auto& k : cas) {
+    const Résultat r = lancer(k.arguments + " " + c(k.sortie));
+    EXPECT_EQ(std::pair(r.code, r.erreurs), std::pair(1, k.erreurs)) << k.arguments;
+    EXPECT_FALSE(fs::exists(dossier_ / k.sortie));
+  }
 }
 
 TEST_F(CliConvert, UsageErrors) {

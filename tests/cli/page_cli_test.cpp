@@ -1,5 +1,5 @@
 // vantoro-cli and pages: convert to PDF (every track from a new page, or one),
-// render one page to PNG, and the refusals that write nothing.
+// render one page or the strip to PNG, and the refusals that write nothing.
 #include <cstdio>
 
 #include "cli_banc.h"
@@ -87,6 +87,25 @@ TEST_F(PagesCli, RefusalsWriteNothing) {
     EXPECT_NE(r.erreurs.find(k.message), std::string::npos) << r.erreurs;
     EXPECT_FALSE(std::filesystem::exists(dossier_ / k.sortie));
   }
+}
+
+TEST_F(PagesCli, RenderDrawsAStripOfTheAskedSize) {
+  ASSERT_EQ(lancer("new " + c("a.vtb")).code, 0);
+  ASSERT_EQ(lancer("render " + c("a.vtb") + " " + c("a.png") +
+                   " --width 640 --height 320 --view 3 --triplet --cursor 1:24:2")
+                .code,
+            0);
+  EXPECT_EQ(taillePng("a.png"), std::make_pair(640, 320));
+  ASSERT_EQ(lancer("render " + c("a.vtb") + " " + c("b.png") + " --no-staff").code, 0);
+  EXPECT_EQ(taillePng("b.png"), std::make_pair(1280, 400));
+}
+
+TEST_F(PagesCli, RenderRefusesWhatItCannotDrawAndWritesNothing) {
+  ASSERT_EQ(lancer("new " + c("a.vtb")).code, 0);
+  for (const char* faux : {" --track 2", " --scroll 5", " --cursor 1-2", " --view 5"})
+    EXPECT_EQ(lancer("render " + c("a.vtb") + " " + c("x.png") + faux).code, 2) << faux;
+  EXPECT_EQ(lancer("render " + c("absent.vtb") + " " + c("x.png")).code, 1);
+  EXPECT_FALSE(std::filesystem::exists(dossier_ / "x.png"));
 }
 
 }  // namespace

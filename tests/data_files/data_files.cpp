@@ -54,37 +54,30 @@ std::vector<std::vector<std::string>> readTable(const std::filesystem::path& pat
 
 namespace {
 
-std::uint32_t le32(const std::string& b, std::size_t at) {
-  return static_cast<std::uint32_t>(static_cast<unsigned char>(b[at])) |
-         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 1])) << 8 |
-         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 2])) << 16 |
-         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 3])) << 24;
+// `n` bytes of `b` from `at`, little- or big-endian.
+std::uint32_t nombre(const std::string& b, std::size_t at, int n, bool grosBout) {
+  std::uint32_t v = 0;
+  for (int k = 0; k < n; ++k)
+    v |= std::uint32_t{static_cast<unsigned char>(b[at + static_cast<std::size_t>(k)])}
+         << (8 * (grosBout ? n - 1 - k : k));
+  return v;
 }
-
-std::uint32_t be32(const std::string& b, std::size_t at) {
-  return static_cast<std::uint32_t>(static_cast<unsigned char>(b[at])) << 24 |
-         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 1])) << 16 |
-         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 2])) << 8 |
-         static_cast<std::uint32_t>(static_cast<unsigned char>(b[at + 3]));
-}
-
-int be16(const std::string& b, std::size_t at) {
-  return static_cast<unsigned char>(b[at]) << 8 | static_cast<unsigned char>(b[at + 1]);
-}
-
 }  // namespace
 
 std::optional<PictureInfo> readPictureInfo(const std::filesystem::path& path) {
   const std::string b = readFile(path);
   if (b.size() >= 30 && b[0] == 'B' && b[1] == 'M') {
-    PictureInfo info{"bmp", static_cast<int>(le32(b, 18)), static_cast<int>(le32(b, 22)), 0};
+    PictureInfo info{"bmp", static_cast<int>(nombre(b, 18, 4, false)),
+                     static_cast<int>(nombre(b, 22, 4, false)), 0};
     info.height = info.height < 0 ? -info.height : info.height;
-    info.bitsPerPixel = static_cast<unsigned char>(b[28]) | static_cast<unsigned char>(b[29]) << 8;
-    if (le32(b, 2) != b.size()) return std::nullopt;  // the header's file size must be the real one
+    info.bitsPerPixel = static_cast<int>(nombre(b, 28, 2, false));
+    if (nombre(b, 2, 4, false) != b.size())
+      return std::nullopt;  // the header's file size must be the real one
     return info;
   }
   if (b.size() >= 24 && b.compare(0, 8, "\x89PNG\r\n\x1a\n") == 0 && b.compare(12, 4, "IHDR") == 0)
-    return PictureInfo{"png", static_cast<int>(be32(b, 16)), static_cast<int>(be32(b, 20)), 0};
+    return PictureInfo{"png", static_cast<int>(nombre(b, 16, 4, true)),
+                       static_cast<int>(nombre(b, 20, 4, true)), 0};
   if (b.size() >= 4 && static_cast<unsigned char>(b[0]) == 0xFF &&
       static_cast<unsigned char>(b[1]) == 0xD8) {
     // Walk the segments up to the frame header (SOF0 to SOF3).
@@ -93,8 +86,9 @@ std::optional<PictureInfo> readPictureInfo(const std::filesystem::path& path) {
       if (static_cast<unsigned char>(b[at]) != 0xFF) return std::nullopt;
       const auto marker = static_cast<unsigned char>(b[at + 1]);
       if (marker >= 0xC0 && marker <= 0xC3)
-        return PictureInfo{"jpg", be16(b, at + 7), be16(b, at + 5), 0};
-      at += 2 + static_cast<std::size_t>(be16(b, at + 2));
+        return PictureInfo{"jpg", static_cast<int>(nombre(b, at + 7, 2, true)),
+                           static_cast<int>(nombre(b, at + 5, 2, true)), 0};
+      at += 2 + nombre(b, at + 2, 2, true);
     }
   }
   return std::nullopt;

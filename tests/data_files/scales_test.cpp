@@ -57,50 +57,13 @@ bool startsWith(const std::string& s, const std::string& prefix) {
   return s.compare(0, prefix.size(), prefix) == 0;
 }
 
-// That scales.dat holds the records of scales.src.tsv is the check of make_scales.py.
-TEST(ScalesFile, EveryRecordIsWellFormed) {
+// That scales.dat holds the records of scales.src.tsv, each well formed (one
+// root, rising distances, names that fit and the kinds they say), is the check
+// of make_scales.py; here the file is read back as the windows read it.
+TEST(ScalesFile, KnownRecords) {
   const std::string bytes = readFile(dataDir() / "scales.dat");
-  ASSERT_FALSE(bytes.empty());
   EXPECT_EQ(bytes.size() % kRecord, 0u);
   EXPECT_LE(bytes.size() / kRecord, 255u) << "the scale window counts the records in one byte";
-  for (const auto& s : readScales()) {
-    SCOPED_TRACE(s.nomEN);
-    EXPECT_FALSE(s.nom.empty());
-    EXPECT_FALSE(s.nomEN.empty());
-    // Names are Windows-1252: no control characters, no byte that code page leaves undefined.
-    for (const auto& name : {s.nom, s.nomEN})
-      for (char ch : name) {
-        const auto c = static_cast<unsigned char>(ch);
-        EXPECT_GE(c, 0x20);
-        EXPECT_TRUE(c != 0x7F && c != 0x81 && c != 0x8D && c != 0x8F && c != 0x90 && c != 0x9D);
-      }
-    // One root, each distance at most once and below an octave.
-    std::set<int> seen;
-    for (int d : s.demitons) {
-      if (d == X) continue;
-      EXPECT_LT(d, 12);
-      EXPECT_TRUE(seen.insert(d).second) << "distance " << d << " twice";
-    }
-    EXPECT_EQ(seen.count(0), 1u);
-    const bool mode = startsWith(s.nom, "Mode");
-    if (!mode) {
-      EXPECT_EQ(s.demitons[0], 0) << "a scale or chord starts on its root";
-    }
-    EXPECT_EQ(startsWith(s.nom, "Accord"), startsWith(s.nomEN, "Chord"));
-    // The distance of a note is its semitone less the root's, around the octave.
-    int root = 0;
-    for (int k = 0; k < 12; ++k)
-      if (s.demitons[static_cast<std::size_t>(k)] == 0) root = k;
-    for (int k = 0; k < 12; ++k) {
-      const int d = s.demitons[static_cast<std::size_t>(k)];
-      if (d != X) {
-        EXPECT_EQ(d, (k - root + 12) % 12);
-      }
-    }
-  }
-}
-
-TEST(ScalesFile, KnownRecords) {
   const auto scales = readScales();
   ASSERT_FALSE(scales.empty());
   EXPECT_EQ(scales[0].nom, "Gamme majeure");

@@ -1,6 +1,7 @@
-// Chords, texts, tempos, the signature cut, repeats and markers.
+// Chords, texts and their code page, tempos, the signature cut, repeats and markers.
 #include <gtest/gtest.h>
 
+#include "document/cp1252.h"
 #include "test_support.h"
 
 namespace vt {
@@ -19,19 +20,19 @@ TEST(Chords, SortedInsertionKeepsTheOthersIntact) {
   doc.setMesureAccord(1, 1, n, "Am", frettes({0, 1, 2, 2, 0, 255}));
   n = doc.addandplaceMesureAccord(1, 1, 96);
   doc.setMesureAccord(1, 1, n, "E", frettes({0, 0, 1, 2, 2, 0}));
-  n = doc.addandplaceMesureAccord(1, 1, 48);
-  EXPECT_EQ(n, 2);
-  EXPECT_EQ(doc.getMesureAccordNom(1, 1, 2), "");
-  for (int c = 1; c <= 6; ++c)
-    EXPECT_EQ(doc.getMesureAccordCorde(1, 1, 2, c), 255);
-  EXPECT_EQ(doc.getMesureAccordX(1, 1, 3), 96);
-  EXPECT_EQ(doc.getMesureAccordNom(1, 1, 3), "E");
-  EXPECT_EQ(doc.getMesureAccordCorde(1, 1, 3, 4), 2);
-  EXPECT_EQ(doc.searchMesureAccord(1, 1, 48), 2);
-  EXPECT_EQ(doc.searchMesureAccord(1, 1, 50), 0);
+  EXPECT_EQ(doc.addandplaceMesureAccord(1, 1, 48), 2);
+  const auto accord = [&](int k) {
+    const tAccord& a = doc.pisteMesure(1, 1)->tabAccords[k];
+    return std::tuple(int{a.intX}, a.strNom,
+                      std::vector<byt>(a.tabCordes.begin(), a.tabCordes.end()));
+  };
+  EXPECT_EQ(accord(2), std::tuple(48, "", std::vector<byt>(6, 255)));
+  EXPECT_EQ(accord(3), std::tuple(96, "E", std::vector<byt>{0, 0, 1, 2, 2, 0}));
+  EXPECT_EQ(std::pair(doc.searchMesureAccord(1, 1, 48), doc.searchMesureAccord(1, 1, 50)),
+            std::pair(2, 0));
   doc.deleteAccord(1, 1, 1);
-  EXPECT_EQ(doc.getMesureAccordLast(1, 1), 2);
-  EXPECT_EQ(doc.getMesureAccordX(1, 1, 1), 48);
+  EXPECT_EQ(std::pair(doc.getMesureAccordLast(1, 1), doc.getMesureAccordX(1, 1, 1)),
+            std::pair(2, 48));
 }
 
 TEST(Chords, FretsCopiedUpToTheShorterOfTrackAndArray) {
@@ -51,17 +52,22 @@ TEST(Texts, ReplaceAtTheSameTickAndKeepTheListsApart) {
   EXPECT_TRUE(doc.setMesureTexte(1, 1, 48, "intro", kVrai));
   EXPECT_TRUE(doc.setMesureTexte(1, 1, 0, "let ring", kVrai));
   EXPECT_TRUE(doc.setMesureTexte(1, 1, 48, "Intro", kVrai));
-  EXPECT_EQ(doc.getMesureTexteUpLast(1, 1), 2);
-  EXPECT_EQ(doc.getMesureTexteUpContenu(1, 1, 2), "Intro");
-  EXPECT_EQ(doc.getMesureTexteUpX(1, 1, 1), 0);
   EXPECT_TRUE(doc.setMesureTexte(1, 1, 48, "bas", kFaux));
   EXPECT_TRUE(doc.setMesureTexte(1, 1, 96, "aussi bas", 1));  // anything but -1: the lower list
-  EXPECT_EQ(doc.getMesureTexteDnLast(1, 1), 2);
+  const auto textes = [&](bool haut) {
+    std::vector<std::string> v;
+    for (const tTexte& t :
+         haut ? doc.pisteMesure(1, 1)->tabTextesUp : doc.pisteMesure(1, 1)->tabTextesDn)
+      v.push_back(std::to_string(t.intX) + ":" + t.strContenu);
+    return v;
+  };
+  EXPECT_EQ(textes(true), (std::vector<std::string>{"0:let ring", "48:Intro"}));
+  EXPECT_EQ(textes(false), (std::vector<std::string>{"48:bas", "96:aussi bas"}));
   EXPECT_EQ(doc.getMesureTexte(1, 1, 48, kFaux), "bas");
   EXPECT_EQ(doc.getMesureTexte(1, 1, 24, kVrai), "");
   EXPECT_EQ(doc.searchMesureTexte(1, 1, 96, kFaux), 2);
   doc.deleteTexte(1, 1, 1, kVrai);
-  EXPECT_EQ(doc.getMesureTexteUpContenu(1, 1, 1), "Intro");
+  EXPECT_EQ(textes(true), std::vector<std::string>{"48:Intro"});
 }
 
 TEST(Tempos, SortedReplacedAndDeleted) {
@@ -69,10 +75,9 @@ TEST(Tempos, SortedReplacedAndDeleted) {
   doc.setMesureTempo(1, 96, 140);
   doc.setMesureTempo(1, 0, 90);
   doc.setMesureTempo(1, 96, 150);
-  EXPECT_EQ(doc.getMesureTempoLast(1), 2);
-  EXPECT_EQ(doc.getMesureTempoX(1, 1), 0);
-  EXPECT_EQ(doc.getMesureTempoContenu(1, 2), 150);
-  EXPECT_EQ(doc.searchMesureTempo(1, 96), 2);
+  EXPECT_EQ((std::vector<int>{doc.getMesureTempoLast(1), doc.getMesureTempoX(1, 1),
+                              doc.getMesureTempoContenu(1, 2), doc.searchMesureTempo(1, 96)}),
+            (std::vector<int>{2, 0, 150, 2}));
   doc.deleteTempo(1, 1);
   EXPECT_EQ(doc.getMesureTempoX(1, 1), 96);
 }
@@ -107,16 +112,13 @@ TEST(Signature, NarrowerCutsContentOfEveryTrackAndTheTempos) {
   doc.setMesureTempo(1, 144, 100);
   doc.setMesureTempo(1, 143, 110);
   ASSERT_TRUE(doc.setMesureSignature(1, 3, 4));
-  for (int p = 1; p <= 2; ++p) {
-    EXPECT_EQ(doc.getNoteLast(p, 1, 1), 1);
-    EXPECT_EQ(doc.getNoteDurée(p, 1, 1, 1), 96);  // left running past the end on purpose
-    EXPECT_EQ(doc.getNoteLast(p, 1, 2), 0);
-    EXPECT_EQ(doc.getMesureTexteUpLast(p, 1), 0);
-    EXPECT_EQ(doc.getMesureTexteDnLast(p, 1), 1);
-    EXPECT_EQ(doc.getMesureAccordLast(p, 1), 0);
-  }
-  EXPECT_EQ(doc.getMesureTempoLast(1), 1);
-  EXPECT_EQ(doc.getMesureTempoX(1, 1), 143);
+  // The note at 96 is left running past the end on purpose.
+  for (int p = 1; p <= 2; ++p)
+    EXPECT_EQ((std::vector<int>{doc.getNoteLast(p, 1, 1), doc.getNoteDurée(p, 1, 1, 1),
+                                doc.getNoteLast(p, 1, 2), doc.getMesureTexteUpLast(p, 1),
+                                doc.getMesureTexteDnLast(p, 1), doc.getMesureAccordLast(p, 1)}),
+              (std::vector<int>{1, 96, 0, 0, 1, 0}));
+  EXPECT_EQ(std::pair(doc.getMesureTempoLast(1), doc.getMesureTempoX(1, 1)), std::pair(1, 143));
 }
 
 TEST(Signature, WiderRemovesNothing) {
@@ -162,27 +164,30 @@ TEST(Repeats, FirstBarWithAnError) {
 TEST(Markers, StartAndStopStayInOrder) {
   CVantoroTablature doc;
   EXPECT_EQ(doc.isMarkerCorrect(), kFaux);
-  doc.setMarqueurStop(3, 48);
-  doc.setMarqueurStart(2, 24);
-  EXPECT_EQ(doc.marqueurs(), (tMarqueurs{2, 24, 3, 48}));
-  EXPECT_EQ(doc.isMarkerCorrect(), kVrai);
-  doc.setMarqueurStart(3, 24);  // same bar, before the stop
-  EXPECT_EQ(doc.marqueurs(), (tMarqueurs{3, 24, 3, 48}));
-  doc.setMarqueurStart(3, 96);  // same bar, past the stop: drags it along
-  EXPECT_EQ(doc.marqueurs(), (tMarqueurs{3, 96, 3, 96}));
-  EXPECT_EQ(doc.isMarkerCorrect(), kFaux);
-  doc.setMarqueurStart(5, 0);  // a later bar
-  EXPECT_EQ(doc.marqueurs(), (tMarqueurs{5, 0, 5, 0}));
-  doc.setMarqueurStop(5, 48);
-  EXPECT_EQ(doc.marqueurs(), (tMarqueurs{5, 0, 5, 48}));
-  doc.setMarqueurStop(5, 0);  // at the start tick: allowed
-  EXPECT_EQ(doc.marqueurs(), (tMarqueurs{5, 0, 5, 0}));
-  doc.setMarqueurStop(4, 100);  // before the start bar: both move
-  EXPECT_EQ(doc.marqueurs(), (tMarqueurs{4, 100, 4, 100}));
-  doc.setMarqueurStop(4, 50);  // same bar, before the start tick: both move
-  EXPECT_EQ(doc.marqueurs(), (tMarqueurs{4, 50, 4, 50}));
-  doc.setMarqueurStop(7, 0);
-  EXPECT_EQ(doc.marqueurs(), (tMarqueurs{4, 50, 7, 0}));
+  const struct {
+    const char* quoi;
+    bool start;
+    int m, x;
+    tMarqueurs attendu;
+    vbool correct;
+  } cas[] = {
+      {"stop", false, 3, 48, {1, 0, 3, 48}, kVrai},
+      {"start", true, 2, 24, {2, 24, 3, 48}, kVrai},
+      {"start in the stop's bar, before it", true, 3, 24, {3, 24, 3, 48}, kVrai},
+      {"start past the stop drags it along", true, 3, 96, {3, 96, 3, 96}, kFaux},
+      {"start in a later bar", true, 5, 0, {5, 0, 5, 0}, kFaux},
+      {"stop", false, 5, 48, {5, 0, 5, 48}, kVrai},
+      {"stop at the start tick: allowed", false, 5, 0, {5, 0, 5, 0}, kFaux},
+      {"stop before the start bar: both move", false, 4, 100, {4, 100, 4, 100}, kFaux},
+      {"stop before the start tick: both move", false, 4, 50, {4, 50, 4, 50}, kFaux},
+      {"stop in a later bar", false, 7, 0, {4, 50, 7, 0}, kVrai},
+  };
+  for (const auto& k : cas) {
+    SCOPED_TRACE(k.quoi);
+    k.start ? doc.setMarqueurStart(k.m, k.x) : doc.setMarqueurStop(k.m, k.x);
+    EXPECT_EQ(doc.marqueurs(), k.attendu);
+    EXPECT_EQ(doc.isMarkerCorrect(), k.correct);
+  }
 }
 
 TEST(TrackSettings, LimitsOfTheStringCountAndTheName) {
@@ -197,6 +202,39 @@ TEST(TrackSettings, LimitsOfTheStringCountAndTheName) {
   EXPECT_FALSE(doc.setPisteNom(1, std::string(256, 'a')));
   EXPECT_TRUE(doc.setPisteNom(1, std::string(255, 'a')));
   EXPECT_EQ(doc.getMIDIPatch(2), 0);
+}
+
+TEST(Cp1252, EveryByteSurvivesATripThroughUtf8) {
+  std::string tous;
+  for (int b = 0; b < 256; ++b)
+    tous += static_cast<char>(b);
+  const std::string utf8 = cp1252ToUtf8(tous);
+  EXPECT_TRUE(isValidUtf8(utf8));
+  EXPECT_EQ(utf8ToCp1252(utf8), tous);
+}
+
+TEST(Cp1252, CharactersOfTheCodePage) {
+  EXPECT_EQ(cp1252ToUtf8("Caf\xE9"), "Café");
+  EXPECT_EQ(cp1252ToUtf8("\x80"), "€");
+  EXPECT_EQ(cp1252ToUtf8("\x9F\x8A\x85\x96"), "ŸŠ…–");
+  EXPECT_EQ(cp1252ToUtf8("\x81\x8D\x8F\x90\x9D"), "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D");
+  EXPECT_EQ(utf8ToCp1252("Œuvre à Noël — «1»"),
+            "\x8Cuvre \xE0 No\xEBl \x97 \xAB"
+            "1\xBB");
+}
+
+TEST(Cp1252, WhatTheCodePageLacksBecomesAQuestionMark) {
+  EXPECT_EQ(utf8ToCp1252("漢字"), "??");
+  EXPECT_EQ(utf8ToCp1252("a🎸b"), "a?b");
+  EXPECT_EQ(utf8ToCp1252("\xC2\x80"), "?");  // a C1 control the code page gives to "€"
+  // Malformed: a cut sequence, an overlong slash, a surrogate, a stray continuation.
+  EXPECT_EQ(utf8ToCp1252("x\xE2\x82"), "x??");
+  EXPECT_EQ(utf8ToCp1252("\xC0\xAF"), "??");
+  EXPECT_EQ(utf8ToCp1252("\xED\xA0\x80"), "???");
+  EXPECT_EQ(utf8ToCp1252("\x80z"), "?z");
+  EXPECT_FALSE(isValidUtf8("\xC0\xAF"));
+  EXPECT_FALSE(isValidUtf8("\xF4\x90\x80\x80"));  // past U+10FFFF
+  EXPECT_TRUE(isValidUtf8("plain \xF0\x9F\x8E\xB8"));
 }
 
 }  // namespace

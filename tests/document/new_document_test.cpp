@@ -1,4 +1,5 @@
-// A new document, the length table, the key byte, and beats.
+// A new document, the length table, the key byte, beats, the silence before a
+// track's first note, the beam test and the printing scale.
 #include <gtest/gtest.h>
 
 #include "document/validate.h"
@@ -9,18 +10,14 @@ namespace {
 
 TEST(NewDocument, HasOneTrackOfOneEmptyFourFourBar) {
   CVantoroTablature doc;
-  EXPECT_EQ(doc.getPisteLast(), 1);
-  EXPECT_EQ(doc.getMesureLast(), 1);
-  EXPECT_EQ(doc.getMesureLargeur(1), 192);
-  for (int c = 1; c <= 6; ++c)
-    EXPECT_EQ(doc.getNoteLast(1, 1, c), 0);
-  EXPECT_EQ(doc.getNoteLast(1, 1, 7), 0);  // no seventh string: answered, not reached
-  EXPECT_EQ(doc.getMesureTempoLast(1), 0);
-  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), 0);
-  EXPECT_EQ(doc.getMesureTonalitéMode(1), kVrai);
-  EXPECT_EQ(doc.isMarkerCorrect(), kFaux);
-  EXPECT_EQ(doc.tempo, 120);
-  EXPECT_EQ(doc.modifi, kFaux);
+  int notes = 0;
+  for (int c = 1; c <= 7; ++c)  // no seventh string: answered, not reached
+    notes += doc.getNoteLast(1, 1, c);
+  EXPECT_EQ((std::vector<int>{doc.getPisteLast(), doc.getMesureLast(), doc.getMesureLargeur(1),
+                              notes, doc.getMesureTempoLast(1), doc.getMesureTonalitéAltérations(1),
+                              doc.getMesureTonalitéMode(1), doc.isMarkerCorrect(), doc.tempo,
+                              doc.modifi}),
+            (std::vector<int>{1, 1, 192, 0, 0, 0, kVrai, kFaux, 120, kFaux}));
   EXPECT_EQ(validateDocument(doc), "");
 }
 
@@ -64,18 +61,20 @@ TEST(NoteLengths, RoundDownOntoTheSeventeenValuesWhichMapToThemselves) {
 }
 
 TEST(KeyByte, DecodesAccidentalsAndMode) {
-  CVantoroTablature doc;
-  doc.setMesureTonalité(1, 79);  // 64 + 8 + 7: C sharp minor
-  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), 7);
-  EXPECT_EQ(doc.getMesureTonalitéMode(1), kFaux);
-  doc.setMesureTonalité(1, 1);  // 8 - 7: C flat major
-  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), -7);
-  EXPECT_EQ(doc.getMesureTonalitéMode(1), kVrai);
-  doc.setMesureTonalitéDétails(1, -1, kVrai);  // F major
-  EXPECT_EQ(doc.getMesureTonalité(1), 7);
-  doc.setMesureTonalitéDétails(1, 3, kFaux);  // F sharp minor
-  EXPECT_EQ(doc.getMesureTonalité(1), 75);
-  EXPECT_EQ(doc.getMesureTonalitéAltérations(1), 3);
+  // C sharp minor (64 + 8 + 7), C flat major (8 - 7), F major, F sharp minor.
+  const struct {
+    int octet, altérations;
+    vbool majeur;
+  } cas[] = {{79, 7, kFaux}, {1, -7, kVrai}, {7, -1, kVrai}, {75, 3, kFaux}};
+  for (const auto& k : cas) {
+    CVantoroTablature doc;
+    doc.setMesureTonalité(1, static_cast<byt>(k.octet));
+    EXPECT_EQ(std::pair(doc.getMesureTonalitéAltérations(1), doc.getMesureTonalitéMode(1)),
+              std::pair(k.altérations, k.majeur));
+    doc.setMesureTonalité(1, 0);
+    doc.setMesureTonalitéDétails(1, k.altérations, k.majeur);
+    EXPECT_EQ(doc.getMesureTonalité(1), k.octet);
+  }
 }
 
 TEST(Beats, FollowTheNumeratorRuleAndTheSignatureGivesTheWidth) {
@@ -104,14 +103,75 @@ TEST(Beats, BeatNumberOfANoteAndNoRuleGivesNoBeat) {
 
 TEST(Signature, RefusesWhatWouldBreakTheTickArithmetic) {
   CVantoroTablature doc;
-  EXPECT_FALSE(doc.setMesureSignature(1, 0, 4));
-  EXPECT_FALSE(doc.setMesureSignature(1, 4, 0));
-  EXPECT_FALSE(doc.setMesureSignature(1, 4, 3));
-  EXPECT_FALSE(doc.setMesureSignature(1, 255, 1));  // 48960 ticks: past 16 bits
-  EXPECT_FALSE(doc.setMesureSignature(2, 3, 4));    // no such bar
-  EXPECT_EQ(doc.getMesureSignatureUp(1), 4);
-  EXPECT_EQ(doc.getMesureSignatureDn(1), 4);
+  // 255/1 is 48960 ticks, past 16 bits; there is no bar 2.
+  for (const auto& [m, haut, bas] :
+       {std::tuple{1, 0, 4}, {1, 4, 0}, {1, 4, 3}, {1, 255, 1}, {2, 3, 4}})
+    EXPECT_FALSE(doc.setMesureSignature(m, haut, bas)) << haut << "/" << bas;
+  EXPECT_EQ(std::pair(doc.getMesureSignatureUp(1), doc.getMesureSignatureDn(1)), std::pair(4, 4));
   EXPECT_TRUE(doc.setMesureSignature(1, 170, 1));
+}
+
+TEST(PremierSilence, SumsEmptyBarsAndTheEarliestFirstNote) {
+  CVantoroTablature doc;
+  EXPECT_EQ(doc.getPremierSilence(1), 192);  // no note: the whole length
+  doc.addMesure();
+  doc.addMesure();
+  doc.setMesureSignature(2, 3, 4);
+  EXPECT_EQ(doc.getPremierSilence(1), 192 + 144 + 192);
+  doc.setNoteWhole(1, 3, 4, 96, 0, 24);
+  doc.setNoteWhole(1, 3, 2, 72, 0, 24);
+  EXPECT_EQ(doc.getPremierSilence(1), 192 + 144 + 72);
+  doc.setNoteWhole(1, 1, 6, 12, 0, 12);
+  EXPECT_EQ(doc.getPremierSilence(1), 12);
+  EXPECT_EQ(doc.getPremierSilence(2), 0);  // no such track
+}
+
+TEST(RythmContinue, ABeatFilledWithoutGapsOrASingleQuarter) {
+  struct Note {
+    int x, dur;
+  };
+  const struct {
+    const char* quoi;
+    int haut;  // the signature's numerator over 4, or over 8 when it is 6
+    std::vector<Note> notes;
+    int x;
+    bool continu;
+  } cas[] = {
+      {"two eighths", 4, {{48, 24}, {72, 24}}, 60, true},
+      {"beat 1 holds nothing", 4, {{48, 24}, {72, 24}}, 0, false},
+      {"a gap from 12 to 24", 4, {{0, 12}, {24, 24}}, 0, false},
+      {"ends at 36, not at the end of the beat", 4, {{0, 24}, {24, 12}}, 0, false},
+      {"a single quarter", 4, {{0, 48}}, 0, true},
+      {"a single dotted eighth", 4, {{0, 36}}, 0, false},
+      // In 6/8, tick 48 lies in the window of eighths number 2 (48 / 24), so the
+      // 48-tick window examined starts at tick 96: exact for quarter beats only.
+      {"6/8 at 48 examines 96 to 144", 6, {{96, 24}, {120, 24}}, 48, true},
+      {"6/8 at 0", 6, {{96, 24}, {120, 24}}, 0, false},
+  };
+  for (const auto& k : cas) {
+    SCOPED_TRACE(k.quoi);
+    CVantoroTablature doc;
+    doc.setMesureSignature(1, k.haut, k.haut == 6 ? 8 : 4);
+    for (const Note& n : k.notes)
+      doc.setNoteWhole(1, 1, 1, n.x, 0, n.dur);
+    EXPECT_EQ(doc.isRythmContinueInTemps(1, 1, 1, k.x), k.continu ? kVrai : kFaux);
+  }
+}
+
+TEST(PrintScale, FollowsTheFastestNoteAndIgnoresTies) {
+  CVantoroTablature doc;
+  std::vector<int> échelles{doc.getOnPageViewMode(1, 1)};  // an empty bar: one column
+  // A triplet eighth prints at sixteenths.
+  for (const auto& [c, x, dur] :
+       {std::tuple{1, 0, 96}, {2, 0, 36}, {3, 0, 6}, {4, 96, 16}, {5, 96, 9}}) {
+    const int n = doc.setNoteWhole(1, 1, c, x, 0, dur);
+    échelles.push_back(doc.getOnPageViewMode(1, 1));
+    if (c == 3) {
+      doc.setNoteEffet(1, 1, 3, n, effet::kLiaison);
+      échelles.push_back(doc.getOnPageViewMode(1, 1));
+    }
+  }
+  EXPECT_EQ(échelles, (std::vector<int>{192, 96, 48, 6, 48, 24, 12}));
 }
 
 }  // namespace

@@ -47,11 +47,8 @@ TEST(SetNoteWhole, OverwritingKeepsAttackAndNuanceAndClearsTheEffect) {
   doc.setNoteEffet(1, 1, 3, n, effet::kVibrato);
   n = doc.setNoteWhole(1, 1, 3, 48, 9, 24);
   EXPECT_EQ(doc.getNoteLast(1, 1, 3), 1);
-  EXPECT_EQ(doc.getNoteCase(1, 1, 3, n), 9);
-  EXPECT_EQ(doc.getNoteDurée(1, 1, 3, n), 24);
-  EXPECT_EQ(doc.getNoteAttaque(1, 1, 3, n), attaque::kPalmMute);
-  EXPECT_EQ(doc.getNoteVolume(1, 1, 3, n), nuance::kPP);
-  EXPECT_EQ(doc.getNoteEffet(1, 1, 3, n), effet::kAucun);
+  EXPECT_EQ(*doc.getNote(1, 1, 3, n),
+            (tNote{9, 24, 48, effet::kAucun, 0, attaque::kPalmMute, nuance::kPP}));
 }
 
 TEST(SetNoteWhole, ANewNoteInTheMiddleStartsWithAttackAndNuanceZero) {
@@ -61,10 +58,8 @@ TEST(SetNoteWhole, ANewNoteInTheMiddleStartsWithAttackAndNuanceZero) {
     doc.setNoteAttaque(1, 1, 1, n, attaque::kTap);
     doc.setNoteVolume(1, 1, 1, n, nuance::kFFF);
   }
-  const int n = doc.setNoteWhole(1, 1, 1, 48, 2, 24);
-  EXPECT_EQ(n, 2);
-  EXPECT_EQ(doc.getNoteAttaque(1, 1, 1, 2), 0);
-  EXPECT_EQ(doc.getNoteVolume(1, 1, 1, 2), 0);
+  EXPECT_EQ(doc.setNoteWhole(1, 1, 1, 48, 2, 24), 2);
+  EXPECT_EQ(*doc.getNote(1, 1, 1, 2), (tNote{2, 24, 48, 0, 0, 0, 0}));
   EXPECT_EQ(doc.getNoteAttaque(1, 1, 1, 3), attaque::kTap);  // the moved note kept its own
 }
 
@@ -86,28 +81,27 @@ TEST(SetNoteWhole, RefusesAFullStringAndBadCoordinates) {
   EXPECT_EQ(doc, avant);
   // Overwriting a note of a full string is still allowed.
   EXPECT_EQ(doc.setNoteWhole(1, 1, 1, 0, 5, 12), 1);
-  EXPECT_EQ(doc.setNoteWhole(2, 1, 1, 0, 5, 12), 0);
-  EXPECT_EQ(doc.setNoteWhole(1, 2, 1, 0, 5, 12), 0);
-  EXPECT_EQ(doc.setNoteWhole(1, 1, 7, 0, 5, 12), 0);
-  EXPECT_EQ(doc.setNoteWhole(1, 1, 0, 0, 5, 12), 0);
-  EXPECT_EQ(doc.setNoteWhole(1, 1, 2, -1, 5, 12), 0);
+  for (const auto& [p, m, c, x] :
+       {std::tuple{2, 1, 1, 0}, {1, 2, 1, 0}, {1, 1, 7, 0}, {1, 1, 0, 0}, {1, 1, 2, -1}})
+    EXPECT_EQ(doc.setNoteWhole(p, m, c, x, 5, 12), 0) << p << "/" << m << "/" << c << "/" << x;
 }
 
 TEST(NoteSearch, BeforeAfterAndExact) {
   CVantoroTablature doc;
   for (int x : {0, 48, 96})
     doc.setNoteWhole(1, 1, 1, x, 1, 24);
-  EXPECT_EQ(doc.searchNote(1, 1, 1, 48), 2);
-  EXPECT_EQ(doc.searchNote(1, 1, 1, 50), 0);
-  EXPECT_EQ(doc.searchNoteBeforeX(1, 1, 1, 0), 0);
-  EXPECT_EQ(doc.searchNoteBeforeX(1, 1, 1, 48), 1);
-  EXPECT_EQ(doc.searchNoteBeforeX(1, 1, 1, 500), 3);
-  EXPECT_EQ(doc.searchNoteAfterX(1, 1, 1, 48, 1), 2);
-  EXPECT_EQ(doc.searchNoteAfterX(1, 1, 1, 49, 1), 3);
-  EXPECT_EQ(doc.searchNoteAfterX(1, 1, 1, 0, 3), 3);
-  EXPECT_EQ(doc.searchNoteAfterX(1, 1, 1, 0, 4), 0);  // from past the count
-  EXPECT_EQ(doc.searchNoteAfterXExcludeCurrent(1, 1, 1, 48, 1), 3);
-  EXPECT_EQ(doc.searchNoteAfterXExcludeCurrent(1, 1, 1, 96, 1), 0);
+  // The last search starts past the count.
+  EXPECT_EQ((std::vector<int>{doc.searchNote(1, 1, 1, 48), doc.searchNote(1, 1, 1, 50),
+                              doc.searchNoteBeforeX(1, 1, 1, 0), doc.searchNoteBeforeX(1, 1, 1, 48),
+                              doc.searchNoteBeforeX(1, 1, 1, 500)}),
+            (std::vector<int>{2, 0, 0, 1, 3}));
+  EXPECT_EQ(
+      (std::vector<int>{doc.searchNoteAfterX(1, 1, 1, 48, 1), doc.searchNoteAfterX(1, 1, 1, 49, 1),
+                        doc.searchNoteAfterX(1, 1, 1, 0, 3), doc.searchNoteAfterX(1, 1, 1, 0, 4)}),
+      (std::vector<int>{2, 3, 3, 0}));
+  EXPECT_EQ(std::pair(doc.searchNoteAfterXExcludeCurrent(1, 1, 1, 48, 1),
+                      doc.searchNoteAfterXExcludeCurrent(1, 1, 1, 96, 1)),
+            std::pair(3, 0));
 }
 
 TEST(NoteSearch, SeveralAtOneTickAnswerTheLast) {

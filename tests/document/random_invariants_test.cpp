@@ -33,6 +33,8 @@ class Melangeur {
     return std::vector<int>{6, 12, 16, 18, 24, 36, 48, 72, 96, 144, 192, 250}[entre(0, 11)];
   }
   int numero() { return entre(-1, 12); }
+  byt octet(int lo, int hi) { return static_cast<byt>(entre(lo, hi)); }
+  vbool vf() { return piece() ? kVrai : kFaux; }
 
   tGuitare guitare() {
     tGuitare g;
@@ -67,15 +69,9 @@ class Melangeur {
         [&] { doc.setNoteWhole(piste(), mesure(), corde(), tick(), entre(0, 24), duree()); },
         [&] { doc.setNoteWhole(piste(), mesure(), corde(), tick(), 255, duree()); },
         [&] { doc.deleteNote(piste(), mesure(), corde(), numero()); },
-        [&] {
-          doc.setNoteEffet(piste(), mesure(), corde(), numero(), static_cast<byt>(entre(0, 27)));
-        },
-        [&] {
-          doc.setNoteAttaque(piste(), mesure(), corde(), numero(), static_cast<byt>(entre(0, 11)));
-        },
-        [&] {
-          doc.setNoteDurée(piste(), mesure(), corde(), numero(), static_cast<byt>(entre(0, 255)));
-        },
+        [&] { doc.setNoteEffet(piste(), mesure(), corde(), numero(), octet(0, 27)); },
+        [&] { doc.setNoteAttaque(piste(), mesure(), corde(), numero(), octet(0, 11)); },
+        [&] { doc.setNoteDurée(piste(), mesure(), corde(), numero(), octet(0, 255)); },
         [&] {
           const int p = piste(), m = mesure();
           const int n = doc.addandplaceMesureAccord(p, m, tick());
@@ -83,17 +79,17 @@ class Melangeur {
           doc.setMesureAccord(p, m, n, "Am7", f);
         },
         [&] { doc.deleteAccord(piste(), mesure(), numero()); },
-        [&] { doc.setMesureTexte(piste(), mesure(), tick(), "txt", piece() ? kVrai : kFaux); },
-        [&] { doc.deleteTexte(piste(), mesure(), numero(), piece() ? kVrai : kFaux); },
-        [&] { doc.setMesureTempo(mesure(), tick(), static_cast<byt>(entre(40, 250))); },
+        [&] { doc.setMesureTexte(piste(), mesure(), tick(), "txt", vf()); },
+        [&] { doc.deleteTexte(piste(), mesure(), numero(), vf()); },
+        [&] { doc.setMesureTempo(mesure(), tick(), octet(40, 250)); },
         [&] { doc.deleteTempo(mesure(), numero()); },
         [&] {
           const int dn[] = {0, 1, 2, 3, 4, 8, 16};
           doc.setMesureSignature(mesure(), entre(0, 17), dn[entre(0, 6)]);
         },
-        [&] { doc.setMesureTonalité(mesure(), static_cast<byt>(entre(0, 255))); },
-        [&] { doc.setMesureLoopGaucheType(mesure(), static_cast<byt>(entre(0, 3))); },
-        [&] { doc.setMesureLoopDroiteType(mesure(), static_cast<byt>(entre(0, 3))); },
+        [&] { doc.setMesureTonalité(mesure(), octet(0, 255)); },
+        [&] { doc.setMesureLoopGaucheType(mesure(), octet(0, 3)); },
+        [&] { doc.setMesureLoopDroiteType(mesure(), octet(0, 3)); },
         [&] { doc.checkMesureRenvois(); },
         [&] { doc.setMarqueurStart(mesure(), tick()); },
         [&] { doc.setMarqueurStop(mesure(), tick()); },

@@ -66,12 +66,10 @@ TEST(Transpose, UpPastTheRangeGoesToTheHigherString) {
   doc.setNoteAttaque(1, 1, 3, n, attaque::kHarmoniqueNaturelle);
   doc.setNoteVolume(1, 1, 3, n, nuance::kF);
   doc.transpose(1, 2, 22, 0, 1, 1, kStandard);
-  EXPECT_EQ(doc.getNoteLast(1, 1, 3), 0);
   // 23 on the G string is 19 on the B string: 23 + 55 - 59.
-  EXPECT_EQ(corde(doc, 1, 1, 2), (std::vector<NoteVue>{{0, 19, 48}}));
-  EXPECT_EQ(doc.getNoteEffet(1, 1, 2, 1), effet::kVibrato);
-  EXPECT_EQ(doc.getNoteAttaque(1, 1, 2, 1), attaque::kHarmoniqueNaturelle);
-  EXPECT_EQ(doc.getNoteVolume(1, 1, 2, 1), nuance::kF);
+  EXPECT_EQ(notes(doc), std::vector<std::string>{"2:0:19:48"});
+  EXPECT_EQ(*doc.getNote(1, 1, 2, 1),
+            (tNote{19, 48, 0, effet::kVibrato, 0, attaque::kHarmoniqueNaturelle, nuance::kF}));
 }
 
 TEST(Transpose, OnlyTheChosenBarsAndOnlyValidAmounts) {
@@ -81,14 +79,13 @@ TEST(Transpose, OnlyTheChosenBarsAndOnlyValidAmounts) {
   for (int m = 1; m <= 3; ++m)
     doc.setNoteWhole(1, m, 1, 0, 5, 48);
   const CVantoroTablature avant = doc;
-  EXPECT_FALSE(doc.transpose(1, 0, 24, 0, 1, 3, kStandard));
-  EXPECT_FALSE(doc.transpose(1, 25, 24, 0, 1, 3, kStandard));
-  EXPECT_FALSE(doc.transpose(1, -25, 24, 0, 1, 3, kStandard));
+  for (int demiTons : {0, 25, -25})
+    EXPECT_FALSE(doc.transpose(1, demiTons, 24, 0, 1, 3, kStandard));
   EXPECT_EQ(doc, avant);
   doc.transpose(1, 1, 24, 0, 2, 2, kStandard);
-  EXPECT_EQ(doc.getNoteCase(1, 1, 1, 1), 5);
-  EXPECT_EQ(doc.getNoteCase(1, 2, 1, 1), 6);
-  EXPECT_EQ(doc.getNoteCase(1, 3, 1, 1), 5);
+  EXPECT_EQ((std::vector<int>{doc.getNoteCase(1, 1, 1, 1), doc.getNoteCase(1, 2, 1, 1),
+                              doc.getNoteCase(1, 3, 1, 1)}),
+            (std::vector<int>{5, 6, 5}));
 }
 
 }  // namespace

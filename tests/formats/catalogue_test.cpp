@@ -1,7 +1,8 @@
-// The instrument catalogue: profile defaults, languages, the shipped file,
-// and the two ways a track finds its instrument.
+// The instrument catalogue and the profile file it is read from: profile
+// defaults, languages, the shipped file, and the two ways a track finds its instrument.
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <filesystem>
 #include <set>
 #include <tuple>
@@ -12,6 +13,37 @@
 
 namespace vt {
 namespace {
+
+TEST(IniFile, SectionsAndKeysIgnoreCaseAndLineEnds) {
+  const IniFile ini = IniFile::fromText(
+      "; comment\r\nstray=1\r\n[Accordeur]\r\n  NbrGuitares = 12 \r\n"
+      "[1]\nnom = Guitare \n# other comment\nnomEN=\"  Quoted  \"\nempty=\n"
+      "nom=second\n[accordeur]\nnbrGuitares=99\nautre=3\n");
+  EXPECT_EQ(ini.getPrivateProfileInt("accordeur", "nbrguitares", 1), 12);
+  EXPECT_EQ(ini.getPrivateProfileString("1", "NOM", "?"), "Guitare");  // the first key wins
+  EXPECT_EQ(ini.getPrivateProfileString("1", "nomEN", "?"), "  Quoted  ");
+  EXPECT_EQ(ini.getPrivateProfileString("1", "empty", "?"), "");
+  EXPECT_EQ(ini.getPrivateProfileInt("1", "empty", 7), 7);
+  // Only the first section of a name is read.
+  EXPECT_EQ(ini.getPrivateProfileInt("Accordeur", "autre", -1), -1);
+  EXPECT_FALSE(ini.hasKey("", "stray"));
+  EXPECT_EQ(ini.getPrivateProfileString("2", "nom", "defaut"), "defaut");
+}
+
+TEST(IniFile, IntegersReadAsTheProfileCallsDo) {
+  const IniFile ini = IniFile::fromText(
+      "[s]\na=42\nb=-3\nc=0x1F\nd=12abc\ne=abc\nf=99999999999\ng=-99999999999\nh=+8\n");
+  std::vector<int> lus;
+  for (const char* clé : {"a", "b", "c", "d", "e", "f", "g", "h", "absent"})
+    lus.push_back(ini.getPrivateProfileInt("s", clé, 6));
+  EXPECT_EQ(lus, (std::vector<int>{42, -3, 31, 12, 0, INT_MAX, INT_MIN, 8, 6}));
+}
+
+TEST(IniFile, MissingFileGivesTheDefaults) {
+  const IniFile ini = IniFile::load("/nonexistent/folder/vt.ini");
+  EXPECT_EQ(ini.getPrivateProfileInt("Accordeur", "nbrGuitares", 1), 1);
+  EXPECT_EQ(ini.getPrivateProfileString("1", "nom", "x"), "x");
+}
 
 const std::filesystem::path kLivré = test::dossierDonnées() / kFichierCatalogue;
 
@@ -37,12 +69,10 @@ TEST(Catalogue, AbsentKeysTakeTheProfileDefaults) {
 
   const CatalogueGuitares partiel =
       CatalogueGuitares::fromText("[3]\nnbrCordes=4\ncorde2=38\nnom=Basse\n");
-  const tGuitare g = partiel.loadGuitare(3, kLangFrançais);
-  EXPECT_EQ(g.nom, "Basse");
-  EXPECT_EQ(g.nbrCordes, 4);
-  EXPECT_EQ(g.corde, (std::array<byt, 8>{0, 50, 38, 50, 50, 0, 0, 0}));  // past the count: 0
-  EXPECT_EQ(g.nbrCases, 6);
-  EXPECT_EQ(g.capodastre, 6);
+  attendu.nom = "Basse";
+  attendu.nbrCordes = 4;
+  attendu.corde = {0, 50, 38, 50, 50, 0, 0, 0};  // past the count: 0
+  EXPECT_EQ(partiel.loadGuitare(3, kLangFrançais), attendu);
   EXPECT_EQ(partiel.loadGuitare(3, kLangAnglais).nom, "");  // no "nomEN"
 }
 
@@ -50,10 +80,8 @@ TEST(Catalogue, DamagedValuesStayInsideWhatAnInstrumentCanBe) {
   const CatalogueGuitares c =
       CatalogueGuitares::fromText("[1]\nnbrCordes=12\nnbrCases=-4\ncorde7=300\ncapodastre=999\n");
   const tGuitare g = c.loadGuitare(1, 0);
-  EXPECT_EQ(g.nbrCordes, 7);
-  EXPECT_EQ(g.nbrCases, 0);
-  EXPECT_EQ(g.corde[7], 255);
-  EXPECT_EQ(g.capodastre, 255);
+  EXPECT_EQ((std::vector<int>{g.nbrCordes, g.nbrCases, g.corde[7], g.capodastre}),
+            (std::vector<int>{7, 0, 255, 255}));
   EXPECT_EQ(CatalogueGuitares::fromText("[1]\nnbrCordes=0\n").loadGuitare(1, 0).nbrCordes, 1);
   EXPECT_EQ(CatalogueGuitares::fromText("[1]\nnom=" + std::string(400, 'n') + "\n")
                 .loadGuitare(1, 0)

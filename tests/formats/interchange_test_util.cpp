@@ -79,6 +79,14 @@ std::string hex(std::span<const std::uint8_t> o) {
   return s;
 }
 
+std::vector<std::uint8_t> deHex(const std::string& s) {
+  std::vector<std::uint8_t> v;
+  std::istringstream in(s);
+  for (std::string paire; in >> paire;)
+    v.push_back(static_cast<std::uint8_t>(std::stoi(paire, nullptr, 16)));
+  return v;
+}
+
 Temporaire::Temporaire(const std::string& nom) {
   static std::atomic<int> compteur{0};
   chemin = std::filesystem::temp_directory_path() /

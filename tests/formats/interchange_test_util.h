@@ -43,6 +43,8 @@ Enregistreur marcher(const CVantoroTablature& doc, WalkOptions o = {});
 
 std::vector<std::uint8_t> octets(std::initializer_list<int> l);
 std::string hex(std::span<const std::uint8_t> o);
+// Bytes written as hex pairs separated by blanks: "4D 54 68 64".
+std::vector<std::uint8_t> deHex(const std::string& s);
 
 // A fresh path in the temporary folder, removed when the holder goes.
 struct Temporaire {

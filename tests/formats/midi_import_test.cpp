@@ -1,9 +1,13 @@
-// MIDI to tablature: where notes land, what the meta-events become, and when
-// the conversion refuses.
+// MIDI to tablature: where notes land, what the meta-events become, when the
+// conversion refuses; and files made by other programs (see
+// tests/data/midi/README.md), imported.
 #include <gtest/gtest.h>
+
+#include <string>
 
 #include "document/validate.h"
 #include "formats/midi_import.h"
+#include "formats/string_table.h"
 #include "interchange_test_util.h"
 #include "midi_test_files.h"
 
@@ -27,8 +31,10 @@ InterchangeResult convertir(const Octets& octets, std::vector<int> sources, CVan
   return r;
 }
 
-const tNote* note(const CVantoroTablature& doc, int p, int m, int c, int n = 1) {
-  return doc.getNote(p, m, c, n);
+// Note n of a string, or an empty note when there is none.
+tNote note(const CVantoroTablature& doc, int p, int m, int c, int n = 1) {
+  const tNote* t = doc.getNote(p, m, c, n);
+  return t != nullptr ? *t : tNote{};
 }
 
 TEST(MidiImportTime, XRoundedHalfToEvenDurationsTruncated) {
@@ -37,12 +43,11 @@ TEST(MidiImportTime, XRoundedHalfToEvenDurationsTruncated) {
   const Octets f = smf(
       1, 96, {PisteMidi().on(1, 64).on(3, 59).off(4, 64).off(6, 59).on(7, 55).off(12, 55).fin(12)});
   ASSERT_TRUE(convertir(f, {0}, doc).ok());
-  ASSERT_NE(note(doc, 1, 1, 1), nullptr);
-  EXPECT_EQ(note(doc, 1, 1, 1)->intX, 0);      // 0.5
-  EXPECT_EQ(note(doc, 1, 1, 1)->bytDurée, 1);  // 1.5
-  EXPECT_EQ(note(doc, 1, 1, 2)->intX, 2);      // 1.5
-  EXPECT_EQ(note(doc, 1, 1, 3)->intX, 4);      // 3.5
-  EXPECT_EQ(note(doc, 1, 1, 3)->bytDurée, 2);  // 2.5
+  // X 0.5, 1.5 and 3.5; lengths 1.5 and 2.5.
+  EXPECT_EQ((std::vector<int>{note(doc, 1, 1, 1).intX, note(doc, 1, 1, 1).bytDurée,
+                              note(doc, 1, 1, 2).intX, note(doc, 1, 1, 3).intX,
+                              note(doc, 1, 1, 3).bytDurée}),
+            (std::vector<int>{0, 1, 2, 4, 2}));
 }
 
 TEST(MidiImportTime, ReleasesAndNotesNeverReleased) {
@@ -54,27 +59,20 @@ TEST(MidiImportTime, ReleasesAndNotesNeverReleased) {
                             .on(96, 59, 70)  // never released
                             .fin(384)});
   ASSERT_TRUE(convertir(f, {0}, doc).ok());
-  EXPECT_EQ(note(doc, 1, 1, 1)->bytDurée, 24);
-  EXPECT_EQ(note(doc, 1, 1, 1)->bytVolume, 90);
-  EXPECT_EQ(note(doc, 1, 1, 2)->intX, 48);
-  EXPECT_EQ(note(doc, 1, 1, 2)->bytDurée, 144);  // to the track's end
-  EXPECT_EQ(note(doc, 1, 1, 2)->bytVolume, 70);
+  EXPECT_EQ(note(doc, 1, 1, 1), (tNote{0, 24, 0, 0, 0, 0, 90}));
+  EXPECT_EQ(note(doc, 1, 1, 2), (tNote{0, 144, 48, 0, 0, 0, 70}));  // to the track's end
 }
 
 TEST(MidiImportStrings, ChordsTakeSuccessiveStringsFromTheTop) {
   CVantoroTablature doc;
-  const Octets f = smf(1, 96,
-                       {PisteMidi()
-                            .on(0, 48)
-                            .on(0, 52)
-                            .on(0, 55)  // C major, low
-                            .off(96, 48)
-                            .off(96, 52)
-                            .off(96, 55)
-                            .on(96, 64)
-                            .on(96, 64, 100, 1)
-                            .on(96, 64, 100, 2)
-                            .fin(192)});
+  PisteMidi p;
+  for (int h : {48, 52, 55})  // C major, low
+    p.on(0, h);
+  for (int h : {48, 52, 55})
+    p.off(96, h);
+  for (int canal : {0, 1, 2})
+    p.on(96, 64, 100, canal);
+  const Octets f = smf(1, 96, {p.fin(192)});
   ASSERT_TRUE(convertir(f, {0}, doc).ok());
   // C3 E3 G3 on strings 5, 4, 3; then the same E4 three times: the next string down each time.
   EXPECT_EQ(test::notes(doc), (std::vector<std::string>{"1:1:48:0", "1:2:48:5", "1:3:0:0",
@@ -83,30 +81,28 @@ TEST(MidiImportStrings, ChordsTakeSuccessiveStringsFromTheTop) {
 
 TEST(MidiImportStrings, DroppedBelowTheStringsKeptAboveTheFrets) {
   CVantoroTablature doc;
+  // Below the low E: dropped; string 1 fret 36; a second E2 has no string left.
   const Octets f = smf(1, 96,
                        {PisteMidi()
-                            .on(0, 39)   // below the low E: dropped
-                            .on(0, 100)  // string 1, fret 36
+                            .on(0, 39)
+                            .on(0, 100)
                             .off(48, 39)
                             .off(48, 100)
                             .on(96, 40)
-                            .on(96, 40, 100, 1)  // the second has no string left
+                            .on(96, 40, 100, 1)
                             .fin(192)});
   ASSERT_TRUE(convertir(f, {0}, doc).ok());
   EXPECT_EQ(test::notes(doc), (std::vector<std::string>{"1:1:0:36", "1:6:48:0"}));
-}
-
-TEST(MidiImportStrings, TransposeHeldToTheMidiRange) {
-  MidiImportOptions o;
-  o.transposition = 100;
-  CVantoroTablature haut;
-  const Octets f = smf(1, 96, {PisteMidi().on(0, 60).off(96, 60).fin(96)});
-  ASSERT_TRUE(convertir(f, {0}, haut, o).ok());
-  EXPECT_EQ(note(haut, 1, 1, 1)->bytCase, 127 - 64);
-  o.transposition = -100;
-  CVantoroTablature bas;
-  ASSERT_TRUE(convertir(f, {0}, bas, o).ok());  // note 0: below every string
-  EXPECT_TRUE(test::notes(bas).empty());
+  // A transposition is held to the MIDI range: 160 is 127, -40 is 0, below every string.
+  const Octets do4 = smf(1, 96, {PisteMidi().on(0, 60).off(96, 60).fin(96)});
+  for (const auto& [demiTons, attendu] : {std::pair{100, std::vector<std::string>{"1:1:0:63"}},
+                                          std::pair{-100, std::vector<std::string>{}}}) {
+    MidiImportOptions o;
+    o.transposition = demiTons;
+    CVantoroTablature t;
+    ASSERT_TRUE(convertir(do4, {0}, t, o).ok());
+    EXPECT_EQ(test::notes(t), attendu);
+  }
 }
 
 TEST(MidiImportMeta, SignaturesKeysAndBarsBeyondTheEnd) {
@@ -120,18 +116,15 @@ TEST(MidiImportMeta, SignaturesKeysAndBarsBeyondTheEnd) {
       .on(96 * 4 * 999, 64)
       .off(96 * 4 * 999 + 96, 64);
   ASSERT_TRUE(convertir(smf(1, 96, {p.fin(96 * 4 * 1000)}), {0}, doc).ok());
-  EXPECT_EQ(doc.getMesureSignatureUp(1), 3);
-  EXPECT_EQ(doc.getMesureSignatureUp(2), 3);
-  EXPECT_EQ(doc.getMesureSignatureUp(3), 2);
-  EXPECT_EQ(doc.getMesureSignatureUp(4), 2);
-  EXPECT_EQ(doc.getMesureTonalité(1), 8 - 3 + 64);
-  EXPECT_EQ(doc.getMesureTonalité(doc.getMesureLast()), 8 - 3 + 64);
-  EXPECT_EQ(doc.getNoteLast(1, 3, 1), 1);
   // 96 * 4 * 999 file ticks = 191808 document ticks: 288 in the 3/4 and
   // 2/4 bars before, then 96-tick bars.
   const int m = 3 + (191808 - 288) / 96;
-  EXPECT_EQ(doc.getMesureLast(), m);
-  EXPECT_EQ(doc.getNoteLast(1, m, 1), 1);
+  EXPECT_EQ(
+      (std::vector<int>{doc.getMesureSignatureUp(1), doc.getMesureSignatureUp(2),
+                        doc.getMesureSignatureUp(3), doc.getMesureSignatureUp(4),
+                        doc.getMesureTonalité(1), doc.getMesureTonalité(m),
+                        doc.getNoteLast(1, 3, 1), doc.getMesureLast(), doc.getNoteLast(1, m, 1)}),
+      (std::vector<int>{3, 3, 2, 2, 8 - 3 + 64, 8 - 3 + 64, 1, m, 1}));
 }
 
 TEST(MidiImportMeta, PositionsPastTheLastPossibleBarAreDropped) {
@@ -152,19 +145,15 @@ TEST(MidiImportMeta, TheFirstChunksTemposAreReadUnchosenSoThePieceKeepsItsSpeed)
                             .off(96, 59)
                             .meta(192, 0x51, std::string("\x06\x1A\x80", 3))  // 150
                             .fin(192)});
-  CVantoroTablature doc;
+  CVantoroTablature doc, seul, aucun;
   ASSERT_TRUE(convertir(f, {1, 2}, doc).ok());
-  EXPECT_EQ(doc.tempo, 120);
-  EXPECT_EQ(doc.getMesureTempoContenu(1, doc.searchMesureTempo(1, 96)), 150);
-  EXPECT_EQ(doc.getMesureTempoContenu(1, doc.searchMesureTempo(1, 0)), 120);
-
-  CVantoroTablature seul;
+  EXPECT_EQ((std::vector<int>{doc.tempo, doc.getMesureTempoContenu(1, doc.searchMesureTempo(1, 96)),
+                              doc.getMesureTempoContenu(1, doc.searchMesureTempo(1, 0))}),
+            (std::vector<int>{120, 150, 120}));
   ASSERT_TRUE(convertir(f, {1}, seul).ok());  // the third track is not read
   EXPECT_EQ(seul.searchMesureTempo(1, 96), 0);
-
   MidiImportOptions sans;
   sans.tempos = false;
-  CVantoroTablature aucun;
   ASSERT_TRUE(convertir(f, {1, 2}, aucun, sans).ok());
   EXPECT_EQ(aucun.getMesureTempoLast(1), 0);
 }
@@ -183,13 +172,11 @@ TEST(MidiImportMeta, HeadTextsAndATrackNameThatNamesItsTrackInsteadOfStandingAsA
            PisteMidi().meta(0, 0x03, "Lead").on(0, 64).meta(96, 0x05, "la").off(96, 64).fin(96)});
   CVantoroTablature doc;
   ASSERT_TRUE(convertir(f, {1}, doc).ok());
-  EXPECT_EQ(doc.titre, "Song");
-  EXPECT_EQ(doc.Copy, "(c) me");
-  EXPECT_EQ(doc.Comments, "Slowly");
-  EXPECT_EQ(doc.getPisteNom(1), "Lead");
-  EXPECT_EQ(doc.getMesureTexte(1, 1, 0, kVrai), "second");
-  EXPECT_EQ(doc.getMesureTexte(1, 1, 96, kVrai), "Chorus");
-  EXPECT_EQ(doc.getMesureTexte(1, 1, 48, kVrai), "la");
+  EXPECT_EQ(
+      (std::vector<std::string>{
+          doc.titre, doc.Copy, doc.Comments, doc.getPisteNom(1), doc.getMesureTexte(1, 1, 0, kVrai),
+          doc.getMesureTexte(1, 1, 48, kVrai), doc.getMesureTexte(1, 1, 96, kVrai)}),
+      (std::vector<std::string>{"Song", "(c) me", "Slowly", "Lead", "second", "la", "Chorus"}));
   EXPECT_EQ(doc.getMesureTexteUpLast(1, 1), 3);  // the instrument name is not a text
 }
 
@@ -201,13 +188,13 @@ TEST(MidiImportRmtf, AttributesBecomeEffectsAndAttacks) {
   }
   CVantoroTablature doc;
   ASSERT_TRUE(convertir(smf(1, 96, {p.fin(200)}), {0}, doc).ok());
-  ASSERT_EQ(doc.getNoteLast(1, 1, 1), 15);
-  const int effets[] = {3, 4, 1, 2, 0, 0, 0, 0, 9, 24, 25, 20, 0, 0, 0};
-  const int attaques[] = {0, 0, 0, 0, 10, 0, 1, 2, 0, 0, 0, 0, 6, 9, 3};
-  for (int a = 1; a <= 15; ++a) {
-    EXPECT_EQ(doc.getNoteEffet(1, 1, 1, a), effets[a - 1]) << a;
-    EXPECT_EQ(doc.getNoteAttaque(1, 1, 1, a), attaques[a - 1]) << a;
+  std::vector<int> effets, attaques;
+  for (int a = 1; a <= doc.getNoteLast(1, 1, 1); ++a) {
+    effets.push_back(doc.getNoteEffet(1, 1, 1, a));
+    attaques.push_back(doc.getNoteAttaque(1, 1, 1, a));
   }
+  EXPECT_EQ(effets, (std::vector<int>{3, 4, 1, 2, 0, 0, 0, 0, 9, 24, 25, 20, 0, 0, 0}));
+  EXPECT_EQ(attaques, (std::vector<int>{0, 0, 0, 0, 10, 0, 1, 2, 0, 0, 0, 0, 6, 9, 3}));
   EXPECT_EQ(doc.getMesureTexte(1, 1, 36, kVrai), "Roll");
 }
 
@@ -229,16 +216,13 @@ TEST(MidiImportRmtf, TrackHeaderRestoresTheInstrumentAndHintsTheStrings) {
       .off(96, 50);
   CVantoroTablature doc;
   ASSERT_TRUE(convertir(smf(1, 96, {p.fin(96)}), {0}, doc).ok());
-  EXPECT_EQ(doc.getGuitareNbrCordes(1), 7);
-  EXPECT_EQ(doc.getGuitareCapodastre(1), 2);
-  EXPECT_EQ(doc.getGuitareCorde(1, 7), 35);
-  EXPECT_EQ(note(doc, 1, 1, 7)->bytCase, 3);
-  EXPECT_EQ(note(doc, 1, 1, 1)->bytCase, 0);
-  EXPECT_EQ(note(doc, 1, 1, 4)->bytCase, 0);
-  ASSERT_EQ(doc.getMesureAccordLast(1, 1), 1);
+  EXPECT_EQ((std::vector<int>{doc.getGuitareNbrCordes(1), doc.getGuitareCapodastre(1),
+                              doc.getGuitareCorde(1, 7), doc.getMesureAccordLast(1, 1),
+                              doc.getMesureAccordCorde(1, 1, 1, 3),
+                              doc.getMesureAccordCorde(1, 1, 1, 7)}),
+            (std::vector<int>{7, 2, 35, 1, 2, 255}));
+  EXPECT_EQ(test::notes(doc), (std::vector<std::string>{"1:1:0:0", "1:4:0:0", "1:7:0:3"}));
   EXPECT_EQ(doc.getMesureAccordNom(1, 1, 1), "Am");
-  EXPECT_EQ(doc.getMesureAccordCorde(1, 1, 1, 3), 2);
-  EXPECT_EQ(doc.getMesureAccordCorde(1, 1, 1, 7), 255);
 }
 
 TEST(MidiImportChoice, FormatZeroChannelsFillTheirTargetsWithTheirFirstProgramSoTheSoundsComeBack) {
@@ -253,11 +237,10 @@ TEST(MidiImportChoice, FormatZeroChannelsFillTheirTargetsWithTheirFirstProgramSo
   CVantoroTablature doc;
   ASSERT_TRUE(convertir(f, {2, 1}, doc).ok());
   ASSERT_EQ(doc.getPisteLast(), 2);
-  EXPECT_EQ(note(doc, 1, 1, 6)->bytCase, 0);  // channel 2 into track 1
-  EXPECT_EQ(note(doc, 1, 1, 6)->bytVolume, 80);
-  EXPECT_EQ(doc.getMIDIPatch(1), 33);
-  EXPECT_EQ(note(doc, 2, 1, 1)->bytCase, 0);
-  EXPECT_EQ(doc.getMIDIPatch(2), kPatchParDéfaut);
+  EXPECT_EQ(note(doc, 1, 1, 6), (tNote{0, 48, 0, 0, 0, 0, 80}));  // channel 2 into track 1
+  EXPECT_EQ(test::notes(doc, 2), std::vector<std::string>{"1:1:0:0"});
+  EXPECT_EQ((std::vector<int>{doc.getMIDIPatch(1), doc.getMIDIPatch(2)}),
+            (std::vector<int>{33, kPatchParDéfaut}));
 }
 
 TEST(MidiImportChoice, Refusals) {
@@ -301,6 +284,113 @@ TEST(MidiImportSteps, ReportedInOrderWithProgress) {
   ASSERT_TRUE(convertirMidi(f, o, doc, prog).ok());
   EXPECT_EQ(étapes, (std::vector<int>{1012, 1008, 1009, 1010}));
   EXPECT_EQ(dernier, f.pistes[0].taille);
+}
+
+const std::string kDossier = std::string(VT_TEST_DATA_DIR) + "/midi/";
+
+struct Importé {
+  MidiFichier f;
+  std::vector<MidiSource> sources;
+  CVantoroTablature doc;
+  InterchangeResult lecture;
+};
+
+Importé importer(const std::string& nom) {
+  Importé i;
+  i.lecture = ouvrirMidi(kDossier + nom, i.f);
+  EXPECT_TRUE(i.lecture.ok()) << nom;
+  i.sources = sourcesMidi(i.f, kLangAnglais);
+  MidiImportOptions o;
+  o.sources = sourcesParDéfaut(i.sources);
+  EXPECT_TRUE(convertirMidi(i.f, o, i.doc).ok()) << nom;
+  EXPECT_EQ(validateDocument(i.doc), "") << nom;
+  return i;
+}
+
+struct Attendue {
+  int corde, x, frette, durée;
+};
+
+void vérifierNotes(const CVantoroTablature& doc, int p, int m, std::vector<Attendue> attendues) {
+  std::vector<Attendue> lues;
+  for (int c = 1; c <= doc.getGuitareNbrCordes(p); ++c)
+    for (int n = 1; n <= doc.getNoteLast(p, m, c); ++n) {
+      const tNote* note = doc.getNote(p, m, c, n);
+      lues.push_back({c, note->intX, note->bytCase, note->bytDurée});
+    }
+  auto clé = [](const Attendue& a) { return std::tuple(a.x, a.corde, a.frette, a.durée); };
+  std::sort(lues.begin(), lues.end(), [&](auto& a, auto& b) { return clé(a) < clé(b); });
+  std::sort(attendues.begin(), attendues.end(), [&](auto& a, auto& b) { return clé(a) < clé(b); });
+  ASSERT_EQ(lues.size(), attendues.size()) << "track " << p << " bar " << m;
+  for (std::size_t i = 0; i < lues.size(); ++i)
+    EXPECT_EQ(clé(lues[i]), clé(attendues[i])) << "track " << p << " bar " << m << " note " << i;
+}
+
+TEST(MidiFixtures, LilyPondDuetFormatOneThreeTracksTwoTempos) {
+  const Importé i = importer("lily_duet.midi");
+  EXPECT_EQ(i.f.format, 1);
+  EXPECT_EQ(i.f.division, 384);
+  ASSERT_EQ(i.sources.size(), 3u);
+  EXPECT_EQ(i.sources[0].libellé, "Duet: 0");
+  EXPECT_EQ(i.sources[0].notes, 0);
+  EXPECT_EQ(i.sources[1].notes, 15);
+  EXPECT_EQ(i.sources[2].notes, 9);
+  const CVantoroTablature& doc = i.doc;
+  EXPECT_EQ(doc.titre, "Duet");
+  // Tracks, bars, tempo, its change in bar 3, key (G major), patches.
+  EXPECT_EQ((std::vector<int>{doc.getPisteLast(), doc.getMesureLast(), doc.tempo,
+                              doc.getMesureTempoContenu(3, doc.searchMesureTempo(3, 0)),
+                              doc.getMesureTonalité(1), doc.getMIDIPatch(1), doc.getMIDIPatch(2)}),
+            (std::vector<int>{2, 4, 100, 80, 9, 24, 33}));
+  // Bar 2: a half note, then the chord G B D whose notes go down the strings.
+  vérifierNotes(doc, 1, 2, {{1, 0, 10, 96}, {1, 96, 3, 96}, {2, 96, 12, 96}, {3, 96, 19, 96}});
+  vérifierNotes(doc, 1, 3,
+                {{1, 0, 12, 24},
+                 {1, 24, 10, 24},
+                 {1, 48, 8, 24},
+                 {1, 72, 7, 24},
+                 {1, 96, 5, 48},
+                 {1, 144, 3, 48}});
+  vérifierNotes(doc, 2, 1, {{6, 0, 3, 96}, {4, 96, 0, 96}});
+  vérifierNotes(doc, 2, 4, {{6, 0, 3, 192}});
+}
+
+TEST(MidiFixtures, LilyPondWaltzThreeFourAndATieAcrossTheBarLine) {
+  const Importé i = importer("lily_waltz.midi");
+  const CVantoroTablature& doc = i.doc;
+  // Signatures of bars 1 and 5, bars, tempo, key (D minor), patch.
+  EXPECT_EQ((std::vector<int>{doc.getMesureSignatureUp(1), doc.getMesureSignatureUp(5),
+                              doc.getMesureLast(), doc.tempo, doc.getMesureTonalité(1),
+                              doc.getMIDIPatch(1)}),
+            (std::vector<int>{3, 3, 5, 140, 8 - 1 + 64, 25}));
+  // D4 goes to string 2: the highest string that reaches a note takes it.
+  vérifierNotes(doc, 1, 1, {{2, 0, 3, 48}, {1, 48, 1, 48}, {1, 96, 5, 48}});
+  // The tied A (a half and a quarter) is cut at the bar line.
+  vérifierNotes(doc, 1, 2, {{1, 0, 10, 96}, {1, 96, 5, 48}});
+  vérifierNotes(doc, 1, 3, {{1, 48, 3, 48}, {1, 96, 1, 48}});
+  vérifierNotes(doc, 1, 5, {{2, 0, 3, 144}});
+}
+
+TEST(MidiFixtures, CsvFormatZeroRunningStatusTwoChannels) {
+  const Importé i = importer("csv_format0.mid");
+  EXPECT_EQ(i.lecture.notices, std::vector<int>{kMsgMidiFormat0});
+  ASSERT_EQ(i.sources.size(), 16u);
+  EXPECT_EQ(i.sources[0].notes, 6);
+  EXPECT_EQ(i.sources[1].notes, 2);
+  const CVantoroTablature& doc = i.doc;
+  ASSERT_EQ(doc.getPisteLast(), 2);
+  EXPECT_EQ(doc.titre, "Format zero");
+  EXPECT_EQ(doc.Copy, "nobody");
+  // Signature, key of bar 2 (two flats, major), its tempo, patches.
+  EXPECT_EQ((std::vector<int>{doc.getMesureSignatureUp(1), doc.getMesureTonalité(2),
+                              doc.getMesureTempoContenu(2, doc.searchMesureTempo(2, 0)),
+                              doc.getMIDIPatch(1), doc.getMIDIPatch(2)}),
+            (std::vector<int>{3, 8 - 2, 80, 25, 33}));
+  EXPECT_EQ(doc.getMesureTexte(1, 2, 0, kVrai), "B part");
+  vérifierNotes(doc, 1, 1, {{1, 0, 0, 48}, {2, 0, 8, 48}, {1, 48, 1, 24}, {1, 72, 5, 24}});
+  vérifierNotes(doc, 1, 2, {{1, 0, 8, 48}, {1, 48, 7, 96}});
+  vérifierNotes(doc, 2, 1, {{6, 0, 0, 96}});
+  vérifierNotes(doc, 2, 2, {{5, 0, 0, 144}});
 }
 
 }  // namespace

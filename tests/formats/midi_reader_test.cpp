@@ -1,7 +1,8 @@
 // The MIDI reader on hand-made files: headers, chunks, events, and every way a
-// file can be broken.
+// file can be broken; and the hex and variable-length helpers both ways use.
 #include <gtest/gtest.h>
 
+#include "formats/hex.h"
 #include "formats/midi_reader.h"
 #include "formats/string_table.h"
 #include "interchange_test_util.h"
@@ -10,148 +11,158 @@
 namespace vt {
 namespace {
 
-using test::octets;
+using test::deHex;
 using test::Octets;
 using test::smf;
+using V = std::vector<std::string>;
+
+// Track 1 of a one-track file of division 96 whose track data is `hex`.
+InterchangeResult lirePiste(const std::string& hex, PisteMidiLue& p, int format = 1) {
+  MidiFichier f;
+  const InterchangeResult r = lireMidi(smf(format, 96, {deHex(hex)}), f);
+  EXPECT_TRUE(r.ok());
+  return lirePisteMidi(f, 0, p);
+}
+
+// The note events as "tick:channel:pitch:velocity:string:attribute".
+V notes(const PisteMidiLue& p) {
+  V v;
+  for (const MidiEvenement& n : p.notes)
+    v.push_back(std::to_string(n.tick) + ":" + std::to_string(n.canal) + ":" +
+                std::to_string(n.hauteur) + ":" + std::to_string(n.vélocité) + ":" +
+                std::to_string(n.corde) + ":" + std::to_string(n.attribut));
+  return v;
+}
+
+TEST(Hex, PaddingAndBytes) {
+  // hexPad2 never cuts.
+  EXPECT_EQ((std::vector<std::string>{hexPad2(0x5), hexPad2(0x1AB), hexPad6(500000), hexPad8(0),
+                                      hexPadEven("ABC"), hexPadEven("AB"), textToHex("Ab")}),
+            (std::vector<std::string>{"05", "1AB", "07A120", "00000000", "0ABC", "AB", "4162"}));
+  EXPECT_EQ(hexToBytes("0"), test::octets({0}));
+  EXPECT_EQ(hexToBytes("4D5468"), test::octets({0x4D, 0x54, 0x68}));
+  EXPECT_EQ(hexToBytes("4D5"), test::octets({0x4D, 0x05}));
+}
+
+TEST(Hex, VariableLengthQuantities) {
+  // Held to four bytes.
+  EXPECT_EQ((std::vector<std::string>{bytesToVarLen(0), bytesToVarLen(0x7F), bytesToVarLen(0x80),
+                                      bytesToVarLen(0xFF), bytesToVarLen(0x3FFF),
+                                      bytesToVarLen(0x0FFFFFFF), bytesToVarLen(0xFFFFFFFF)}),
+            (std::vector<std::string>{"00", "7F", "8100", "817F", "FF7F", "FFFFFF7F", "FFFFFF7F"}));
+  for (std::uint32_t n : {0u, 1u, 127u, 128u, 300u, 16383u, 16384u, 0x0FFFFFFFu})
+    EXPECT_EQ(varLenToNumber(hexToBytes(bytesToVarLen(n))), n);
+  // Never more than four bytes are read, whatever follows.
+  EXPECT_EQ(varLenToNumber(test::octets({0x81, 0x80, 0x80, 0x80, 0x80, 0x00})), 0x0200000u);
+  EXPECT_EQ(bytesToNumber(test::octets({0x07, 0xA1, 0x20})), 500000u);
+}
+
+TEST(Hex, WheelLowSevenBitsFirst) {
+  EXPECT_EQ((std::vector<std::string>{wheelToHex(8192), wheelToHex(9536), wheelToHex(16383),
+                                      wheelToHex(-5)}),
+            (std::vector<std::string>{"0040", "404A", "7F7F", "0000"}));
+}
 
 TEST(MidiReaderHeader, RefusalsBeforeAnyTrack) {
-  MidiFichier f;
-  EXPECT_EQ(lireMidi({}, f).stringId, kMsgMidiInvalide);
-  EXPECT_EQ(lireMidi(octets({'R', 'I', 'F', 'F', 0, 0, 0, 6, 0, 1, 0, 1, 0, 96}), f).stringId,
-            kMsgMidiInvalide);
-  EXPECT_EQ(lireMidi(octets({'M', 'T', 'h', 'd', 0, 0, 0}), f).stringId, kMsgMidiErreur);
-  EXPECT_EQ(lireMidi(octets({'M', 'T', 'h', 'd', 0, 0, 0, 6, 0, 1, 0, 0, 0, 96}), f).stringId,
-            kMsgMidiAucunePiste);
-  // Declared but absent.
-  EXPECT_EQ(lireMidi(octets({'M', 'T', 'h', 'd', 0, 0, 0, 6, 0, 1, 0, 1, 0, 96}), f).stringId,
-            kMsgMidiAucunePiste);
-  auto division = [](int hi, int lo) {
-    return octets({'M', 'T', 'h', 'd', 0, 0, 0, 6, 0, 1, 0, 1, hi, lo, 'M', 'T', 'r', 'k', 0, 0, 0, 0});
+  const std::string un = "4D 54 68 64 00 00 00 06 00 01 00 01 ", piste = " 4D 54 72 6B 00 00 00 00";
+  const std::pair<std::string, int> cas[] = {
+      {"", kMsgMidiInvalide},
+      {"52 49 46 46 00 00 00 06 00 01 00 01 00 60", kMsgMidiInvalide},
+      {"4D 54 68 64 00 00 00", kMsgMidiErreur},
+      {"4D 54 68 64 00 00 00 06 00 01 00 00 00 60", kMsgMidiAucunePiste},
+      {un + "00 60", kMsgMidiAucunePiste},  // declared but absent
+      {un + "00 00" + piste, kMsgMidiErreur},
+      {un + "E7 28" + piste, kMsgMidiErreur},  // time code
+      {un + "00 60" + piste, 0},
   };
-  EXPECT_EQ(lireMidi(division(0, 0), f).stringId, kMsgMidiErreur);
-  EXPECT_EQ(lireMidi(division(0xE7, 0x28), f).stringId, kMsgMidiErreur);  // time code
-  EXPECT_TRUE(lireMidi(division(0, 96), f).ok());
+  for (const auto& [octets, id] : cas) {
+    MidiFichier f;
+    const InterchangeResult r = lireMidi(deHex(octets), f);
+    EXPECT_EQ(r.ok() ? 0 : r.stringId, id) << octets;
+  }
 }
 
 TEST(MidiReaderHeader, ChunksFollowTheHeaderLengthOthersSkippedFormatZeroNoticed) {
-  Octets o = octets({'M', 'T', 'h', 'd', 0, 0, 0, 8, 0, 0, 0, 1, 0, 96, 0xAA, 0xBB,
-                     'X', 'Y', 'Z', 'W', 0, 0, 0, 2, 1, 2,
-                     'M', 'T', 'r', 'k', 0, 0, 0, 4, 0, 0xFF, 0x2F, 0});
   MidiFichier f;
-  const InterchangeResult r = lireMidi(o, f);
+  const InterchangeResult r =
+      lireMidi(deHex("4D 54 68 64 00 00 00 08 00 00 00 01 00 60 AA BB 58 59 5A 57 00 00 00 02 01 "
+                     "02 4D 54 72 6B 00 00 00 04 00 FF 2F 00"),
+               f);
   ASSERT_TRUE(r.ok());
   EXPECT_EQ(r.notices, std::vector<int>{kMsgMidiFormat0});
-  EXPECT_EQ(f.format, 0);
   ASSERT_EQ(f.pistes.size(), 1u);
-  EXPECT_EQ(f.pistes[0].début, 34u);
-  EXPECT_EQ(f.pistes[0].taille, 4u);
+  EXPECT_EQ((std::vector<std::size_t>{static_cast<std::size_t>(f.format), f.pistes[0].début,
+                                      f.pistes[0].taille}),
+            (std::vector<std::size_t>{0, 34, 4}));
 }
 
 TEST(MidiReaderEvents, RunningStatusReleasesAndChannels) {
-  MidiFichier f;
-  ASSERT_TRUE(lireMidi(smf(1, 96, {octets({0x00, 0x90, 60, 100, 0x00, 64, 90,  // running status
-                                           0x60, 0x80, 60, 50, 0x00, 64, 0,     // note off, running
-                                           0x10, 0x93, 67, 0,                   // velocity 0
-                                           0x00, 0xFF, 0x2F, 0x00})}),
-                       f).ok());
   PisteMidiLue p;
-  ASSERT_TRUE(lirePisteMidi(f, 0, p).ok());
-  ASSERT_EQ(p.notes.size(), 5u);
-  EXPECT_EQ(p.notes[1].hauteur, 64);
-  EXPECT_EQ(p.notes[1].vélocité, 90);
-  EXPECT_EQ(p.notes[2].tick, 96);
-  EXPECT_EQ(p.notes[2].vélocité, 0);  // a Note Off keeps no velocity
-  EXPECT_EQ(p.notes[3].hauteur, 64);
-  EXPECT_EQ(p.notes[4].canal, 3);
-  EXPECT_EQ(p.notes[4].tick, 112);
-  EXPECT_EQ(p.événements, 6);
-  EXPECT_EQ(p.notesParCanal[0], 2);
-  EXPECT_EQ(p.fin, 112);
+  // Running status, a Note Off and a running one, a velocity 0.
+  ASSERT_TRUE(
+      lirePiste("00 90 3C 64 00 40 5A 60 80 3C 32 00 40 00 10 93 43 00 00 FF 2F 00", p).ok());
+  // A Note Off keeps no velocity.
+  EXPECT_EQ(notes(p), (V{"0:0:60:100:0:0", "0:0:64:90:0:0", "96:0:60:0:0:0", "96:0:64:0:0:0",
+                         "112:3:67:0:0:0"}));
+  EXPECT_EQ((std::vector<long>{p.événements, p.notesParCanal[0], p.fin}),
+            (std::vector<long>{6, 2, 112}));
 }
 
 TEST(MidiReaderEvents, MetaEventsAndTheRmtfNoteEventBelongsToTheNextNoteStart) {
-  MidiFichier f;
-  ASSERT_TRUE(lireMidi(smf(1, 96, {octets({
-                           0x00, 0xFF, 0x03, 2, 'G', 't',
-                           0x00, 0xFF, 0x03, 2, 'X', 'X',  // only the first names the track
-                           0x00, 0xFF, 0x51, 0x03, 0x07, 0xA1, 0x20,
-                           0x00, 0xFF, 0x58, 0x04, 6, 3, 24, 8,
-                           0x00, 0xFF, 0x59, 0x02, 0xFD, 0x01,
-                           0x00, 0xFF, 0x10, 6, 2, 3, 62, 57, 52, 47,
-                           0x00, 0xFF, 0x12, 5, 0, 2, 2, 1, 'E',
-                           0x00, 0xFF, 0x11, 0x02, 1, 0x0C,
-                           0x00, 0x80, 40, 0,  // a release does not take it
-                           0x00, 0x90, 60, 100, 0x00, 0x90, 62, 100,
-                           0x00, 0xFF, 0x11, 0x01, 3,
-                           0x00, 0x90, 64, 100,
-                           0x00, 0xC2, 30, 0x00, 0xC2, 31,
-                           0x00, 0xFF, 0x06, 1, 'M',
-                           0x00, 0xFF, 0x2F, 0x00,
-                           0x00, 0x90, 70, 100})}),  // after the end: not read
-                       f).ok());
   PisteMidiLue p;
-  ASSERT_TRUE(lirePisteMidi(f, 0, p).ok());
+  ASSERT_TRUE(lirePiste("00 FF 03 02 47 74 "
+                        "00 FF 03 02 58 58 "  // only the first names the track
+                        "00 FF 51 03 07 A1 20 00 FF 58 04 06 03 18 08 00 FF 59 02 FD 01 "
+                        "00 FF 10 06 02 03 3E 39 34 2F 00 FF 12 05 00 02 02 01 45 "
+                        "00 FF 11 02 01 0C "
+                        "00 80 28 00 "  // a release does not take it
+                        "00 90 3C 64 00 90 3E 64 00 FF 11 01 03 00 90 40 64 "
+                        "00 C2 1E 00 C2 1F 00 FF 06 01 4D 00 FF 2F 00 "
+                        "00 90 46 64",  // after the end: not read
+                        p)
+                  .ok());
   EXPECT_EQ(p.nom, "Gt");
-  ASSERT_EQ(p.tempos.size(), 1u);
-  EXPECT_EQ(p.tempos[0].a, 500000);
-  ASSERT_EQ(p.signatures.size(), 1u);
-  EXPECT_EQ(p.signatures[0].a, 6);
-  EXPECT_EQ(p.signatures[0].b, 3);
-  ASSERT_EQ(p.tonalités.size(), 1u);
-  EXPECT_EQ(p.tonalités[0].a, -3);
-  EXPECT_EQ(p.tonalités[0].b, 1);
-  EXPECT_TRUE(p.tête.présente);
-  EXPECT_EQ(p.tête.cordes, 4);
-  EXPECT_EQ(p.tête.capodastre, 3);
-  EXPECT_EQ(p.tête.ouvertes[4], 47);
-  ASSERT_EQ(p.accords.size(), 1u);
+  ASSERT_EQ((std::vector<std::size_t>{p.tempos.size(), p.signatures.size(), p.tonalités.size(),
+                                      p.accords.size(), p.textes.size()}),
+            (std::vector<std::size_t>{1, 1, 1, 1, 3}));
+  // Tempo, signature, key, head of the track (strings, capo, string 4), program of channel 3.
+  EXPECT_EQ((std::vector<int>{p.tempos[0].a, p.signatures[0].a, p.signatures[0].b, p.tonalités[0].a,
+                              p.tonalités[0].b, p.tête.présente, p.tête.cordes, p.tête.capodastre,
+                              p.tête.ouvertes[4], p.programmes[2], p.textes[2].type}),
+            (std::vector<int>{500000, 6, 3, -3, 1, 1, 4, 3, 47, 30, 6}));
   EXPECT_EQ(p.accords[0].données, std::string("\0\2\2\1E", 5));
-  ASSERT_EQ(p.notes.size(), 4u);
-  EXPECT_EQ(p.notes[1].corde, 2);
-  EXPECT_EQ(p.notes[1].attribut, 0x0C);
-  EXPECT_EQ(p.notes[2].corde, 0);
-  EXPECT_EQ(p.notes[3].corde, 4);
-  EXPECT_EQ(p.notes[3].attribut, 0);
-  EXPECT_EQ(p.programmes[2], 30);
-  ASSERT_EQ(p.textes.size(), 3u);
-  EXPECT_EQ(p.textes[2].type, 0x06);
+  EXPECT_EQ(notes(p), (V{"0:0:40:0:0:0", "0:0:60:100:2:12", "0:0:62:100:0:0", "0:0:64:100:4:0"}));
 }
 
-TEST(MidiReaderBroken, UnknownStatusAndDataWithoutStatus) {
-  MidiFichier f;
+TEST(MidiReaderBroken, UnknownStatusDataWithoutStatusAndLongQuantities) {
+  const struct {
+    std::string octets, détail;
+    std::size_t notes;  // what came before stays
+  } cas[] = {{"00 90 3C 64 00 F4 00", "F4", 1}, {"00 40 40", "40", 0}};
+  for (const auto& k : cas) {
+    PisteMidiLue p;
+    const InterchangeResult r = lirePiste(k.octets, p);
+    EXPECT_EQ(std::make_pair(r.stringId, r.détail),
+              std::make_pair(kMsgMidiCommandeInconnue, k.détail));
+    EXPECT_EQ(p.notes.size(), k.notes);
+  }
+  // Quantities are at most four bytes.
   PisteMidiLue p;
-  ASSERT_TRUE(lireMidi(smf(1, 96, {octets({0x00, 0x90, 60, 100, 0x00, 0xF4, 0x00})}), f).ok());
-  InterchangeResult r = lirePisteMidi(f, 0, p);
-  EXPECT_EQ(r.stringId, kMsgMidiCommandeInconnue);
-  EXPECT_EQ(r.détail, "F4");
-  EXPECT_EQ(p.notes.size(), 1u);  // what came before stays
-
-  ASSERT_TRUE(lireMidi(smf(1, 96, {octets({0x00, 0x40, 0x40})}), f).ok());
-  r = lirePisteMidi(f, 0, p);
-  EXPECT_EQ(r.stringId, kMsgMidiCommandeInconnue);
-  EXPECT_EQ(r.détail, "40");
-}
-
-TEST(MidiReaderBroken, QuantitiesAreAtMostFourBytes) {
-  MidiFichier f;
-  PisteMidiLue p;
-  ASSERT_TRUE(lireMidi(smf(1, 96, {octets({0x81, 0x80, 0x80, 0x80, 0x00, 0x90, 60, 1})}), f).ok());
-  EXPECT_EQ(lirePisteMidi(f, 0, p).stringId, kMsgMidiErreur);
-  ASSERT_TRUE(lireMidi(smf(1, 96, {octets({0xFF, 0xFF, 0xFF, 0x7F, 0x90, 60, 1})}), f).ok());
-  ASSERT_TRUE(lirePisteMidi(f, 0, p).ok());
+  EXPECT_EQ(lirePiste("81 80 80 80 00 90 3C 01", p).stringId, kMsgMidiErreur);
+  ASSERT_TRUE(lirePiste("FF FF FF 7F 90 3C 01", p).ok());
   EXPECT_EQ(p.notes.at(0).tick, 0x0FFFFFFF);
 }
 
 TEST(MidiReaderBroken, CutShortAnywhereKeepsWhatItHolds) {
   // A whole track, then every shorter cut of it, with a chunk length that
   // claims the whole: the reader never reads past the bytes.
-  const Octets données = octets({0x00, 0x90, 60, 100, 0x60, 0x80, 60, 0, 0x00, 0xF0, 0x03, 1, 2, 0xF7,
-                                 0x00, 0xFF, 0x03, 0x04, 'a', 'b', 'c', 'd', 0x00, 0xFF, 0x2F, 0x00});
-  const Octets complet = smf(1, 96, {données});
+  const Octets complet = smf(1, 96,
+                             {deHex("00 90 3C 64 60 80 3C 00 00 F0 03 01 02 F7 00 FF 03 04 61 62 "
+                                    "63 64 00 FF 2F 00")});
   for (std::size_t n = 14; n <= complet.size(); ++n) {
     MidiFichier f;
-    const Octets coupé(complet.begin(), complet.begin() + static_cast<long>(n));
-    const InterchangeResult r = lireMidi(coupé, f);
+    const InterchangeResult r =
+        lireMidi(Octets(complet.begin(), complet.begin() + static_cast<long>(n)), f);
     if (n < 22) {
       EXPECT_EQ(r.stringId, kMsgMidiAucunePiste) << n;
       continue;
@@ -165,46 +176,48 @@ TEST(MidiReaderBroken, CutShortAnywhereKeepsWhatItHolds) {
 }
 
 TEST(MidiReaderBroken, SystemExclusiveWithoutItsEndOrLongerThanTheTrack) {
-  MidiFichier f;
-  PisteMidiLue p;
-  // No F7 at the end: the length still says where it stops.
-  ASSERT_TRUE(lireMidi(smf(1, 96, {octets({0x00, 0xF0, 0x02, 0x41, 0x10, 0x00, 0x90, 60, 100})}), f).ok());
-  ASSERT_TRUE(lirePisteMidi(f, 0, p).ok());
-  EXPECT_EQ(p.notes.size(), 1u);
-  // A length past the chunk ends the track.
-  ASSERT_TRUE(lireMidi(smf(1, 96, {octets({0x00, 0xF0, 0x8F, 0x7F, 0x41, 0x00, 0x90, 60, 100})}), f).ok());
-  ASSERT_TRUE(lirePisteMidi(f, 0, p).ok());
-  EXPECT_TRUE(p.notes.empty());
-  // So does a meta-event that claims more than there is.
-  ASSERT_TRUE(lireMidi(smf(1, 96, {octets({0x00, 0xFF, 0x01, 0x7F, 'a', 'b'})}), f).ok());
-  ASSERT_TRUE(lirePisteMidi(f, 0, p).ok());
-  ASSERT_EQ(p.textes.size(), 1u);
-  EXPECT_EQ(p.textes[0].texte, "ab");
+  const struct {
+    const char *quoi, *octets;
+    std::size_t notes;
+    std::size_t textes;
+  } cas[] = {
+      {"no F7 at the end: the length still says where it stops", "00 F0 02 41 10 00 90 3C 64", 1,
+       0},
+      {"a length past the chunk ends the track", "00 F0 8F 7F 41 00 90 3C 64", 0, 0},
+      {"so does a meta-event that claims more than there is", "00 FF 01 7F 61 62", 0, 1},
+  };
+  for (const auto& k : cas) {
+    SCOPED_TRACE(k.quoi);
+    PisteMidiLue p;
+    ASSERT_TRUE(lirePiste(k.octets, p).ok());
+    EXPECT_EQ(p.notes.size(), k.notes);
+    EXPECT_EQ(p.textes.size(), k.textes);
+    for (const MidiTexte& t : p.textes)
+      EXPECT_EQ(t.texte, "ab");
+  }
 }
 
 TEST(MidiReaderSources, TracksByNameAndIndexChannelsForFormatZero) {
   MidiFichier f;
-  ASSERT_TRUE(lireMidi(smf(1, 96, {octets({0x00, 0xFF, 0x03, 3, 'S', 'o', 'l', 0x00, 0xFF, 0x2F, 0x00}),
-                                   octets({0x00, 0x90, 60, 100, 0x10, 0x90, 60, 0}),
-                                   octets({0x00, 0xFF, 0x03, 4, 'B', 'a', 's', 's', 0x00, 0x91, 40, 1})}),
-                       f).ok());
+  ASSERT_TRUE(
+      lireMidi(smf(1, 96,
+                   {deHex("00 FF 03 03 53 6F 6C 00 FF 2F 00"), deHex("00 90 3C 64 10 90 3C 00"),
+                    deHex("00 FF 03 04 42 61 73 73 00 91 28 01")}),
+               f)
+          .ok());
   const auto s = sourcesMidi(f, kLangAnglais);
   ASSERT_EQ(s.size(), 3u);
-  EXPECT_EQ(s[0].libellé, "Sol: 0");
-  EXPECT_EQ(s[0].notes, 0);
-  EXPECT_EQ(s[1].libellé, loadString(kMsgMidiSansNom, kLangAnglais) + ": 1");
-  EXPECT_EQ(s[1].notes, 1);
-  EXPECT_EQ(s[1].événements, 2);
-  EXPECT_EQ(s[2].libellé, "Bass: 2");
+  EXPECT_EQ((V{s[0].libellé, s[1].libellé, s[2].libellé}),
+            (V{"Sol: 0", loadString(kMsgMidiSansNom, kLangAnglais) + ": 1", "Bass: 2"}));
+  EXPECT_EQ((std::vector<int>{s[0].notes, s[1].notes, s[1].événements}),
+            (std::vector<int>{0, 1, 2}));
 
-  ASSERT_TRUE(lireMidi(smf(0, 96, {octets({0x00, 0x90, 60, 100, 0x00, 0x95, 40, 1, 0x00, 45, 1})}), f).ok());
+  ASSERT_TRUE(lireMidi(smf(0, 96, {deHex("00 90 3C 64 00 95 28 01 00 2D 01")}), f).ok());
   const auto c = sourcesMidi(f, kLangFrançais);
   ASSERT_EQ(c.size(), 16u);
   EXPECT_EQ(c[0].libellé, "Canal 1");
-  EXPECT_EQ(c[0].notes, 1);
-  EXPECT_EQ(c[5].numéro, 6);
-  EXPECT_EQ(c[5].notes, 2);
-  EXPECT_EQ(c[15].notes, 0);
+  EXPECT_EQ((std::vector<int>{c[0].notes, c[5].numéro, c[5].notes, c[15].notes}),
+            (std::vector<int>{1, 6, 2, 0}));
 }
 
 }  // namespace

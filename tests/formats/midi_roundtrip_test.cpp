@@ -95,24 +95,34 @@ TEST(MidiRoundTrip, StringsFretsAndEffectsComeBackWithRmtf) {
                               retour.getMesureTempoContenu(2, retour.searchMesureTempo(2, 48)),
                               retour.getMIDIPatch(1), retour.getGuitareCapodastre(1)}),
             (std::vector<int>{90, 2, 3, 9, 71, 100, 25, 2}));
-  EXPECT_EQ(retour.getPisteNom(1), "Lead");
-  ASSERT_EQ(retour.getMesureAccordLast(1, 1), 1);
-  EXPECT_EQ(retour.getMesureAccordNom(1, 1, 1), "G");
-  EXPECT_EQ(retour.getMesureAccordCorde(1, 1, 1, 1), 3);
-  EXPECT_EQ(retour.getMesureAccordCorde(1, 1, 1, 5), 2);
   // Texts travel in the conductor track: they come back above track 1.
-  EXPECT_EQ(retour.getMesureTexte(1, 1, 0, kVrai), "Intro");
-  EXPECT_EQ(retour.getMesureTexte(1, 2, 48, kVrai), "fin");
+  EXPECT_EQ((std::vector<std::string>{retour.getPisteNom(1), retour.getMesureAccordNom(1, 1, 1),
+                                      retour.getMesureTexte(1, 1, 0, kVrai),
+                                      retour.getMesureTexte(1, 2, 48, kVrai)}),
+            (std::vector<std::string>{"Lead", "G", "Intro", "fin"}));
+  EXPECT_EQ(
+      (std::vector<int>{retour.getMesureAccordLast(1, 1), retour.getMesureAccordCorde(1, 1, 1, 1),
+                        retour.getMesureAccordCorde(1, 1, 1, 5)}),
+      (std::vector<int>{1, 3, 2}));
 
+  // Harmonics: the pair 7 / 8 is read the other way round from how it is
+  // written, and the fret that comes back is the one that sounds.
   struct Cas {
     int c, x, frette, effet, attaque;
   };
   const Cas cas[] = {
-      {1, 0, 3, effet::kHammerOn, 0},    {2, 0, 5, effet::kPullOff, 0},
-      {3, 24, 7, effet::kVibrato, 0},    {4, 24, 2, effet::kTremolo, 0},
-      {5, 48, 3, effet::kTrill, 0},      {6, 48, 0, 0, attaque::kTap},
-      {2, 72, 8, 0, attaque::kPalmMute}, {3, 96, 4, 0, attaque::kDeadNote},
-      {5, 120, 7, effet::kSlideUp, 0},   {1, 144, 1, 0, 0},
+      {1, 72, 12, 0, attaque::kHarmoniqueArtificielle},
+      {4, 96, 17, 0, attaque::kHarmoniqueNaturelle},
+      {1, 0, 3, effet::kHammerOn, 0},
+      {2, 0, 5, effet::kPullOff, 0},
+      {3, 24, 7, effet::kVibrato, 0},
+      {4, 24, 2, effet::kTremolo, 0},
+      {5, 48, 3, effet::kTrill, 0},
+      {6, 48, 0, 0, attaque::kTap},
+      {2, 72, 8, 0, attaque::kPalmMute},
+      {3, 96, 4, 0, attaque::kDeadNote},
+      {5, 120, 7, effet::kSlideUp, 0},
+      {1, 144, 1, 0, 0},
   };
   for (const Cas& k : cas) {
     const tNote n = noteA(retour, 1, 1, k.c, k.x);
@@ -120,44 +130,29 @@ TEST(MidiRoundTrip, StringsFretsAndEffectsComeBackWithRmtf) {
     EXPECT_EQ(n.bytEffet, k.effet) << k.c << "@" << k.x;
     EXPECT_EQ(n.bytAttaque, k.attaque) << k.c << "@" << k.x;
   }
-  EXPECT_EQ(noteA(retour, 1, 1, 1, 144).bytVolume, 63);
-  EXPECT_EQ(noteA(retour, 1, 1, 1, 0).bytDurée, 24);
-
-  // Harmonics: the pair 7 / 8 is read the other way round from how it is
-  // written, and the fret that comes back is the one that sounds.
-  const tNote naturelle = noteA(retour, 1, 1, 1, 72);
-  EXPECT_EQ(naturelle.bytAttaque, attaque::kHarmoniqueArtificielle);
-  EXPECT_EQ(naturelle.bytCase, 12);
-  const tNote artificielle = noteA(retour, 1, 1, 4, 96);
-  EXPECT_EQ(artificielle.bytAttaque, attaque::kHarmoniqueNaturelle);
-  EXPECT_EQ(artificielle.bytCase, 17);
-
   // A glide has no Note On of its own: the slide or bend comes back as one
   // note that lasts to the end of its target.
-  EXPECT_EQ(noteA(retour, 1, 1, 5, 120).bytDurée, 72);
-  EXPECT_EQ(retour.getNoteLast(1, 1, 5), 2);
-  EXPECT_EQ(noteA(retour, 1, 2, 6, 0).bytEffet, effet::kBendUp);
-  EXPECT_EQ(retour.getNoteLast(1, 2, 6), 1);
-
+  EXPECT_EQ(
+      (std::vector<int>{noteA(retour, 1, 1, 1, 144).bytVolume, noteA(retour, 1, 1, 1, 0).bytDurée,
+                        noteA(retour, 1, 1, 5, 120).bytDurée, retour.getNoteLast(1, 1, 5),
+                        noteA(retour, 1, 2, 6, 0).bytEffet, retour.getNoteLast(1, 2, 6)}),
+      (std::vector<int>{63, 24, 72, 2, effet::kBendUp, 1}));
   // The seven-string track gets its instrument back from its track header.
-  EXPECT_EQ(retour.getGuitareNbrCordes(2), 7);
-  EXPECT_EQ(retour.getGuitareCorde(2, 7), 35);
-  EXPECT_EQ(noteA(retour, 2, 1, 7, 0).bytCase, 2);
-  EXPECT_EQ(noteA(retour, 2, 1, 1, 96).bytCase, 0);
-  EXPECT_EQ(noteA(retour, 2, 2, 4, 0).bytCase, 1);
+  EXPECT_EQ((std::vector<int>{retour.getGuitareNbrCordes(2), retour.getGuitareCorde(2, 7)}),
+            (std::vector<int>{7, 35}));
+  EXPECT_EQ(test::notes(retour, 2), (std::vector<std::string>{"1:1:96:0", "1:7:0:2", "2:4:0:1"}));
 }
 
 TEST(MidiRoundTrip, WithoutRmtfTheStringsFollowTheRule) {
   CVantoroTablature doc = original();
   const CVantoroTablature retour = allerRetour(doc, false);
-  EXPECT_EQ(retour.getGuitareNbrCordes(2), 6);
   // The E4 of string 2 would go to string 1, which already holds the G
-  // sounding at that tick: it stays on string 2.
-  EXPECT_EQ(noteA(retour, 1, 1, 1, 0).bytCase, 3);
-  EXPECT_EQ(noteA(retour, 1, 1, 2, 0).bytCase, 5);
-  EXPECT_EQ(noteA(retour, 1, 1, 1, 0).bytEffet, 0);
-  // Fret 3 of string 5 (C3) goes to the highest string that reaches it.
-  EXPECT_EQ(noteA(retour, 1, 1, 5, 48).bytCase, 3);
+  // sounding at that tick: it stays on string 2. Fret 3 of string 5 (C3) goes
+  // to the highest string that reaches it.
+  EXPECT_EQ((std::vector<int>{retour.getGuitareNbrCordes(2), noteA(retour, 1, 1, 1, 0).bytCase,
+                              noteA(retour, 1, 1, 2, 0).bytCase, noteA(retour, 1, 1, 1, 0).bytEffet,
+                              noteA(retour, 1, 1, 5, 48).bytCase}),
+            (std::vector<int>{6, 3, 5, 0, 3}));
   // The chord diagram still comes back: it is written in any case.
   EXPECT_EQ(retour.getMesureAccordNom(1, 1, 1), "G");
   // The 37 of the seven-string track is below a six-string guitar: dropped.

@@ -1,12 +1,18 @@
-// Files on disk: a save replaces the file whole or not at all.
+// Files on disk: a save replaces the file whole or not at all, even when the
+// process dies half way or the disk is full: the old file keeps every byte, or
+// the new one stands whole; never a mixture, never a truncated file.
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "formats/file_io.h"
 #include "formats/vtb.h"
 #include "vtb_test_util.h"
 
@@ -14,6 +20,11 @@ namespace vt {
 namespace {
 
 namespace fs = std::filesystem;
+
+std::string contenu(const fs::path& p) {
+  std::ifstream in(p, std::ios::binary);
+  return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
 
 class VtbFile : public ::testing::Test {
  protected:
@@ -26,10 +37,6 @@ class VtbFile : public ::testing::Test {
   }
   void TearDown() override { fs::remove_all(dossier_); }
 
-  std::string contenu(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-  }
   void poser(const fs::path& p, const std::string& s) { std::ofstream(p, std::ios::binary) << s; }
   // Every name in the folder: a failed save leaves no temporary file behind.
   std::vector<std::string> noms() {
@@ -105,13 +112,109 @@ TEST_F(VtbFile, FailedSavesLeaveTheOldFileWholeSinceTheyWriteATemporaryFileFirst
 }
 
 TEST_F(VtbFile, OpenReportsMissingAndUnreadableFiles) {
-  VtbLecture r = io_ouvrir_vtb(dossier_ / "absent.vtb", test::contexte());
-  EXPECT_EQ(r.messages, std::vector<int>{msg::kFichierIntrouvable});
-  r = io_ouvrir_vtb(dossier_, test::contexte());
-  EXPECT_EQ(r.messages, std::vector<int>{msg::kLectureImpossible});
   poser(dossier_ / "empty.vtb", "");
-  r = io_ouvrir_vtb(dossier_ / "empty.vtb", test::contexte());
-  EXPECT_EQ(r.messages, (std::vector<int>{6005, 6004}));
+  for (const auto& [chemin, messages] :
+       {std::pair{dossier_ / "absent.vtb", std::vector<int>{msg::kFichierIntrouvable}},
+        {dossier_, {msg::kLectureImpossible}},
+        {dossier_ / "empty.vtb", {6005, 6004}}})
+    EXPECT_EQ(io_ouvrir_vtb(chemin, test::contexte()).messages, messages) << chemin;
+}
+
+// Runs `corps` in a child process and gives its exit status (-1 when it did
+// not exit normally). The child ends with _exit: nothing of the test runner's
+// state is flushed twice.
+template <class F>
+int dansUnEnfant(F corps) {
+  const pid_t pid = ::fork();
+  if (pid == 0) ::_exit(corps());
+  int statut = 0;
+  ::waitpid(pid, &statut, 0);
+  return WIFEXITED(statut) ? WEXITSTATUS(statut) : -1;
+}
+
+class SaveFaults : public VtbFile {
+ protected:
+  void SetUp() override {
+    VtbFile::SetUp();
+    cible_ = dossier_ / "piece.vtb";
+    CVantoroTablature ancien;
+    ancien.titre = "the old piece";
+    ASSERT_TRUE(io_enregistrer_vtb(ancien, cible_).ok());
+    ancienContenu_ = contenu(cible_);
+    // Long enough to be written in several blocks and to pass the size limit.
+    nouveau_ = test::documentRiche();
+    while (nouveau_.getMesureLast() < 200)
+      nouveau_.addMesure();
+    for (int m = 4; m <= 200; ++m)
+      for (int x = 0; x < 192; x += 24)
+        nouveau_.setNoteWhole(1, m, 1 + x / 24 % 6, x, m % 20, 24);
+    const VtbEcriture e = io_enregistrer_vtb(static_cast<const CVantoroTablature&>(nouveau_));
+    ASSERT_TRUE(e.ok());
+    nouveauContenu_ = std::string(e.octets.begin(), e.octets.end());
+    ASSERT_GT(nouveauContenu_.size(), 4096u);
+  }
+
+  // Saves the new document over the old file; the child's exit status says
+  // 0 when the save was refused with the write message and the document is
+  // still marked as changed, 1 otherwise.
+  int sauverRefusé() {
+    nouveau_.modifi = kVrai;
+    const VtbSauvegarde s = io_enregistrer_vtb(nouveau_, cible_);
+    return s.message == msg::kEcritureImpossible && !s.détail.empty() && nouveau_.modifi == kVrai
+               ? 0
+               : 1;
+  }
+
+  fs::path cible_;
+  std::string ancienContenu_, nouveauContenu_;
+  CVantoroTablature nouveau_;
+};
+
+SaveStep g_mort;
+void mourirÀ(SaveStep s) {
+  if (s == g_mort) ::_exit(42);  // as abrupt as a kill: no clean-up runs
+}
+
+TEST_F(SaveFaults, AProcessKilledAtAnyStepLeavesTheOldFileOrTheNewOneWhole) {
+  struct Cas {
+    SaveStep étape;
+    bool nouveauEnPlace;
+  };
+  const Cas cas[] = {{SaveStep::Opened, false},  {SaveStep::HalfWritten, false},
+                     {SaveStep::Written, false}, {SaveStep::Flushed, false},
+                     {SaveStep::Closed, false},  {SaveStep::Renamed, true}};
+  for (const Cas& c : cas) {
+    SCOPED_TRACE(static_cast<int>(c.étape));
+    ASSERT_TRUE(writeFileAtomically(
+                    cible_, std::span<const std::uint8_t>(
+                                reinterpret_cast<const std::uint8_t*>(ancienContenu_.data()),
+                                ancienContenu_.size()))
+                    .empty());
+    g_mort = c.étape;
+    const int statut = dansUnEnfant([&] {
+      setSaveStepHook(mourirÀ);
+      io_enregistrer_vtb(nouveau_, cible_);
+      return 0;
+    });
+    EXPECT_EQ(statut, 42);
+    EXPECT_EQ(contenu(cible_), c.nouveauEnPlace ? nouveauContenu_ : ancienContenu_);
+    // What a killed save leaves is a hidden temporary file, never the target.
+    for (const auto& e : fs::directory_iterator(dossier_))
+      if (e.path() != cible_) fs::remove(e.path());
+  }
+}
+
+TEST_F(SaveFaults, AFullDiskKeepsTheOldFileAndTheDocumentChanged) {
+  // A file size limit makes every write past it fail as a full disk does.
+  const int statut = dansUnEnfant([&] {
+    ::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limite{4096, 4096};
+    if (::setrlimit(RLIMIT_FSIZE, &limite) != 0) return 2;
+    return sauverRefusé();
+  });
+  EXPECT_EQ(statut, 0);
+  EXPECT_EQ(contenu(cible_), ancienContenu_);
+  EXPECT_EQ(noms(), std::vector<std::string>{"piece.vtb"});  // no temporary file left behind
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// The bytes of version 8 as the writer lays them out.
+// The bytes of version 8 as the writer lays them out; and save, read, compare:
+// a document survives its file, and a file its document.
 #include <gtest/gtest.h>
 
 #include "formats/vtb.h"
@@ -97,17 +98,16 @@ TEST(VtbWrite, BankFlagsAndTrackNumbers) {
   const auto à = [&](int p, std::size_t k) {
     return f[début + piste * static_cast<std::size_t>(p - 1) + k];
   };
-  for (int p = 1; p <= 3; ++p) {
-    EXPECT_EQ(à(p, 3), p);       // "TRK" and the number from 1
-    EXPECT_EQ(à(p, 10), p - 1);  // the number less 1
-  }
-  EXPECT_EQ((std::vector<int>{à(1, 11), à(1, 12), à(1, 13), à(1, 14)}),
-            (std::vector<int>{0, 0, 0, 5}));
-  EXPECT_EQ((std::vector<int>{à(2, 11), à(2, 12), à(2, 13), à(2, 14)}),
-            (std::vector<int>{255, 255, 255, 254}));
-  EXPECT_EQ(à(1, 24), 3);  // solo and mute
-  EXPECT_EQ(à(2, 24), 1);
-  EXPECT_EQ(à(3, 24), 2);
+  // "TRK" and the number from 1, the number less 1, the bank, solo and mute.
+  const auto tête = [&](int p) {
+    std::vector<int> v;
+    for (std::size_t k : {3, 10, 11, 12, 13, 14, 24})
+      v.push_back(à(p, k));
+    return v;
+  };
+  EXPECT_EQ(tête(1), (std::vector<int>{1, 0, 0, 0, 0, 5, 3}));
+  EXPECT_EQ(tête(2), (std::vector<int>{2, 1, 255, 255, 255, 254, 1}));
+  EXPECT_EQ(tête(3), (std::vector<int>{3, 2, 0, 0, 0, 0, 2}));
 }
 
 TEST(VtbWrite, TextsOfAtMost255BytesAreWrittenLongerOnesRefused) {
@@ -116,8 +116,8 @@ TEST(VtbWrite, TextsOfAtMost255BytesAreWrittenLongerOnesRefused) {
   EXPECT_TRUE(io_enregistrer_vtb(d).ok());
   d.Comments = std::string(256, 'y');
   VtbEcriture e = io_enregistrer_vtb(d);
-  EXPECT_EQ(e.message, msg::kTexteTropLong);
-  EXPECT_EQ(e.détail, "Comments");
+  EXPECT_EQ(std::pair(e.message, e.détail),
+            std::pair(msg::kTexteTropLong, std::string("Comments")));
   EXPECT_TRUE(e.octets.empty());
 
   // Records written around the checked setters are caught as well.
@@ -128,8 +128,8 @@ TEST(VtbWrite, TextsOfAtMost255BytesAreWrittenLongerOnesRefused) {
   texteLong.strContenu.assign(300, 'z');
   d2.pisteMesure(1, 2)->tabTextesDn.push_back(texteLong);
   e = io_enregistrer_vtb(d2);
-  EXPECT_EQ(e.message, msg::kTexteTropLong);
-  EXPECT_EQ(e.détail, "track 1, bar 2: lower text at tick 12");
+  EXPECT_EQ(std::pair(e.message, e.détail),
+            std::pair(msg::kTexteTropLong, std::string("track 1, bar 2: lower text at tick 12")));
 }
 
 TEST(VtbWrite, DocumentBreakingItsRulesIsNotWritten) {
@@ -140,6 +140,65 @@ TEST(VtbWrite, DocumentBreakingItsRulesIsNotWritten) {
   const VtbEcriture e = io_enregistrer_vtb(d);
   EXPECT_EQ(e.message, msg::kDocumentIncohérent);
   EXPECT_NE(e.détail.find("string 2"), std::string::npos);
+}
+
+void allerRetour(const CVantoroTablature& d) {
+  const VtbEcriture e = io_enregistrer_vtb(d);
+  ASSERT_TRUE(e.ok()) << e.détail;
+  const VtbLecture r = io_ouvrir_vtb(e.octets, test::contexte());
+  ASSERT_TRUE(r.ok()) << r.détail;
+  const CVantoroTablature attendu = test::contenuStocké(d);
+  const CVantoroTablature& lu = *r.document;
+  // Track by track first, so that a difference says where it lies.
+  for (int p = 1; p <= attendu.getPisteLast() && p <= lu.getPisteLast(); ++p)
+    EXPECT_EQ(lu.piste(p), attendu.piste(p)) << "track " << p;
+  EXPECT_EQ(lu, attendu);
+  EXPECT_EQ(std::pair(r.version, lu.modifi), std::pair(8, kFaux));
+  const VtbEcriture encore = io_enregistrer_vtb(lu);
+  ASSERT_TRUE(encore.ok());
+  EXPECT_EQ(encore.octets, e.octets);
+}
+
+TEST(VtbRoundTrip, DocumentsOfRandomEdits) {
+  for (std::uint32_t graine = 1; graine <= 60; ++graine) {
+    SCOPED_TRACE(graine);
+    allerRetour(test::documentAléatoire(graine));
+  }
+}
+
+TEST(VtbRoundTrip, LimitsOfTheFormat) {
+  CVantoroTablature d(test::guitare({64, 59, 55, 50, 45, 40, 35}, 255, std::string(255, '\xFF')));
+  d.titre = std::string(255, 'T');
+  // 255 notes on one string of a bar wide enough for them, 255 texts and chords.
+  d.setMesureSignature(1, 16, 1);
+  for (int x = 0; x < 255; ++x)
+    d.setNoteWhole(1, 1, 7, x * 12, x % 25, 12);
+  for (int x = 0; x < 255; ++x)
+    d.setMesureTexte(1, 1, x, std::string(1, static_cast<char>(x)), kVrai);
+  for (int x = 0; x < 255; ++x)
+    d.addandplaceMesureAccord(1, 1, 65535 - x);
+  d.setMIDIBank(1, INT32_MIN);
+  ASSERT_EQ(d.getNoteLast(1, 1, 7), 255);
+  allerRetour(d);
+
+  // 255 tracks and many bars.
+  CVantoroTablature grand(test::guitare({40}, 24, "x"));
+  while (grand.getPisteLast() < 255)
+    grand.addPiste(grand.getPisteLast(), test::guitare({40, 45}, 24, "y"));
+  while (grand.getMesureLast() < 300)
+    grand.addMesure();
+  grand.setNoteWhole(255, 300, 2, 0, 5, 48);
+  allerRetour(grand);
+}
+
+TEST(VtbRoundTrip, ReadingDoesNotDependOnTheCurrentInstrument) {
+  const VtbEcriture e = io_enregistrer_vtb(test::documentRiche());
+  ASSERT_TRUE(e.ok());
+  const VtbLecture a = io_ouvrir_vtb(e.octets, test::contexte(test::guitareInconnue()));
+  const VtbLecture b =
+      io_ouvrir_vtb(e.octets, test::contexte(test::guitare({30, 31, 32, 33, 34, 35, 36})));
+  ASSERT_TRUE(a.ok() && b.ok());
+  EXPECT_EQ(*a.document, *b.document);
 }
 
 }  // namespace

@@ -14,15 +14,12 @@ struct Metrics : ::testing::Test {
 TEST_F(Metrics, FourFourBarIsTwoHundredPixelsAndBarsFollowTheScroll) {
   for (int i = 0; i < 3; ++i)
     doc.addMesure();
-  EXPECT_EQ(m.largeurMesure(1), 200);
-  EXPECT_EQ(m.getMesurePixel(1), 55);
-  EXPECT_EQ(m.getMesurePixel(3), 455);
-  EXPECT_EQ(m.barreGaucheX(3), 435);
+  std::vector<int> v{m.largeurMesure(1), m.getMesurePixel(1), m.getMesurePixel(3),
+                     m.barreGaucheX(3)};
   doc.m_lngScrollValue = 3;
-  EXPECT_EQ(m.getMesurePixel(3), 55);
-  EXPECT_EQ(m.getMesurePixel(4), 255);
-  EXPECT_EQ(m.getTablatureLargeur(1, 4), 4 * 192);
-  EXPECT_EQ(m.getTablatureLargeur(3, 2), 0);
+  v.insert(v.end(), {m.getMesurePixel(3), m.getMesurePixel(4), m.getTablatureLargeur(1, 4),
+                     m.getTablatureLargeur(3, 2)});
+  EXPECT_EQ(v, (std::vector<int>{200, 55, 455, 435, 55, 255, 4 * 192, 0}));
 }
 
 TEST_F(Metrics, ColumnsAtScaleFortyEightNoteAgainstEffectAndTheSixteenBitWrap) {
@@ -44,11 +41,9 @@ TEST_F(Metrics, ColumnsAtScaleFortyEightNoteAgainstEffectAndTheSixteenBitWrap) {
 }
 
 TEST_F(Metrics, StringAndStaffRowsAndTheStringUnderY) {
-  EXPECT_EQ(m.cordeY(1), 140);
-  EXPECT_EQ(m.cordeY(6), 140 + 65);
-  EXPECT_EQ(m.porteeLigneY(0), 290);
-  EXPECT_EQ(m.porteeLigneY(4), 322);
-  EXPECT_EQ(m.porteeBase(), 274);
+  EXPECT_EQ((std::vector<int>{m.cordeY(1), m.cordeY(6), m.porteeLigneY(0), m.porteeLigneY(4),
+                              m.porteeBase()}),
+            (std::vector<int>{140, 205, 290, 322, 274}));
   // The boundaries fall 6 pixels under each string.
   const struct {
     double y;
@@ -61,17 +56,17 @@ TEST_F(Metrics, StringAndStaffRowsAndTheStringUnderY) {
   s.TAB_VIEW_MARGIN_TOP_TAB = 150;
   s.TAB_VIEW_MARGIN_TOP_PORTEE = 0;
   EXPECT_FALSE(s.portéeEnDessous());
-  EXPECT_EQ(m.cordeY(1), 290);
-  EXPECT_EQ(m.porteeLigneY(0), 140);
+  EXPECT_EQ(std::make_pair(m.cordeY(1), m.porteeLigneY(0)), std::make_pair(290, 140));
 }
 
 TEST_F(Metrics, BarsOnScreenCountWholeBarsOnly) {
   for (int i = 0; i < 9; ++i)
     doc.addMesure();
-  EXPECT_EQ(m.getMesureOnScreen(1, 1000), 4);  // 55 + 4 * 200 = 855, a fifth ends at 1055
-  EXPECT_EQ(m.getMesureOnScreen(1, 1055), 5);
-  EXPECT_EQ(m.getMesureOnScreen(9, 5000), 2);  // not beyond the last bar
-  EXPECT_EQ(m.getMesureOnScreen(1, 200), 0);   // narrower than one bar
+  // 55 + 4 * 200 = 855, a fifth ends at 1055; not beyond the last bar; none
+  // on a strip narrower than one bar.
+  EXPECT_EQ((std::vector<int>{m.getMesureOnScreen(1, 1000), m.getMesureOnScreen(1, 1055),
+                              m.getMesureOnScreen(9, 5000), m.getMesureOnScreen(1, 200)}),
+            (std::vector<int>{4, 5, 2, 0}));
 }
 
 TEST_F(Metrics, TickFromXSnapsToTheColumnItHits) {
@@ -94,8 +89,7 @@ TEST(ViewMode, ScalesTripletsAndTheCursorSnap) {
     EXPECT_EQ(viewModeScale(mode, false), 96 >> mode);
     EXPECT_EQ(viewModeScale(mode, true), 64 >> mode);
   }
-  EXPECT_EQ(snapCurseurX(32, 24), 24);
-  EXPECT_EQ(snapCurseurX(96, 32), 96);
+  EXPECT_EQ(std::make_pair(snapCurseurX(32, 24), snapCurseurX(96, 32)), std::make_pair(24, 96));
 }
 
 TEST(PrintMetrics, ScaledWithRoundingHalfToEven) {
@@ -120,20 +114,23 @@ TEST(PageMetrics, SignatureAndKeyRoomAndTwipsToDevicePixels) {
     doc.addMesure();
   PrintMetrics p;
   p.PRN_VIEW_INTER_NOTE = 60;
-  EXPECT_EQ(getOnPageLargeurSignature(doc, p, 1, 1), 60);
-  EXPECT_EQ(getOnPageLargeurSignature(doc, p, 2, 1), 0);   // 4/4 after 4/4
-  EXPECT_EQ(getOnPageLargeurSignature(doc, p, 3, 3), 60);  // head of a system
   doc.setMesureSignature(4, 6, 8);
   doc.setMesureSignature(5, 6, 8);
-  EXPECT_EQ(getOnPageLargeurSignature(doc, p, 5, 1), 60);  // a run of 6/8 keeps its room
   doc.setMesureTonalitéDétails(5, -3, kVrai);
-  EXPECT_EQ(getOnPageLargeurTonalité(doc, p, 5, 1), 3 * 60 / 5);
-  EXPECT_EQ(getOnPageLargeurTonalité(doc, p, 2, 1), 0);
-  EXPECT_EQ(getOnPageLargeurTonalité(doc, p, 6, 1), 0);
-  PageDevice preview{false, 9000, 6000, 3000, 2000};
-  EXPECT_EQ(setTwipPosToPixelPosX(300, preview), 60);  // 9000 * 300 / 3000 / 15
-  EXPECT_EQ(setTwipPosToPixelPosY(100, preview), 20);
-  EXPECT_EQ(setTwipPosToPixelPosX(1234, PageDevice{true, 0, 0, 1, 1}), 1234);
+  // The first bar, 4/4 after 4/4, the head of a system, a run of 6/8 keeping
+  // its room; then the key's room.
+  EXPECT_EQ((std::vector<lng>{
+                getOnPageLargeurSignature(doc, p, 1, 1), getOnPageLargeurSignature(doc, p, 2, 1),
+                getOnPageLargeurSignature(doc, p, 3, 3), getOnPageLargeurSignature(doc, p, 5, 1),
+                getOnPageLargeurTonalité(doc, p, 5, 1), getOnPageLargeurTonalité(doc, p, 2, 1),
+                getOnPageLargeurTonalité(doc, p, 6, 1)}),
+            (std::vector<lng>{60, 0, 60, 60, 3 * 60 / 5, 0, 0}));
+  // 9000 * 300 / 3000 / 15 on a preview; a printer takes twips as they are.
+  const PageDevice preview{false, 9000, 6000, 3000, 2000};
+  EXPECT_EQ(
+      (std::vector<lng>{setTwipPosToPixelPosX(300, preview), setTwipPosToPixelPosY(100, preview),
+                        setTwipPosToPixelPosX(1234, PageDevice{true, 0, 0, 1, 1})}),
+      (std::vector<lng>{60, 20, 1234}));
 }
 
 }  // namespace

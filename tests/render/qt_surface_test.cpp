@@ -32,8 +32,6 @@ class AppGui : public ::testing::Environment {
 [[maybe_unused]] ::testing::Environment* const kAppGui =
     ::testing::AddGlobalTestEnvironment(new AppGui);
 
-using QtSurface = ::testing::Test;
-
 bool blanche(const QImage& image) {
   for (int y = 0; y < image.height(); ++y)
     for (int x = 0; x < image.width(); ++x)
@@ -41,41 +39,36 @@ bool blanche(const QImage& image) {
   return true;
 }
 
-TEST_F(QtSurface, CursorAndSelectionShownThenHiddenLeaveWhiteUnchanged) {
-  CVantoroTablature doc;
-  doc.intSelStartMesure = 1;
-  doc.intSelStopMesure = 1;
-  doc.intSelStopX = 96;
-  doc.bytSelStartCorde = 2;
-  doc.bytSelStopCorde = 5;
-  TabSettings s;
-  PainterSurface surface(400, 300);
-  tGuitare g;
-  CStripRenderer r(doc, s, surface, g, &sourcePortée());
-  surface.Cls();
-  ASSERT_TRUE(blanche(surface.image()));
-  r.curAffiche();
-  const int x = 75;
-  EXPECT_EQ(surface.image().pixel(x, 100), qRgb(127, 255, 255));      // the line
-  EXPECT_EQ(surface.image().pixel(x - 5, 140), qRgb(127, 255, 255));  // the box
-  EXPECT_EQ(surface.image().pixel(x - 15, 140), qRgb(255, 255, 255));
-  r.curEfface();
-  EXPECT_TRUE(blanche(surface.image()));
-  r.selAffiche();
-  EXPECT_EQ(surface.image().pixel(100, 170), qRgb(127, 255, 255));
-  r.selEfface();
-  EXPECT_TRUE(blanche(surface.image()));
-}
-
 // Shown over anything, the cursor and the selection give back every pixel when
 // hidden, in either order: over the notes, the letters of effects and texts,
 // the strings, the staff and its notes, as over white. Hiding where nothing is
 // shown touches nothing.
-TEST_F(QtSurface, ShowThenHideGivesBackEveryPixelOverInk) {
-  CVantoroTablature doc = test::showcaseDocument();
+TEST(QtSurface, ShowThenHideGivesBackEveryPixelOverInk) {
   TabSettings s;
-  PainterSurface surface(1000, 380);
   tGuitare g;
+  {
+    // Over white: the cursor's line and box and the selection, then white again.
+    CVantoroTablature doc;
+    doc.intSelStartMesure = doc.intSelStopMesure = 1;
+    doc.intSelStopX = 96;
+    doc.bytSelStartCorde = 2;
+    doc.bytSelStopCorde = 5;
+    PainterSurface surface(400, 300);
+    CStripRenderer r(doc, s, surface, g, &sourcePortée());
+    surface.Cls();
+    r.curAffiche();
+    r.selAffiche();
+    const QImage& im = surface.image();
+    EXPECT_EQ((std::vector<QRgb>{im.pixel(75, 100), im.pixel(70, 140), im.pixel(60, 140),
+                                 im.pixel(100, 170)}),
+              (std::vector<QRgb>{qRgb(127, 255, 255), qRgb(127, 255, 255), qRgb(255, 255, 255),
+                                 qRgb(127, 255, 255)}));
+    r.curEfface();
+    r.selEfface();
+    EXPECT_TRUE(blanche(surface.image()));
+  }
+  CVantoroTablature doc = test::showcaseDocument();
+  PainterSurface surface(1000, 380);
   CStripRenderer r(doc, s, surface, g, &sourcePortée());
   // The reference: the strip with the cursor in a bar not shown.
   doc.setCurseurMesure(static_cast<i16>(doc.getMesureLast()));
@@ -106,13 +99,8 @@ TEST_F(QtSurface, ShowThenHideGivesBackEveryPixelOverInk) {
         r.curAffiche();
         r.selAffiche();
         ASSERT_NE(surface.image(), référence);
-        if (ordre) {
-          r.curEfface();
-          r.selEfface();
-        } else {
-          r.selEfface();
-          r.curEfface();
-        }
+        (ordre ? r.curEfface() : r.selEfface());
+        (ordre ? r.selEfface() : r.curEfface());
         ASSERT_EQ(surface.image(), référence) << "bar " << m << ", tick " << x << ", string " << c
                                               << (ordre ? "" : ", selection first");
       }
@@ -130,53 +118,44 @@ TEST_F(QtSurface, ShowThenHideGivesBackEveryPixelOverInk) {
   EXPECT_EQ(surface.image().pixel(xLigne, 100), référence.pixel(xLigne, 100));
 }
 
-TEST_F(QtSurface, SourceAndBlitLeavesTheGroundWhereTheSourceIsWhite) {
+TEST(QtSurface, BlitsArcsAndText) {
   const QImageSource& source = sourcePortée();
-  EXPECT_EQ(source.width(), portee::kLargeurSource);
-  EXPECT_EQ(source.height(), portee::kHauteurSource);
-  PainterSurface surface(60, 60);
+  EXPECT_EQ(std::make_pair(source.width(), source.height()),
+            std::make_pair(portee::kLargeurSource, portee::kHauteurSource));
+  PainterSurface surface(100, 100);
   surface.setBackColor(rgb(200, 40, 40));
   surface.Cls();
   const portee::Cellule& c = portee::kTêtePleine;
+  // SRCAND leaves the ground where the source is white: the head's centre is
+  // ink, the cell's white corner keeps the red. SRCCOPY brings the white too;
+  // SRCINVERT of the same cell undoes it.
   surface.BitBlt(10, 10, c.w, c.h, source, c.x, c.y, RasterOp::SrcAnd);
-  // The head's centre is ink; the cell's white corner keeps the red ground.
-  EXPECT_EQ(surface.image().pixel(10 + 4, 10 + 4), qRgb(0, 0, 0));
-  EXPECT_EQ(surface.image().pixel(10, 10), qRgb(200, 40, 40));
-  EXPECT_EQ(surface.image().pixel(30, 30), qRgb(200, 40, 40));
-  // SRCCOPY brings the white too; SRCINVERT of the same cell undoes it.
   surface.BitBlt(30, 10, c.w, c.h, source, c.x, c.y, RasterOp::SrcCopy);
-  EXPECT_EQ(surface.image().pixel(30, 10), qRgb(255, 255, 255));
+  const QRgb copié = surface.image().pixel(30, 10);
   surface.BitBlt(30, 10, c.w, c.h, source, c.x, c.y, RasterOp::SrcInvert);
-  EXPECT_EQ(surface.image().pixel(30, 10), qRgb(0, 0, 0));
-}
-
-TEST_F(QtSurface, ArcRunsCounterClockwiseFromRayToRay) {
-  PainterSurface surface(100, 100);
-  surface.Cls();
-  // The bend's quarter: from the bottom of the ellipse to its right end.
-  surface.Arc(10, 90, 90, 10, 50, 90, 90, 50);
   const QImage& im = surface.image();
+  EXPECT_EQ((std::vector<QRgb>{im.pixel(14, 14), im.pixel(10, 10), im.pixel(50, 50), copié,
+                               im.pixel(30, 10)}),
+            (std::vector<QRgb>{qRgb(0, 0, 0), qRgb(200, 40, 40), qRgb(200, 40, 40),
+                               qRgb(255, 255, 255), qRgb(0, 0, 0)}));
+
+  // The bend's quarter runs counter-clockwise from the bottom of the ellipse
+  // to its right end.
+  surface.setBackColor(kBlanc);
+  surface.Cls();
+  surface.Arc(10, 90, 90, 10, 50, 90, 90, 50);
   int basDroite = 0;
   int ailleurs = 0;
   for (int y = 0; y < 100; ++y)
-    for (int x = 0; x < 100; ++x) {
-      if (im.pixel(x, y) == qRgb(255, 255, 255)) continue;
-      if (x >= 48 && y >= 48)
-        ++basDroite;
-      else
-        ++ailleurs;
-    }
+    for (int x = 0; x < 100; ++x)
+      if (im.pixel(x, y) != qRgb(255, 255, 255)) ++(x >= 48 && y >= 48 ? basDroite : ailleurs);
   EXPECT_GT(basDroite, 40);
   EXPECT_EQ(ailleurs, 0);
-}
 
-TEST_F(QtSurface, TextIsMeasuredAndPrintedOnItsBox) {
-  PainterSurface surface(200, 50);
-  surface.Cls();
+  // Text is measured and printed on its box.
   surface.setFont(FontSpec{"Arial", 8, true, false});
   const int w = surface.TextWidth("12");
-  EXPECT_GT(w, 5);
-  EXPECT_LT(w, 30);
+  EXPECT_TRUE(w > 5 && w < 30) << w;
   EXPECT_GT(surface.TextHeight("12"), 8);
   surface.setBackColor(rgb(0, 200, 0));
   surface.setFontTransparent(false);
@@ -184,68 +163,62 @@ TEST_F(QtSurface, TextIsMeasuredAndPrintedOnItsBox) {
   surface.setCurrentY(10);
   surface.Print("12");
   EXPECT_EQ(surface.CurrentX(), 10 + w);
-  EXPECT_EQ(surface.image().pixel(10, 10), qRgb(0, 200, 0));  // the box's corner
+  EXPECT_EQ(im.pixel(10, 10), qRgb(0, 200, 0));  // the box's corner
   EXPECT_TRUE(installeMusicalFont(QCoreApplication::applicationDirPath().toStdString() + "/"));
 }
 
-TEST_F(QtSurface, AWholeStripHasItsSizeInkAndBarLinesWhereTheMetricsSay) {
+TEST(QtSurface, AWholeStripHasItsSizeInkAndBarLinesWhereTheMetricsSay) {
   const CVantoroTablature doc = test::showcaseDocument();
   StripImageOptions o;
   o.largeur = 1920;
   o.hauteur = 420;
   ASSERT_EQ(vérifieOptions(doc, o), "");
   const QImage image = renderStripImage(doc, TabSettings{}, o);
-  EXPECT_EQ(image.width(), 1920);
-  EXPECT_EQ(image.height(), 420);
+  EXPECT_EQ(image.size(), QSize(1920, 420));
   EXPECT_FALSE(blanche(image));
   // Bar lines run from the ruler to the staff's bottom line; between two of
   // them, halfway down the strings' gap, nothing.
   CVantoroTablature copie = doc;
   TabSettings s;
   const StripMetrics m(copie, s);
-  for (int k = 1; k <= 9; ++k) {
-    const int x = m.barreGaucheX(k);
+  for (int k = 1; k <= 9; ++k)
     for (const int y : {50, 146, 250, 321})
-      EXPECT_EQ(image.pixel(x, y), qRgb(0, 0, 0)) << k << "," << y;
-  }
-  EXPECT_EQ(image.pixel(m.barreGaucheX(8) + 50, 146), qRgb(255, 255, 255));
-  // The ruler's face colour, the staff and the strings.
-  EXPECT_EQ(image.pixel(1900, 5), qRgb(240, 240, 240));
-  EXPECT_EQ(image.pixel(1900, 140), qRgb(0, 0, 0));
-  EXPECT_EQ(image.pixel(1900, 290), qRgb(0, 0, 0));
-  EXPECT_EQ(image.pixel(1900, 294), qRgb(255, 255, 255));
+      EXPECT_EQ(image.pixel(m.barreGaucheX(k), y), qRgb(0, 0, 0)) << k << "," << y;
+  // Then the ruler's face colour, the staff and the strings.
+  EXPECT_EQ(
+      (std::vector<QRgb>{image.pixel(m.barreGaucheX(8) + 50, 146), image.pixel(1900, 5),
+                         image.pixel(1900, 140), image.pixel(1900, 290), image.pixel(1900, 294)}),
+      (std::vector<QRgb>{qRgb(255, 255, 255), qRgb(240, 240, 240), qRgb(0, 0, 0), qRgb(0, 0, 0),
+                         qRgb(255, 255, 255)}));
 }
 
-TEST_F(QtSurface, PngIsWrittenWholeOrNotAtAll) {
+TEST(QtSurface, PngIsWrittenWholeOrNotAtAllAndStripOptionsAreChecked) {
   QImage image(20, 10, QImage::Format_RGB32);
   image.fill(Qt::red);
   const std::string dossier = ::testing::TempDir();
-  const std::string chemin = dossier + "/vt_strip.png";
-  ASSERT_TRUE(enregistrePng(image, chemin));
-  EXPECT_EQ(QImage(QString::fromStdString(chemin)).pixel(3, 3), qRgb(255, 0, 0));
+  ASSERT_TRUE(enregistrePng(image, dossier + "/vt_strip.png"));
+  EXPECT_EQ(QImage(QString::fromStdString(dossier + "/vt_strip.png")).pixel(3, 3), qRgb(255, 0, 0));
   EXPECT_FALSE(enregistrePng(image, dossier + "/no/such/folder/x.png"));
-}
 
-TEST_F(QtSurface, StripOptionsAreChecked) {
-  const CVantoroTablature doc = test::showcaseDocument();
   // A track, a bar or a view mode past the piece's, a cursor past its bar
   // (6/8 is 144 ticks) or its strings, an image of no width.
-  const std::vector<std::function<void(StripImageOptions&)>> fautes = {
-      [](StripImageOptions& o) { o.piste = 2; },
-      [](StripImageOptions& o) { o.premièreMesure = 10; },
-      [](StripImageOptions& o) { o.viewMode = 5; },
-      [](StripImageOptions& o) {
-        o.curseur = StripImageOptions::Curseur{6, 144, 1};
-      },
-      [](StripImageOptions& o) {
-        o.curseur = StripImageOptions::Curseur{6, 143, 7};
-      },
-      [](StripImageOptions& o) { o.largeur = 0; }};
-  StripImageOptions o;
-  o.curseur = StripImageOptions::Curseur{6, 143, 6};
+  const CVantoroTablature doc = test::showcaseDocument();
+  using O = StripImageOptions;
+  const std::vector<std::function<void(O&)>> fautes = {[](O& o) { o.piste = 2; },
+                                                       [](O& o) { o.premièreMesure = 10; },
+                                                       [](O& o) { o.viewMode = 5; },
+                                                       [](O& o) {
+                                                         o.curseur = O::Curseur{6, 144, 1};
+                                                       },
+                                                       [](O& o) {
+                                                         o.curseur = O::Curseur{6, 143, 7};
+                                                       },
+                                                       [](O& o) { o.largeur = 0; }};
+  O o;
+  o.curseur = O::Curseur{6, 143, 6};
   EXPECT_EQ(vérifieOptions(doc, o), "");
   for (std::size_t i = 0; i < fautes.size(); ++i) {
-    StripImageOptions faute = o;
+    O faute = o;
     fautes[i](faute);
     EXPECT_NE(vérifieOptions(doc, faute), "") << i;
   }

@@ -13,17 +13,20 @@ int note(CVantoroTablature& doc, int m, int c, int x, int fret, int durée, int 
 
 CVantoroTablature showcaseDocument() {
   CVantoroTablature doc;
-  for (int i = 0; i < 8; ++i) doc.addMesure();
+  for (int i = 0; i < 8; ++i)
+    doc.addMesure();
   doc.setPisteNom(1, "Guitar");
 
   // 1: G major, tempo, chord, texts, a start of repeat; quarter, eighths,
   // triplet eighths, sixteenths.
-  for (int m = 1; m <= 5; ++m) doc.setMesureTonalitéDétails(m, 1, kVrai);
+  for (int m = 1; m <= 5; ++m)
+    doc.setMesureTonalitéDétails(m, 1, kVrai);
   doc.setMesureTempo(1, 0, 90);
   doc.setMesureLoopGaucheType(1, barre::kRepetition);
   OneBased<byt> sol(6);
   const byt frettes[] = {3, 0, 0, 0, 2, 3};
-  for (int c = 1; c <= 6; ++c) sol[c] = frettes[c - 1];
+  for (int c = 1; c <= 6; ++c)
+    sol[c] = frettes[c - 1];
   doc.setMesureAccord(1, 1, doc.addandplaceMesureAccord(1, 1, 0), "G", sol);
   doc.setMesureTexte(1, 1, 0, "Intro\\nclean", kVrai);
   doc.setMesureTexte(1, 1, 48, "let ring", kFaux);
@@ -41,12 +44,15 @@ CVantoroTablature showcaseDocument() {
   note(doc, 1, 2, 180, 1, 12);
 
   // 2: every attack, then a dead note and a ghost note.
-  for (int a = 1; a <= 8; ++a) note(doc, 2, 3, (a - 1) * 24, 2 + a % 3, 24, a);
+  for (int a = 1; a <= 8; ++a)
+    note(doc, 2, 3, (a - 1) * 24, 2 + a % 3, 24, a);
   note(doc, 2, 5, 0, 0, 48, 0, 0, nuance::kPP);
   // 3: brushes over a chord, the dead note, the palm mute's run.
   doc.setMesureTempo(3, 96, 120);
-  for (int c = 1; c <= 6; ++c) note(doc, 3, c, 0, frettes[c - 1], 48, attaque::kBrushUp);
-  for (int c = 1; c <= 6; ++c) note(doc, 3, c, 48, frettes[c - 1], 48, attaque::kBrushDown);
+  for (int c = 1; c <= 6; ++c)
+    note(doc, 3, c, 0, frettes[c - 1], 48, attaque::kBrushUp);
+  for (int c = 1; c <= 6; ++c)
+    note(doc, 3, c, 48, frettes[c - 1], 48, attaque::kBrushDown);
   note(doc, 3, 6, 96, 0, 24, attaque::kDeadNote);
   note(doc, 3, 6, 120, 0, 24, attaque::kDeadNote);
   note(doc, 3, 5, 144, 5, 48, attaque::kPalmMute, 0, nuance::kP);
@@ -54,10 +60,10 @@ CVantoroTablature showcaseDocument() {
   // 4-5: every effect, the linking ones with a next note.
   const struct {
     int effet, fret;
-  } effets[] = {{effet::kSlideUp, 5},   {effet::kSlideDown, 7}, {effet::kHammerOn, 5},
-                {effet::kPullOff, 7},   {effet::kVibrato, 5},   {effet::kBendUp, 7},
+  } effets[] = {{effet::kSlideUp, 5},    {effet::kSlideDown, 7},  {effet::kHammerOn, 5},
+                {effet::kPullOff, 7},    {effet::kVibrato, 5},    {effet::kBendUp, 7},
                 {effet::kBendUpDown, 7}, {effet::kBendReturn, 7}, {effet::kBendDown, 7},
-                {effet::kTremolo, 5},   {effet::kTrill, 5},     {effet::kLiaison, 5}};
+                {effet::kTremolo, 5},    {effet::kTrill, 5},      {effet::kLiaison, 5}};
   int i = 0;
   for (const auto& e : effets) {
     const int m = 4 + i / 8;
@@ -90,7 +96,8 @@ CVantoroTablature showcaseDocument() {
   doc.setMesureLoopGaucheType(9, barre::kDouble);
   doc.setMesureLoopDroiteType(9, barre::kFinale);
   doc.setMesureTonalitéDétails(9, 0, kVrai);
-  for (int k = 0; k < 8; ++k) note(doc, 9, 1, k * 6, 12 - k % 3, 6);
+  for (int k = 0; k < 8; ++k)
+    note(doc, 9, 1, k * 6, 12 - k % 3, 6);
   note(doc, 9, 2, 48, 10, 18);
   note(doc, 9, 2, 66, 10, 6);
   note(doc, 9, 4, 96, 7, 96);

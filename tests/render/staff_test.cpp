@@ -21,27 +21,24 @@ constexpr int y0De(int u) {
   return (u + 12) * 4 - 4 + kBase;
 }
 
-TEST(Spelling, TwelvePitchClassesOnlySharps) {
+TEST(Spelling, TwelvePitchClassesOnlySharpsAndTheKeysAlterationTable) {
   EXPECT_EQ(graphie(64).u, -7);  // sounding E4, written in the top space
   EXPECT_EQ(graphie(52).u, 0);   // the bottom line
   const int lettres[] = {kDo, kDo, kRé, kRé, kMi, kFa, kFa, kSol, kSol, kLa, kLa, kSi};
   const int pas[] = {30, 30, 29, 29, 28, 27, 27, 26, 26, 25, 25, 24};
   for (int pc = 0; pc < 12; ++pc) {
     const Graphie g = graphie(60 + pc);
-    EXPECT_EQ(g.lettre, lettres[pc]) << pc;
-    EXPECT_EQ(g.u, pas[pc] - 35) << pc;
-    EXPECT_EQ(g.dièse, pc == 1 || pc == 3 || pc == 6 || pc == 8 || pc == 10) << pc;
+    EXPECT_EQ(std::make_tuple(g.lettre, g.u, g.dièse),
+              std::make_tuple(lettres[pc], pas[pc] - 35,
+                              pc == 1 || pc == 3 || pc == 6 || pc == 8 || pc == 10))
+        << pc;
   }
-}
-
-TEST(Spelling, KeySignaturesSetTheAlterationTable) {
   const Altérations ré = altérationsDeTonalité(2);   // F and C sharp
   const Altérations fa = altérationsDeTonalité(-1);  // B flat
+  const Altérations dob = altérationsDeTonalité(-7);
   EXPECT_EQ((std::vector<int>{ré[kFa], ré[kDo], ré[kSol], fa[kSi], fa[kMi]}),
             (std::vector<int>{1, 1, 0, -1, 0}));
-  const Altérations dob = altérationsDeTonalité(-7);
-  for (const i16 v : dob)
-    EXPECT_EQ(v, -1);
+  EXPECT_TRUE(std::all_of(dob.begin(), dob.end(), [](i16 v) { return v == -1; }));
 }
 
 TEST(Staff, FMajorWritesBFlatAsASharpAndHoldsAccidentalsToTheBarEnd) {
@@ -52,15 +49,13 @@ TEST(Staff, FMajorWritesBFlatAsASharpAndHoldsAccidentalsToTheBarEnd) {
   note(b.doc, 1, 3, 96, 4, 48);  // B 3 again: nothing more
   b.r.drawInLine();
   const auto dièses = b.blits(pt::kDièse);
-  ASSERT_EQ(dièses.size(), 1U);
-  EXPECT_EQ(coin(dièses[0]), coin(75 - 13, y0De(25 - 28)));  // A4 written
   const auto bécarres = b.blits(pt::kBécarre);
-  ASSERT_EQ(bécarres.size(), 1U);
+  const auto bémols = b.blits(pt::kBémol);  // the key's own, on the middle line's step
+  ASSERT_EQ(std::make_tuple(dièses.size(), bécarres.size(), bémols.size()),
+            std::make_tuple(1U, 1U, 1U));
+  EXPECT_EQ(coin(dièses[0]), coin(75 - 13, y0De(25 - 28)));  // A4 written
   EXPECT_EQ(coin(bécarres[0]), coin(115 - 10, y0De(24 - 28)));
   EXPECT_EQ(bécarres[0].rop, RasterOp::SrcAnd);
-  // The key itself shows the flat, on the middle line's staff step.
-  const auto bémols = b.blits(pt::kBémol);
-  ASSERT_EQ(bémols.size(), 1U);
   EXPECT_EQ(coin(bémols[0]), coin(35 + 4, kBase + 2 + 6 * 4));
 }
 
@@ -77,7 +72,7 @@ TEST(Staff, AccidentalsFollowStringOrderNotTime) {
   EXPECT_EQ(dièses[0].x1, 55 + 120 + 20 - 13);
 }
 
-TEST(Staff, BassClefShiftsTwelveSteps) {
+TEST(Staff, BassClefShiftsTwelveStepsAndDrumsStandByTheirTable) {
   Banc b;
   b.doc.setPortéeClef(1, 2);
   note(b.doc, 1, 6, 0, 0, 48);  // MIDI 40: u = 28 - 21 - 12 = -5
@@ -89,29 +84,26 @@ TEST(Staff, BassClefShiftsTwelveSteps) {
   ASSERT_EQ(clefs.size(), 1U);
   EXPECT_EQ(coin(clefs[0]), coin(5, kBase + 17));
   EXPECT_TRUE(b.blits(pt::kCléSol).empty());
-}
 
-TEST(Staff, DrumsStandByTheirTable) {
-  Banc b;
-  b.doc.setStaffType(1, kStaffBatterie);
-  note(b.doc, 1, 6, 0, 39, 48);   // not in the table: the bottom line
-  note(b.doc, 1, 5, 48, 38, 48);  // snare
-  note(b.doc, 1, 1, 96, 49, 48);  // crash, above the staff
-  b.r.drawInLine();
-  const auto têtes = b.blits(pt::kTêtePleine);
-  ASSERT_EQ(têtes.size(), 3U);
+  Banc d;
+  d.doc.setStaffType(1, kStaffBatterie);
+  note(d.doc, 1, 6, 0, 39, 48);   // not in the table: the bottom line
+  note(d.doc, 1, 5, 48, 38, 48);  // snare
+  note(d.doc, 1, 1, 96, 49, 48);  // crash, above the staff
+  d.r.drawInLine();
   std::vector<double> ys;
-  for (const Primitive& p : têtes)
+  for (const Primitive& p : d.blits(pt::kTêtePleine))
     ys.push_back(p.y1);
   std::sort(ys.begin(), ys.end());
   EXPECT_EQ(ys, (std::vector<double>{y0De(-10), y0De(-5), y0De(0)}));
-  EXPECT_TRUE(b.blits(pt::kDièse).empty());
-  EXPECT_EQ(getNbUnitesFromStaffLowLineForDrums(39), 0);
-  EXPECT_EQ(getNbUnitesFromStaffLowLineForDrums(37), 2);
-  EXPECT_EQ(getNbUnitesFromStaffLowLineForDrums(52), -13);
+  EXPECT_TRUE(d.blits(pt::kDièse).empty());
+  EXPECT_EQ((std::vector<int>{getNbUnitesFromStaffLowLineForDrums(39),
+                              getNbUnitesFromStaffLowLineForDrums(37),
+                              getNbUnitesFromStaffLowLineForDrums(52)}),
+            (std::vector<int>{0, 2, -13}));
 }
 
-TEST(Staff, LedgerLinesAboveAndBelow) {
+TEST(Staff, LedgerLinesHeadsAndDots) {
   Banc b;
   note(b.doc, 1, 1, 0, 5, 48);   // A4 sounding (69): u = -10, one line above
   note(b.doc, 1, 5, 96, 3, 48);  // C3 sounding (48): u = 2, one line below
@@ -120,22 +112,20 @@ TEST(Staff, LedgerLinesAboveAndBelow) {
     return p.kind == K::DeviceLine && p.x2 - p.x1 == 12 && p.y1 == p.y2;
   });
   ASSERT_EQ(ledger.size(), 2U);
-  // A staff space above the top line, and one below the bottom line.
   EXPECT_EQ(coin(ledger[0]), coin(75 - 6, kBase + 8));
   EXPECT_EQ(coin(ledger[1]), coin(155 - 6, kBase + 56));
-}
 
-TEST(Staff, HeadsDotsAndWholeNotes) {
-  Banc b;
-  note(b.doc, 1, 3, 0, 0, 144);
-  note(b.doc, 1, 3, 144, 0, 48);
-  b.doc.addMesure();
-  note(b.doc, 2, 3, 0, 0, 192);
-  b.r.drawInLine();
-  EXPECT_EQ(b.blits(pt::kTêteBlanche).size(), 1U);
-  EXPECT_EQ(b.blits(pt::kTêtePleine).size(), 1U);
-  EXPECT_EQ(b.blits(pt::kTêteRonde).size(), 1U);
-  const auto points = b.blits(pt::kPoint);
+  Banc h;
+  note(h.doc, 1, 3, 0, 0, 144);
+  note(h.doc, 1, 3, 144, 0, 48);
+  h.doc.addMesure();
+  note(h.doc, 2, 3, 0, 0, 192);
+  h.r.drawInLine();
+  EXPECT_EQ(
+      (std::vector<std::size_t>{h.blits(pt::kTêteBlanche).size(), h.blits(pt::kTêtePleine).size(),
+                                h.blits(pt::kTêteRonde).size()}),
+      (std::vector<std::size_t>{1, 1, 1}));
+  const auto points = h.blits(pt::kPoint);
   ASSERT_EQ(points.size(), 1U);
   EXPECT_EQ(points[0].x1, 75 + 5);
 }
@@ -153,26 +143,20 @@ TEST(Staff, DotsAndTripletsAreMarkedUnderTheHeadAsOnTheTablature) {
     Banc b;
     note(b.doc, 1, 3, 0, 0, c.durée);
     b.r.drawInLine();
-    const auto surLaPortée = [](const Primitive& p) { return p.y1 > 250; };
-    const auto points =
-        b.surface.select([&](const Primitive& p) { return p.kind == K::Circle && surLaPortée(p); });
-    ASSERT_EQ(points.size(), c.point ? 1U : 0U);
-    if (c.point) {
-      // The tablature's dot, a radius of 1.
-      EXPECT_EQ(coins(points[0]), q(75 + 3, pied + 13, 1, 0));
-    }
-    std::vector<Primitive> trois;
+    // The tablature's dot, a radius of 1, and its 3, both on the staff.
+    std::vector<test::Quatre> points, trois;
+    for (const Primitive& p : b.surface.ofKind(K::Circle))
+      if (p.y1 > 250) points.push_back(coins(p));
     for (const Primitive& p : b.surface.texts("3"))
-      if (surLaPortée(p)) trois.push_back(p);
-    ASSERT_EQ(trois.size(), c.trois ? 1U : 0U);
-    if (c.trois) {
-      EXPECT_EQ(test::centreX(trois[0]), 75 + 3);
-      EXPECT_EQ(test::centreY(trois[0]), pied + 13);
-    }
+      if (p.y1 > 250) trois.push_back(q(test::centreX(p), test::centreY(p), 0, 0));
+    EXPECT_EQ(points,
+              c.point ? std::vector{q(75 + 3, pied + 13, 1, 0)} : std::vector<test::Quatre>{});
+    EXPECT_EQ(trois,
+              c.trois ? std::vector{q(75 + 3, pied + 13, 0, 0)} : std::vector<test::Quatre>{});
   }
 }
 
-TEST(Staff, StemsOfABeatReachOneHeight) {
+TEST(Staff, StemsOfABeatReachOneHeightAndAChordHasOneStem) {
   Banc b;
   note(b.doc, 1, 2, 0, 0, 24);   // B3 (59)
   note(b.doc, 1, 3, 24, 0, 24);  // G3 (55)
@@ -186,56 +170,51 @@ TEST(Staff, StemsOfABeatReachOneHeight) {
   EXPECT_EQ(coins(tiges[0]), q(75 + 3, tiges[0].y1, 75 + 3, pointe));
   EXPECT_EQ(coins(tiges[1]), q(95 + 3, tiges[1].y1, 95 + 3, pointe));
   EXPECT_EQ(getTempsPortéeMaxMinNote(b.doc, 1, 1, 3, 1, true), 59);
-}
 
-TEST(Staff, AChordHasOneStemThroughItsHeads) {
-  Banc b;
-  note(b.doc, 1, 1, 0, 0, 48);
-  note(b.doc, 1, 3, 0, 0, 48);
-  note(b.doc, 1, 5, 0, 0, 48);
-  b.r.drawInLine();
-  const auto tiges = b.surface.select(
+  Banc a;
+  for (const int c : {1, 3, 5})
+    note(a.doc, 1, c, 0, 0, 48);
+  a.r.drawInLine();
+  // From the lowest head to the top one, then on up.
+  const auto accord = a.surface.select(
       [](const Primitive& p) { return p.kind == K::DeviceLine && p.x1 == 78 && p.x2 == 78; });
-  ASSERT_EQ(tiges.size(), 2U);  // from the lowest head to the top one, then on up
-  EXPECT_EQ(coins(tiges[0]), q(78, y0De(25 - 21) + 1, 78, y0De(-7) + 1));
-  EXPECT_EQ(coins(tiges[1]), q(78, y0De(-7) + 1, 78, y0De(-7) + 1 - 24));
+  ASSERT_EQ(accord.size(), 2U);
+  EXPECT_EQ(coins(accord[0]), q(78, y0De(25 - 21) + 1, 78, y0De(-7) + 1));
+  EXPECT_EQ(coins(accord[1]), q(78, y0De(-7) + 1, 78, y0De(-7) + 1 - 24));
 }
 
-struct Rests : ::testing::Test {
-  Banc b;
-  std::vector<Primitive> pauses() {
-    return b.surface.select([](const Primitive& p) { return p.kind == K::Blit && p.ys == 10; });
-  }
-};
-
-TEST_F(Rests, ARunOfSeventyTwoTicksIsAQuarterThenAnEighth) {
-  note(b.doc, 1, 3, 0, 0, 48);
-  note(b.doc, 1, 3, 120, 0, 72);
-  b.r.drawNotePortéeSilences(1, 1);
-  const auto p = pauses();
-  ASSERT_EQ(p.size(), 2U);
-  EXPECT_EQ(p[0].xs, pt::kSoupir.x);
-  EXPECT_EQ(p[1].xs, pt::kDemiSoupir.x);
-  // Each at the middle of what is left of the run, from 48 to 120.
-  EXPECT_EQ(coin(p[0]), coin((84 * 20) / 24 + 55, 290 + 8));
-  EXPECT_EQ(p[1].x1, (108 * 20) / 24 + 55);
-}
-
-TEST_F(Rests, EmptyBarsHaveARestOfTheirLengthRoundedDownAndShortGapsNone) {
-  b.r.drawNotePortéeSilences(1, 1);
-  ASSERT_EQ(pauses().size(), 1U);
-  EXPECT_EQ(pauses()[0].xs, pt::kPauseRonde.x);
+// The rests drawn for the silent stretches of a bar: {cell x, x} each.
+std::vector<std::pair<int, double>> pauses(Banc& b, int m) {
   b.surface.clearRecord();
+  b.r.drawNotePortéeSilences(1, m);
+  std::vector<std::pair<int, double>> l;
+  for (const Primitive& p :
+       b.surface.select([](const Primitive& p) { return p.kind == K::Blit && p.ys == 10; }))
+    l.emplace_back(p.xs, p.x1);
+  return l;
+}
+
+TEST(Rests, RunsAreSplitIntoRestsAndEmptyBarsRoundDown) {
+  Banc b;
+  const auto ronde = pauses(b, 1);
+  ASSERT_EQ(ronde.size(), 1U);
+  EXPECT_EQ(ronde[0].first, pt::kPauseRonde.x);
   note(b.doc, 1, 1, 0, 0, 188);  // leaves 4 ticks: below the shortest rest
-  b.r.drawNotePortéeSilences(1, 1);
-  EXPECT_TRUE(pauses().empty());
-  b.doc.addMesure();
-  b.doc.setMesureSignature(2, 5, 8);
-  b.r.drawNotePortéeSilences(1, 2);
-  const auto p = pauses();
-  ASSERT_EQ(p.size(), 1U);  // 120 ticks round down to 96: a half rest
-  EXPECT_EQ(p[0].xs, pt::kPauseBlanche.x);
-  EXPECT_EQ(p[0].x1, 60 * 20 / 24 + 255);
+  EXPECT_TRUE(pauses(b, 1).empty());
+  // 72 ticks from 48 to 120: a quarter then an eighth, each at the middle of
+  // what is left of the run.
+  Banc r;
+  note(r.doc, 1, 3, 0, 0, 48);
+  note(r.doc, 1, 3, 120, 0, 72);
+  EXPECT_EQ(pauses(r, 1),
+            (std::vector<std::pair<int, double>>{{pt::kSoupir.x, (84 * 20) / 24 + 55},
+                                                 {pt::kDemiSoupir.x, (108 * 20) / 24 + 55}}));
+  EXPECT_EQ(r.surface.ofKind(K::Blit)[0].y1, 290 + 8);
+  // 5/8: 120 ticks round down to 96, a half rest.
+  r.doc.addMesure();
+  r.doc.setMesureSignature(2, 5, 8);
+  EXPECT_EQ(pauses(r, 2),
+            (std::vector<std::pair<int, double>>{{pt::kPauseBlanche.x, 60 * 20 / 24 + 255}}));
 }
 
 TEST(Staff, TheShowcaseHasEveryKindOfSignInEveryViewMode) {

@@ -5,13 +5,23 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialog>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTest>
+#include <QTextBrowser>
+#include <QToolBar>
 #include <QWidget>
 #include <memory>
 #include <string>
@@ -216,8 +226,23 @@ class Banc : public ::testing::Test {
     souris(QEvent::MouseButtonRelease, p, b, Qt::NoButton);
   }
 
-  bool contient(const Journal& j, const QString& ligne) const {
+  static bool contient(const Journal& j, const QString& ligne) {
     return std::find(j.begin(), j.end(), ligne) != j.end();
+  }
+  // The lines of the journal that end with `fin`, in their order.
+  static Journal finissant(const Journal& j, const QString& fin) {
+    Journal l;
+    std::copy_if(j.begin(), j.end(), std::back_inserter(l),
+                 [&fin](const QString& e) { return e.endsWith(fin); });
+    return l;
+  }
+  // Each of `attendues` in the journal, each after the one before.
+  static void dansLOrdre(const Journal& j, const Journal& attendues) {
+    auto it = j.begin();
+    for (const QString& e : attendues) {
+      it = std::find(it, j.end(), e);
+      ASSERT_NE(it, j.end()) << "missing or out of order: " << e.toStdString();
+    }
   }
 
   QTemporaryDir dir;
@@ -227,6 +252,15 @@ class Banc : public ::testing::Test {
   std::vector<QString> modales;
   std::function<void(QDialog&)> pendantModale;
   i16 langueChoisie = 10000;
+};
+
+// The bench after a quiet start's settings.
+class BancSilencieux : public Banc {
+ protected:
+  void SetUp() override {
+    Banc::SetUp();
+    silencieux();
+  }
 };
 
 }  // namespace vt::essai

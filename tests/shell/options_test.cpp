@@ -1,34 +1,20 @@
-// The options dialog: each control changes its setting on OK and nothing
-// changes on Cancel; each caller opens its page; the MIDI ports are opened
-// again only when their choice changed; the skin reaches the open windows;
-// the texts follow the language; values edited by hand open as the nearest
-// ones the controls can show.
-#include <QCheckBox>
+// The options dialog: every control on OK and Cancel, the pages, the MIDI
+// ports, the skin, the language, and values edited by hand.
+#include <QAbstractButton>
+#include <QAbstractSlider>
 #include <QComboBox>
-#include <QDir>
-#include <QFileInfo>
-#include <QImage>
-#include <QLabel>
 #include <QListWidget>
-#include <QPushButton>
-#include <QSlider>
 #include <QSpinBox>
 #include <QTabWidget>
-#include <QTest>
-#include <QTextBrowser>
-#include <QToolBar>
 
 #include "banc.h"
 #include "faide_navigateur.h"
 #include "options_pages.h"
 #include "shell/foptions.h"
-#include "shell/manche.h"
-#include "shell/required_files.h"
 #include "shell/skin.h"
 #include "son_systeme.h"
 #include "sound/message_son.h"
 #include "sound/midi_handles.h"
-#include "sound/sortie_journal.h"
 
 namespace vt::essai {
 namespace {
@@ -50,11 +36,10 @@ class SonPorts : public SonEnregistreur {
   Journal& m_j;
 };
 
-class Options : public Banc {
+class Options : public BancSilencieux {
  protected:
   void SetUp() override {
-    Banc::SetUp();
-    silencieux();
+    BancSilencieux::SetUp();
     // A program folder of our own, with a second skin that has only the wood
     // of the fretboard.
     ASSERT_TRUE(app.isValid());
@@ -138,152 +123,102 @@ class Options : public Banc {
   std::vector<std::shared_ptr<SortieJournal>> sorties;
 };
 
-// One change on a page and the settings it writes on OK.
+// One change on a page and the settings it writes on OK: a control named on
+// the page given a value, or a change of its own.
 struct Cas {
-  QString page;
-  std::function<void(FOptions&)> change;
+  QString page, contrôle;
+  int valeur;
   Réglages attendu;
+  std::function<void(FOptions&)> change = {};
 };
+
+void applique(FOptions& o, const Cas& c) {
+  if (c.change) return c.change(o);
+  QWidget* w = o.findChild<QWidget*>(c.contrôle);
+  ASSERT_NE(w, nullptr) << c.contrôle.toStdString();
+  if (auto* b = qobject_cast<QAbstractButton*>(w)) b->setChecked(c.valeur != 0);
+  if (auto* l = qobject_cast<QComboBox*>(w)) l->setCurrentIndex(c.valeur);
+  if (auto* s = qobject_cast<QAbstractSlider*>(w)) s->setValue(c.valeur);
+  if (auto* n = qobject_cast<QSpinBox*>(w)) n->setValue(c.valeur);
+}
 
 std::vector<Cas> casDesRègles() {
   std::vector<Cas> c = {
-      {"KeyDiv",
-       [](FOptions& o) { o.pageDiv().optManche[2]->setChecked(true); },
-       {{"Options/setManche", "2"}}},
+      {"KeyDiv", "optManche2", 1, {{"Options/setManche", "2"}}},
       // Option 0 is the right hand: the other one makes a left-handed board.
+      {"KeyDiv", "optMancheHand1", 1, {{"Options/setLeftHanded", "True"}}},
+      {"KeyDiv", "chkDémarrage", 1, {{"Options/setDémarrage", "1"}}},
+      {"KeyDiv", "chkBarreEtat", 0, {{"Options/setStatusBar", "0"}}},
+      {"KeyDiv", "chkBarreOutils", 0, {{"Options/setToolBar", "0"}}},
+      {"KeyDiv", "chkTipOfDay", 1, {{"Options/Show Tips at Startup", "1"}}},
+      {"KeyDiv", "chkStarWith3", 1, {{"Options/setStartWith3", "True"}}},
       {"KeyDiv",
-       [](FOptions& o) { o.pageDiv().optMancheHand[1]->setChecked(true); },
-       {{"Options/setLeftHanded", "True"}}},
-      {"KeyDiv",
-       [](FOptions& o) { o.pageDiv().chkDémarrage->setChecked(true); },
-       {{"Options/setD\u00e9marrage", "1"}}},
-      {"KeyDiv",
-       [](FOptions& o) { o.pageDiv().chkBarreEtat->setChecked(false); },
-       {{"Options/setStatusBar", "0"}}},
-      {"KeyDiv",
-       [](FOptions& o) { o.pageDiv().chkBarreOutils->setChecked(false); },
-       {{"Options/setToolBar", "0"}}},
-      {"KeyDiv",
-       [](FOptions& o) { o.pageDiv().chkTipOfDay->setChecked(true); },
-       {{"Options/Show Tips at Startup", "1"}}},
-      {"KeyDiv",
-       [](FOptions& o) { o.pageDiv().chkStarWith[3]->setChecked(true); },
-       {{"Options/setStartWith3", "True"}}},
-      {"KeyDiv",
-       [](FOptions& o) { o.pageDiv().choisitSkin("nuit"); },
-       {{"Options/strSkinPath", "nuit"}}},
+       "",
+       0,
+       {{"Options/strSkinPath", "nuit"}},
+       [](FOptions& o) { o.pageDiv().choisitSkin("nuit"); }},
       {"KeyTab",
+       "",
+       0,
+       {{"Tab/cfgEventColor", QString::number(1 + 2 * 256 + 3 * 65536)}},
        [](FOptions& o) {
          o.choisitCouleur = [](const QColor&) { return QColor(1, 2, 3); };
          o.pageTab().btnTab[1]->click();
-       },
-       {{"Tab/cfgEventColor", QString::number(1 + 2 * 256 + 3 * 65536)}}},
+       }},
       {"KeyTab",
+       "",
+       0,
+       {{"Tab/cfgFontName", "Serif"}, {"Tab/cfgFontSize", "12"}, {"Tab/cfgFontBold", "False"}},
        [](FOptions& o) {
          o.choisitPolice = [](const QFont&) { return QFont("Serif", 12); };
          o.pageTab().cmdFont->click();
-       },
-       {{"Tab/cfgFontName", "Serif"}, {"Tab/cfgFontSize", "12"}, {"Tab/cfgFontBold", "False"}}},
-      {"KeyTab",
-       [](FOptions& o) { o.pageTab().chkTabTransparent->setChecked(true); },
-       {{"Tab/cfgFontTransparent", "True"}}},
-      {"KeyTab",
-       [](FOptions& o) { o.pageTab().chkTabFolder->setChecked(false); },
-       {{"Options/setTabRememberFolder", "False"}}},
+       }},
+      {"KeyTab", "chkTabTransparent", 1, {{"Tab/cfgFontTransparent", "True"}}},
+      {"KeyTab", "chkTabFolder", 0, {{"Options/setTabRememberFolder", "False"}}},
       // No setting of its own: the pair of offsets.
       {"KeyTab",
-       [](FOptions& o) { o.pageTab().chkTabStaffOnTab->setChecked(true); },
+       "chkTabStaffOnTab",
+       1,
        {{"Tab/TAB_VIEW_MARGIN_TOP_PORTEE", "0"}, {"Tab/TAB_VIEW_MARGIN_TOP_TAB", "150"}}},
-      {"KeyTab",
-       [](FOptions& o) { o.pageTab().sldTabExp.sld->setValue(80); },
-       {{"Tab/cfgASCIILargeur", "80"}}},
-      {"KeyTab",
-       [](FOptions& o) { o.pageTab().sldTabMARGIN_LEFT.sld->setValue(50); },
-       {{"Tab/TAB_VIEW_MARGIN_LEFT", "50"}}},
-      {"KeyTab",
-       [](FOptions& o) { o.pageTab().sldTabMARGIN_TOP.sld->setValue(100); },
-       {{"Tab/TAB_VIEW_MARGIN_TOP", "100"}}},
-      {"KeyTab",
-       [](FOptions& o) { o.pageTab().sldTabINTER_STRINGS.sld->setValue(15); },
-       {{"Tab/TAB_VIEW_INTER_STRINGS", "15"}}},
-      {"KeyTab",
-       [](FOptions& o) { o.pageTab().sldTabINTER_NOTE.sld->setValue(25); },
-       {{"Tab/TAB_VIEW_INTER_NOTE", "25"}}},
-      {"KeyTab",
-       [](FOptions& o) { o.pageTab().sldTabINTER_MESURE.sld->setValue(30); },
-       {{"Tab/TAB_VIEW_INTER_MESURE", "30"}}},
-      {"KeyGam",
-       [](FOptions& o) { o.pageGam().optGamConst[3]->setChecked(true); },
-       {{"Gammes/setGAMConst", "3"}}},
-      {"KeyGam",
-       [](FOptions& o) { o.pageGam().optGamPiano[0]->setChecked(true); },
-       {{"Gammes/setGAMPiano", "0"}}},
-      {"KeyGam",
-       [](FOptions& o) { o.pageGam().optGamMode(1)->setChecked(true); },
-       {{"Gammes/setGAMMode", "1"}}},
-      {"KeyGam",
-       [](FOptions& o) { o.pageGam().sldGamTime.sld->setValue(120); },
-       {{"Gammes/setGAMTimer", "120"}}},
+      {"KeyTab", "sldTabExp", 80, {{"Tab/cfgASCIILargeur", "80"}}},
+      {"KeyTab", "sldTabMARGIN_LEFT", 50, {{"Tab/TAB_VIEW_MARGIN_LEFT", "50"}}},
+      {"KeyTab", "sldTabMARGIN_TOP", 100, {{"Tab/TAB_VIEW_MARGIN_TOP", "100"}}},
+      {"KeyTab", "sldTabINTER_STRINGS", 15, {{"Tab/TAB_VIEW_INTER_STRINGS", "15"}}},
+      {"KeyTab", "sldTabINTER_NOTE", 25, {{"Tab/TAB_VIEW_INTER_NOTE", "25"}}},
+      {"KeyTab", "sldTabINTER_MESURE", 30, {{"Tab/TAB_VIEW_INTER_MESURE", "30"}}},
+      {"KeyGam", "optGamConst3", 1, {{"Gammes/setGAMConst", "3"}}},
+      {"KeyGam", "optGamPiano0", 1, {{"Gammes/setGAMPiano", "0"}}},
+      {"KeyGam", "optGamMode1", 1, {{"Gammes/setGAMMode", "1"}}},
+      {"KeyGam", "sldGamTime", 120, {{"Gammes/setGAMTimer", "120"}}},
       // Names on the dots is option 1; dots only writes 0.
-      {"accords",
-       [](FOptions& o) { o.pageAccords().optAccordConst[0]->setChecked(true); },
-       {{"Accords/setAccordConst", "0"}}},
-      {"KeyM\u00e9t",
-       [](FOptions& o) { o.pageMet().optMétro[1]->setChecked(true); },
-       {{"Options/setM\u00e9tro", "0"}}},
-      {"KeyM\u00e9t",
-       [](FOptions& o) { o.pageMet().chkMétronomeMIDICanal10->setChecked(true); },
-       {{"Options/setM\u00e9tronomeMIDICanal10", "1"}}},
-      {"KeyM\u00e9t",
-       [](FOptions& o) { o.pageMet().udMétronomeMIDINote1->setValue(40); },
-       {{"Options/setM\u00e9tronomeMIDINote1", "40"}}},
-      {"KeyM\u00e9t",
-       [](FOptions& o) { o.pageMet().udMétronomeMIDINote2->setValue(41); },
-       {{"Options/setM\u00e9tronomeMIDINote2", "41"}}},
+      {"accords", "optAccordConst0", 1, {{"Accords/setAccordConst", "0"}}},
+      {"KeyMét", "optMétro1", 1, {{"Options/setMétro", "0"}}},
+      {"KeyMét", "chkMétronomeMIDICanal10", 1, {{"Options/setMétronomeMIDICanal10", "1"}}},
+      {"KeyMét", "udMétronomeMIDINote1", 40, {{"Options/setMétronomeMIDINote1", "40"}}},
+      {"KeyMét", "udMétronomeMIDINote2", 41, {{"Options/setMétronomeMIDINote2", "41"}}},
       // Entry 0 is the system's default (-1), entry 1 the built-in synthesizer (0).
-      {"KeyMidi",
-       [](FOptions& o) { o.pageMidi().cmbMIDIdevice->setCurrentIndex(2); },
-       {{"Options/setMIDIdevice", "1"}}},
-      {"KeyMidi",
-       [](FOptions& o) { o.pageMidi().cmbMIDIchannel->setCurrentIndex(3); },
-       {{"Options/setMIDIchannel", "4"}}},
-      {"KeyMidi",
-       [](FOptions& o) { o.pageMidi().cmbMIDIinstru->setCurrentIndex(30); },
-       {{"Options/setMIDIinstru", "30"}}},
-      {"KeyMidi",
-       [](FOptions& o) { o.pageMidi().sldMIDIvolume.sld->setValue(90); },
-       {{"Options/setMIDIvolume", "90"}}},
-      {"KeyMidi",
-       [](FOptions& o) { o.pageMidi().udPitchBendRange->setValue(2); },
-       {{"Options/setMIDIPitchBendRange", "2"}}},
-      {"KeyMidi",
-       [](FOptions& o) { o.pageMidi().chkMIDIEffets1Ton->setChecked(true); },
-       {{"Options/setMIDIEffet1Ton", "True"}}},
+      {"KeyMidi", "cmbMIDIdevice", 2, {{"Options/setMIDIdevice", "1"}}},
+      {"KeyMidi", "cmbMIDIchannel", 3, {{"Options/setMIDIchannel", "4"}}},
+      {"KeyMidi", "cmbMIDIinstru", 30, {{"Options/setMIDIinstru", "30"}}},
+      {"KeyMidi", "sldMIDIvolume", 90, {{"Options/setMIDIvolume", "90"}}},
+      {"KeyMidi", "udPitchBendRange", 2, {{"Options/setMIDIPitchBendRange", "2"}}},
+      {"KeyMidi", "chkMIDIEffets1Ton", 1, {{"Options/setMIDIEffet1Ton", "True"}}},
       // Positions 0, 1, 2 stand for 8, 16, 32 steps.
-      {"KeyMidi",
-       [](FOptions& o) { o.pageMidi().sldMIDIEffets.sld->setValue(0); },
-       {{"Options/setMIDIPitchDemiTon", "8"}}},
-      {"KeyMidiIn",
-       [](FOptions& o) { o.pageMidiIn().cmbMIDIINDevice->setCurrentIndex(1); },
-       {{"Options/setMIDIInDevice", "1"}}},
-      {"KeyMidiIn",
-       [](FOptions& o) { o.pageMidiIn().cmbMIDIINBasicChannel->setCurrentIndex(5); },
-       {{"Options/setMIDIINBasicChannel", "6"}}},
+      {"KeyMidi", "sldMIDIEffets", 0, {{"Options/setMIDIPitchDemiTon", "8"}}},
+      {"KeyMidiIn", "cmbMIDIINDevice", 1, {{"Options/setMIDIInDevice", "1"}}},
+      {"KeyMidiIn", "cmbMIDIINBasicChannel", 5, {{"Options/setMIDIINBasicChannel", "6"}}},
   };
-  const std::array<const char*, 7> paramètres = {"ADJ_SCORE",      "MAXSPAN",    "OPENS_SCORE",
-                                                 "POSITION_SCORE", "ROOT_SCORE", "SPAN_SCORE",
-                                                 "TSPAN_SCORE"};
-  const std::array<int, 7> valeurs = {8, 6, 11, 3, 40, 13, 5};
-  for (std::size_t i = 0; i < paramètres.size(); ++i)
-    c.push_back(
-        {"accords",
-         [i, v = valeurs[i]](FOptions& o) { o.pageAccords().sldAccordCalcul[i].sld->setValue(v); },
-         {{QStringLiteral("Accords/AccordParametres.") + paramètres[i],
-           QString::number(valeurs[i])}}});
+  const char* paramètres[] = {"ADJ_SCORE",  "MAXSPAN",    "OPENS_SCORE", "POSITION_SCORE",
+                              "ROOT_SCORE", "SPAN_SCORE", "TSPAN_SCORE"};
+  const int valeurs[] = {8, 6, 11, 3, 40, 13, 5};
+  for (int i = 0; i < 7; ++i)
+    c.push_back({"accords",
+                 QStringLiteral("sldAccordCalcul%1").arg(i),
+                 valeurs[i],
+                 {{QStringLiteral("Accords/AccordParametres.") + paramètres[i],
+                   QString::number(valeurs[i])}}});
   return c;
 }
-
-// ---- Every page: OK, Cancel, the keys --------------------------------------------
 
 TEST_F(Options, OkWritesEachControlToItsSettingAndNothingElse) {
   lance();
@@ -292,7 +227,7 @@ TEST_F(Options, OkWritesEachControlToItsSettingAndNothingElse) {
     const Réglages avant = écrits();
     ok(c.page, [&c](FOptions& o) {
       EXPECT_EQ(o.onglet(), c.page);
-      c.change(o);
+      applique(o, c);
     });
     EXPECT_EQ(changés(avant, écrits()), c.attendu);
   }
@@ -317,7 +252,7 @@ TEST_F(Options, CancelLeavesEverySettingAndTheNextOpeningShowsThemAgain) {
     QCheckBox* barre = o.pageDiv().chkBarreOutils;
     QTest::mouseClick(barre, Qt::LeftButton, {}, QPoint(6, barre->height() / 2));
     for (const Cas& c : casDesRègles())
-      c.change(o);
+      applique(o, c);
     EXPECT_EQ(o.findChild<QLabel*>("labTabExp")->text(), "80");
     o.btnAnnuler()->click();
   });
@@ -379,8 +314,6 @@ TEST_F(Options, TheRestoreButtonsBringBackTheDefaults) {
   EXPECT_EQ(changés(avant, écrits()), Réglages{});
 }
 
-// ---- "KeyDiv": the skin -----------------------------------------------------------
-
 TEST_F(Options, ANewSkinReachesTheOpenWindowsAfterTheirNewSearch) {
   crée();
   enregistre({fen::FAccords, fen::FGammes, fen::FTab, fen::FMetronome});
@@ -392,20 +325,12 @@ TEST_F(Options, ANewSkinReachesTheOpenWindowsAfterTheirNewSearch) {
     ASSERT_EQ(o.pageDiv().lstSkin->count(), 2);
     o.pageDiv().choisitSkin("nuit");
   });
-  const Journal attendu = {"FAccords optionsAppliquées", "FGammes optionsAppliquées",
-                           "FTab optionsAppliquées",     "FAccords load_skin",
-                           "FGammes load_skin",          "FTab refresh",
-                           "FAccords drawMancheContenu"};
-  auto suite = journal.begin();
-  for (const QString& ligne : attendu) {
-    suite = std::find(suite, journal.end(), ligne);
-    ASSERT_NE(suite, journal.end()) << ligne.toStdString() << " missing or out of order";
-  }
+  dansLOrdre(journal, {"FAccords optionsAppliquées", "FGammes optionsAppliquées",
+                       "FTab optionsAppliquées", "FAccords load_skin", "FGammes load_skin",
+                       "FTab refresh", "FAccords drawMancheContenu"});
   // Those with pictures in their order; the editor only redraws.
-  Journal skins;
-  for (const QString& l : journal)
-    if (l.endsWith("load_skin")) skins.push_back(l);
-  EXPECT_EQ(skins, (Journal{"FAccords load_skin", "FGammes load_skin", "FMetronome load_skin"}));
+  EXPECT_EQ(finissant(journal, "load_skin"),
+            (Journal{"FAccords load_skin", "FGammes load_skin", "FMetronome load_skin"}));
   EXPECT_EQ(sons.back(), "program 27");
   // The wood comes from the new skin, what it lacks from the default one.
   EXPECT_EQ(vt->manche().aspect().fond.pixelColor(5, 5), QColor(10, 20, 200));
@@ -416,8 +341,6 @@ TEST_F(Options, ANewSkinReachesTheOpenWindowsAfterTheirNewSearch) {
   EXPECT_FALSE(contient(journal, "FAccords load_skin")) << "the same skin loads nothing";
   EXPECT_TRUE(contient(journal, "FAccords optionsAppliquées"));
 }
-
-// ---- "KeyMidi" and "KeyMidiIn": the ports -------------------------------------------
 
 TEST_F(Options, TheOutputIsOpenedAgainOnlyWhenItChangesAndAPlayingPieceStopsFirst) {
   lanceSurJournal();
@@ -450,6 +373,15 @@ TEST_F(Options, AnOutputThatFailsSaysSoOnceAndTheBuiltInSynthesizerPlays) {
   }
   EXPECT_EQ(sorties.size(), 4u);
   EXPECT_EQ(avertissements, QStringList{message});
+  // The tests of the page open another output only for another device.
+  SonLive& son = vt->son();
+  const auto ouverte = midiHandleSortie(son.midiOutHandle());
+  EXPECT_EQ(std::make_pair(son.sortieEssai(0), son.sortieEssai(-1)),
+            std::make_pair(ouverte, ouverte));
+  journal.clear();
+  EXPECT_NE(son.sortieEssai(2), ouverte);
+  EXPECT_EQ(journal, Journal{"open 2"});
+  EXPECT_EQ(midiHandleSortie(son.midiOutHandle()), ouverte) << "the session keeps its own";
 }
 
 TEST_F(Options, TheInputIsOpenedAgainOnlyWhenItChanges) {
@@ -519,21 +451,6 @@ TEST_F(Options, TheTestButtonsSoundThePageThroughTheOutputItShows) {
   EXPECT_EQ(vt->settings().setMIDIdevice, 0);
   EXPECT_EQ(vt->settings().setMIDIchannel, 1);
 }
-
-TEST_F(Options, AnotherOutputIsOpenedForTheTestsAlone) {
-  lanceSurJournal();
-  SonLive& son = vt->son();
-  const auto ouverte = midiHandleSortie(son.midiOutHandle());
-  EXPECT_EQ(son.sortieEssai(0), ouverte);
-  EXPECT_EQ(son.sortieEssai(-1), ouverte);
-  journal.clear();
-  const auto autre = son.sortieEssai(2);
-  EXPECT_EQ(journal, Journal{"open 2"});
-  EXPECT_NE(autre, ouverte);
-  EXPECT_EQ(midiHandleSortie(son.midiOutHandle()), ouverte) << "the session keeps its own";
-}
-
-// ---- All pages: language, values edited by hand, help -------------------------------
 
 TEST_F(Options, TheTextsFollowTheLanguage) {
   lance();

@@ -1,11 +1,5 @@
-// The main window and its sound: what the sound has to say is shown once at
-// start, notes from the MIDI input reach the editor or the fretboard's
-// listeners, and a click on the fretboard sounds through the built-in
-// synthesizer itself.
-#include <QLabel>
-#include <QSignalSpy>
-#include <QTest>
-
+// The main window and its sound: its notices at start, the MIDI input's notes,
+// and the fretboard sounding through the built-in synthesizer.
 #include <thread>
 
 #include "banc.h"
@@ -34,12 +28,8 @@ class SonBavard : public SonEnregistreur {
   QList<AvisSon> m_messages;
 };
 
-class Son : public Banc {
+class Son : public BancSilencieux {
  protected:
-  void SetUp() override {
-    Banc::SetUp();
-    silencieux();
-  }
   SonBavard& bavard(QList<AvisSon> messages = {}) {
     crée();
     auto s = std::make_unique<SonBavard>(sons, std::move(messages));
@@ -62,12 +52,7 @@ TEST_F(Son, TheSoundsNoticesComeLastAndThoseAboutTheMachineOnce) {
   bavard(avis);
   ASSERT_TRUE(démarre());
   EXPECT_EQ(avertissements, QStringList{"No SoundFont\n\nNo audio\n\nNo port"});
-  const auto position = [this](const char* étape) {
-    return std::find(étapes.begin(), étapes.end(), étape) - étapes.begin();
-  };
-  ASSERT_LT(position("avertissement"), static_cast<long>(étapes.size()));
-  EXPECT_LT(position("FD\u00e9but"), position("avertissement"));
-  EXPECT_LT(position("FTip"), position("avertissement"));
+  dansLOrdre(étapes, {"FD\u00e9but", "FTip", "avertissement"});
   vt->close();
 
   // The next start on this machine.
@@ -78,30 +63,17 @@ TEST_F(Son, TheSoundsNoticesComeLastAndThoseAboutTheMachineOnce) {
   EXPECT_EQ(avertissements, QStringList{"No port"});
 }
 
+// Without the editor input notes sound and the harmonizer hears them; the
+// editor, once loaded, takes them and sounds them itself, and the harmonizer
+// still hears them.
 TEST_F(Son, InputNotesGoToTheEditorWhenItIsLoaded) {
   SonBavard& s = bavard();
-  enregistre({fen::FTab});
+  enregistre({fen::FTab, fen::FHarmony});
   ASSERT_TRUE(démarre());
   ASSERT_TRUE(s.receveur);
   EXPECT_TRUE(avertissements.isEmpty()) << "nothing to say shows nothing";
   EXPECT_FALSE(contient(étapes, "avertissement"));
   QSignalSpy reçues(vt.get(), &VT::noteMidiRecue);
-  vt->montreFenetre(fen::FTab);
-  journal.clear();
-  sons.clear();
-  s.receveur(3, 55, true);
-  s.receveur(3, 55, false);
-  EXPECT_EQ(journal, (Journal{"FTab on 55", "FTab off 55"}));
-  EXPECT_TRUE(sons.empty()) << "the editor sounds its notes itself";
-  ASSERT_EQ(reçues.size(), 2);
-  EXPECT_EQ(reçues[0], (QList<QVariant>{3, 55, true}));
-  EXPECT_EQ(reçues[1], (QList<QVariant>{3, 55, false}));
-}
-
-TEST_F(Son, WithoutTheEditorInputNotesSoundAndTheHarmonizerHearsThem) {
-  SonBavard& s = bavard();
-  enregistre({fen::FHarmony});
-  ASSERT_TRUE(démarre());
   vt->montreFenetre(fen::FHarmony);
   journal.clear();
   sons.clear();
@@ -109,6 +81,16 @@ TEST_F(Son, WithoutTheEditorInputNotesSoundAndTheHarmonizerHearsThem) {
   s.receveur(1, 64, false);
   EXPECT_EQ(sons, (Journal{"on 64", "off 64"}));
   EXPECT_EQ(journal, (Journal{"FHarmony receiveNote 64"}));
+  vt->montreFenetre(fen::FTab);
+  journal.clear();
+  sons.clear();
+  s.receveur(3, 55, true);
+  s.receveur(3, 55, false);
+  EXPECT_EQ(journal, (Journal{"FTab on 55", "FHarmony receiveNote 55", "FTab off 55"}));
+  EXPECT_TRUE(sons.empty());
+  ASSERT_EQ(reçues.size(), 4);
+  EXPECT_EQ(reçues[2], (QList<QVariant>{3, 55, true}));
+  EXPECT_EQ(reçues[3], (QList<QVariant>{3, 55, false}));
 }
 
 // An input whose messages the test sends from its own thread.
@@ -153,11 +135,12 @@ class SonJournal : public Son {
 };
 
 TEST_F(SonJournal, TheSettingsOfTheMomentReachTheBytes) {
-  règle("Options/setMIDIdevice", "2");
-  règle("Options/setMIDIchannel", "4");
-  règle("Options/setMIDIinstru", "30");
-  règle("Options/setMIDIvolume", "77");
-  règle("Options/setSoundFont", "/home/me/piano.sf2");
+  for (const auto& [clé, valeur] : {std::pair{"setMIDIdevice", "2"},
+                                    {"setMIDIchannel", "4"},
+                                    {"setMIDIinstru", "30"},
+                                    {"setMIDIvolume", "77"},
+                                    {"setSoundFont", "/home/me/piano.sf2"}})
+    règle(QStringLiteral("Options/") + clé, valeur);
   messages = {{son::kAucuneSortieAudio.id, "pulseaudio: connection refused"}};
   prépare();
   ASSERT_TRUE(démarre());
@@ -165,8 +148,7 @@ TEST_F(SonJournal, TheSettingsOfTheMomentReachTheBytes) {
   EXPECT_EQ(avertissements, QStringList{vt->loadString(3104) + "\npulseaudio: connection refused"});
   vt->resize(1000, 700);
   QCoreApplication::processEvents();
-  ASSERT_EQ(ouvertures.size(), 1u);
-  EXPECT_EQ(ouvertures[0], (std::pair<int, std::string>{2, "/home/me/piano.sf2"}));
+  EXPECT_EQ(ouvertures, (std::vector<std::pair<int, std::string>>{{2, "/home/me/piano.sf2"}}));
   EXPECT_EQ(journalMidi->resets(), 1);
   EXPECT_EQ(midiHandleSortie(vt->son().midiOutHandle()), journalMidi);
   EXPECT_EQ(vt->panneau("midi")->toolTip(), vt->loadString(4000 + 30));
@@ -191,9 +173,7 @@ TEST_F(SonJournal, InputNotesCrossToTheWindowsThreadAsQueuedCalls) {
   fil.join();
   EXPECT_EQ(reçues.size(), 0) << "nothing runs on the input's thread but the queueing";
   QCoreApplication::processEvents();
-  ASSERT_EQ(reçues.size(), 2);
-  EXPECT_EQ(reçues[0], (QList<QVariant>{3, 52, true}));
-  EXPECT_EQ(reçues[1], (QList<QVariant>{3, 52, false}));
+  EXPECT_EQ(reçues, (QList<QList<QVariant>>{{3, 52, true}, {3, 52, false}}));
   // No editor: the note sounds on the settings' channel.
   EXPECT_EQ(octets(*journalMidi), (std::vector<std::string>{"90 34 7F", "90 34 00"}));
 }
