@@ -39,13 +39,8 @@ class SonEditeur : public SonEnregistreur {
   Journal& m_journal;
 };
 
-class Editeur : public Banc {
+class Editeur : public BancSilencieux {
  protected:
-  void SetUp() override {
-    Banc::SetUp();
-    silencieux();
-  }
-
   // The main window with the editor open on a fresh document, its strip about 1100 x 520 pixels.
   FTab& ouvre() {
     crée();
