@@ -211,53 +211,44 @@ TEST_F(Fenetre, TheEditorsMenusStandInTheMainMenuBarWhileItIsActive) {
   EXPECT_EQ(titres().size(), 3) << "the main window's own menus are back";
 }
 
-class Dictionnaire : public Editeur {
- protected:
-  FAccords& dictionnaire() {
-    EXPECT_FALSE(ftab->entrée("mnuTabTool_6")->isEnabled());
-    vt->fenetres().enregistrer(fen::FAccords, [](VT& v) { return new FAccords(v); });
-    touche(Qt::Key_Right);  // the menus follow the windows that exist
-    EXPECT_TRUE(ftab->entrée("mnuTabTool_6")->isEnabled());
-    ftab->entrée("mnuTabTool_6")->trigger();
-    auto* fa = vt->fenetres().interface<FAccords>(fen::FAccords);
-    EXPECT_NE(fa, nullptr);
-    EXPECT_TRUE(vt->isFormLoaded(fen::FAccords));
-    return *fa;
-  }
-  std::vector<int> accord(int n) {
-    std::vector<int> f;
-    for (int c = 1; c <= 6; ++c)
-      f.push_back(doc().getMesureAccordCorde(1, 1, n, c));
-    return f;
-  }
-};
+using Dictionnaire = Editeur;
 
-// The entry waits for the dictionary, then opens it.
+// "Chord from the dictionary" waits for the dictionary, then opens it; its To
+// tab button writes the fingering at the cursor, a second replaces the first.
 TEST_F(Dictionnaire, ToTabWritesTheFingeringAtTheCursorAndUndoTakesItBack) {
   ouvre();
-  EXPECT_FALSE(ftab->bouton("tbGeneral", "accordcreate")->isEnabled());
-  FAccords& fa = dictionnaire();
-  EXPECT_TRUE(ftab->bouton("tbGeneral", "accordcreate")->isEnabled());
+  const auto actif = [this] {
+    return std::pair(ftab->entrée("mnuTabTool_6")->isEnabled(),
+                     ftab->bouton("tbGeneral", "accordcreate")->isEnabled());
+  };
+  EXPECT_EQ(actif(), std::pair(false, false));
+  vt->fenetres().enregistrer(fen::FAccords, [](VT& v) { return new FAccords(v); });
+  touche(Qt::Key_Right);  // the menus follow the windows that exist
+  EXPECT_EQ(actif(), std::pair(true, true));
+  ftab->entrée("mnuTabTool_6")->trigger();
+  auto* fa = vt->fenetres().interface<FAccords>(fen::FAccords);
+  ASSERT_NE(fa, nullptr);
+  const auto accord = [this] {
+    const int n = doc().searchMesureAccord(1, 1, 48);
+    std::vector<int> f;
+    for (int c = 1; c <= 6 && n != 0; ++c)
+      f.push_back(doc().getMesureAccordCorde(1, 1, n, c));
+    return f;
+  };
+  const std::vector<int> doMajeur = {0, 1, 0, 2, 3, 255};
   curseur(1, 48, 1);
-  fa.lstTonalite()->setCurrentRow(3);  // C, "maj" is chosen at the start
-  fa.btnToTab_Click();
-  const int n = doc().searchMesureAccord(1, 1, 48);
-  ASSERT_NE(n, 0);
-  EXPECT_EQ(doc().getMesureAccordNom(1, 1, n), "C");
-  EXPECT_EQ(accord(n), (std::vector<int>{0, 1, 0, 2, 3, 255}));
-  EXPECT_EQ(doc().modifi, kVrai);
-  EXPECT_TRUE(ftab->entrée("mnuTabEdit_0")->isEnabled());
-
-  // A second fingering at the same place replaces the first.
-  fa.sldPositions()->setValue(2);
-  fa.btnToTab_Click();
+  fa->lstTonalite()->setCurrentRow(3);  // C, "maj" is chosen at the start
+  fa->btnToTab_Click();
+  EXPECT_EQ(doc().getMesureAccordNom(1, 1, 1), "C");
+  EXPECT_EQ(accord(), doMajeur);
+  fa->sldPositions()->setValue(2);
+  fa->btnToTab_Click();
   EXPECT_EQ(doc().getMesureAccordLast(1, 1), 1);
-  EXPECT_NE(accord(n), (std::vector<int>{0, 1, 0, 2, 3, 255}));
-
+  EXPECT_NE(accord(), doMajeur);
   ftab->entrée("mnuTabEdit_0")->trigger();
-  EXPECT_EQ(accord(n), (std::vector<int>{0, 1, 0, 2, 3, 255}));
+  EXPECT_EQ(accord(), doMajeur);
   ftab->entrée("mnuTabEdit_0")->trigger();
-  EXPECT_EQ(doc().searchMesureAccord(1, 1, 48), 0);
+  EXPECT_EQ(accord(), std::vector<int>{});
 }
 
 }  // namespace
