@@ -24,41 +24,40 @@ TEST(AccordNom, TheStandardTypesAndTheCreatedOnesBuildTheirTones) {
   const struct {
     const char* nom;
     const char* degrés;
-  } cas[] = {
-      // The 19 standard suffixes.
-      {"C", "1 3 5"},
-      {"Cadd6", "1 3 5? 6"},
-      {"Cadd7", "1 3 5? b7"},
-      {"Csus2add7", "1 2 5? b7"},
-      {"Csus4add7", "1 4 5? b7"},
-      {"C9", "1 3 5? b7 9"},
-      {"C11add9", "1 3 5? b7 9? 11"},
-      {"C13", "1 3 5? b7 9? 13"},
-      {"Cminaug7", "1 b3 5? 7"},
-      {"Caug7", "1 3 5? 7"},
-      {"Cmin", "1 b3 5"},
-      {"Cminadd6", "1 b3 5? 6"},
-      {"Cminadd7", "1 b3 5? b7"},
-      {"Cddm", "1 b3 b5 b7"},
-      {"Csus0", "1 5"},
-      {"Csus2", "1 2 5"},
-      {"Csus4", "1 4 5"},
-      {"Cdim", "1 b3 b5"},
-      {"Caug", "1 3 #5"},
-      // Created: "m" is the minor base, "dim"/"aug" before a number are degrees.
-      {"Cmadd7add9", "1 b3 5? b7 9"},
-      {"Cdim2", "1 b2 3 5?"},
-      {"Caug4", "1 3 #4 5?"},
-      {"Cdim7", "1 3 5? bb7"},
-      {"Cadd9", "1 3 5? 9"},
-      {"Caug9add13", "1 3 5? #9 13"},
-      {"Cadd7dim9aug11", "1 3 5? b7 b9 #11"},
-      {"Cadd7add9add11add13", "1 3 5? b7 9? 11? 13"},
-      {"Csus2add9", "1 2 5"},  // the ninth is the sus tone again
-      {"Cdim4", "1 3 5"},      // a diminished fourth is the third
-      {"Cdimadd7", "1 b3 b5 b7"},
-      {"Bb", "1 3 5"},
-  };
+  } cas[] = {// The 19 standard suffixes.
+             {"C", "1 3 5"},
+             {"Cadd6", "1 3 5? 6"},
+             {"Cadd7", "1 3 5? b7"},
+             {"Csus2add7", "1 2 5? b7"},
+             {"Csus4add7", "1 4 5? b7"},
+             {"C9", "1 3 5? b7 9"},
+             {"C11add9", "1 3 5? b7 9? 11"},
+             {"C13", "1 3 5? b7 9? 13"},
+             {"Cminaug7", "1 b3 5? 7"},
+             {"Caug7", "1 3 5? 7"},
+             {"Cmin", "1 b3 5"},
+             {"Cminadd6", "1 b3 5? 6"},
+             {"Cminadd7", "1 b3 5? b7"},
+             {"Cddm", "1 b3 b5 b7"},
+             {"Csus0", "1 5"},
+             {"Csus2", "1 2 5"},
+             {"Csus4", "1 4 5"},
+             {"Cdim", "1 b3 b5"},
+             {"Caug", "1 3 #5"},
+             // Created: "m" is the minor base, "dim"/"aug" before a number are
+             // degrees.
+             {"Cmadd7add9", "1 b3 5? b7 9"},
+             {"Cdim2", "1 b2 3 5?"},
+             {"Caug4", "1 3 #4 5?"},
+             {"Cdim7", "1 3 5? bb7"},
+             {"Cadd9", "1 3 5? 9"},
+             {"Caug9add13", "1 3 5? #9 13"},
+             {"Cadd7dim9aug11", "1 3 5? b7 b9 #11"},
+             {"Cadd7add9add11add13", "1 3 5? b7 9? 11? 13"},
+             {"Csus2add9", "1 2 5"},  // the ninth is the sus tone again
+             {"Cdim4", "1 3 5"},      // a diminished fourth is the third
+             {"Cdimadd7", "1 b3 b5 b7"},
+             {"Bb", "1 3 5"}};
   for (const auto& c : cas) {
     SCOPED_TRACE(c.nom);
     EXPECT_EQ(degrés(c.nom), c.degrés);

@@ -117,7 +117,8 @@ TEST(Harmony, HarmonisationListsEveryChordAtEveryDrawnRoot) {
 }
 
 TEST(Harmony, RecordsOfAnyBytesMatchWithoutFault) {
-  // A byte above 11 counts as a note of the scale; a mode with no byte 0 stays as it is.
+  // A byte above 11 counts as a note of the scale; a mode with no byte 0 stays
+  // as it is.
   std::vector<std::uint8_t> octets;
   for (const auto& [d, nom] :
        {std::pair<Demitons, std::string>{{0, 12, X, X, X, X, X, X, X, X, X, X}, "Scale odd"},
@@ -140,7 +141,8 @@ TEST(Harmony, EveryRecordOfTheShippedFileIsFoundFromItsOwnNotesAtEveryKey) {
     for (int g = 1; g <= livré().count(); ++g) {
       const Demitons d = demitonsAffichés(livré().gamme(g), setGAMMode);
       for (int tonalité = 1; tonalité <= 12; ++tonalité) {
-        // The notes the scale window shows in one octave from its key, drawn on the neck.
+        // The notes the scale window shows in one octave from its key, drawn on
+        // the neck.
         const tNotesGamme n = chargeNotesGamme(d, tonalité);
         TonsDessinés t{};
         for (int p = tonalité; p < tonalité + 12; ++p)
@@ -159,10 +161,9 @@ TEST(Harmony, DrawnPitchesLieOnEveryStringOfTheNeck) {
   tGuitare g;  // standard tuning, six strings
   const auto cases = casesHarmony(tons({C}), g);
   // Octave shift by octave shift, string by string.
-  const std::vector<std::pair<int, int>> attendu = {
-      {12, 7}, {24, 7}, {1, 2}, {3, 5},  {8, 1},  {13, 2}, {5, 3},
-      {10, 4}, {15, 5}, {8, 6}, {20, 1}, {17, 3}, {22, 4}, {20, 6},
-  };
+  const std::vector<std::pair<int, int>> attendu = {{12, 7}, {24, 7}, {1, 2},  {3, 5},  {8, 1},
+                                                    {13, 2}, {5, 3},  {10, 4}, {15, 5}, {8, 6},
+                                                    {20, 1}, {17, 3}, {22, 4}, {20, 6}};
   EXPECT_EQ(cases, attendu) << "string 7 has no tuning: its places lie off the board";
   EXPECT_TRUE(casesHarmony(tons({}), g).empty());
 }
@@ -184,8 +185,7 @@ TEST(Harmony, ChordRecordsFindTheirTypeInTheChordDictionary) {
       {"Chord 6", "6"},
       {"Chord m6", "min6"},
       {"Chord 9", "9"},
-      {"Chord m(maj7)", "maj7 3b"},
-  };
+      {"Chord m(maj7)", "maj7 3b"}};
   for (const auto& [nom, type] : types)
     EXPECT_EQ(typeAccordStandard(livré().gamme(numéro(nom)).demitons), type) << nom;
   for (const char* sans : {"Chord dim7", "Chord add9", "Chord 7#9", "Major scale"})

@@ -1,9 +1,14 @@
 #include "sound_test_util.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 
 namespace vt::test {
+
+namespace fs = std::filesystem;
 
 std::vector<float> mono(const std::vector<std::int16_t>& stéréo) {
   std::vector<float> m(stéréo.size() / 2);
@@ -31,8 +36,8 @@ double frequenceFondamentale(const std::vector<float>& son, int sampleRate) {
   if (rms(son) < 1e-5) return 0;
   const std::size_t fenêtre = std::min<std::size_t>(son.size() - lagMax - 1, 16384);
 
-  // d(τ): how much the signal differs from itself τ frames later;
-  // cmnd(τ): the same, relative to its mean over the shorter lags.
+  // cmnd(τ): how much the signal differs from itself τ frames later, relative
+  // to its mean over the shorter lags.
   std::vector<double> cmnd(lagMax + 2, 1.0);
   double cumul = 0;
   for (std::size_t tau = 1; tau <= lagMax + 1; ++tau) {
@@ -69,6 +74,10 @@ double frequenceFondamentale(const std::vector<float>& son, int sampleRate) {
   return sampleRate / (double(choix) + décalage);
 }
 
+double hzEntre(const std::vector<float>& son, int sampleRate, double débutMs, double finMs) {
+  return frequenceFondamentale(tranche(son, sampleRate, débutMs, finMs), sampleRate);
+}
+
 double rms(const std::vector<float>& son) {
   if (son.empty()) return 0;
   double s = 0;
@@ -89,6 +98,26 @@ double débutDuSon(const std::vector<float>& son, int sampleRate, float seuil) {
     if (std::fabs(son[i]) > seuil) return double(i) * 1000.0 / sampleRate;
   }
   return -1;
+}
+
+void Dossier::SetUp() {
+  dossier =
+      fs::temp_directory_path() / ("vt-son-" + std::to_string(::getpid()) + "-" +
+                                   ::testing::UnitTest::GetInstance()->current_test_info()->name());
+  fs::remove_all(dossier);
+  fs::create_directories(dossier);
+}
+
+std::string Dossier::fichier(const std::string& nom, const std::string& contenu) const {
+  std::ofstream(dossier / nom) << contenu;
+  return (dossier / nom).string();
+}
+
+std::vector<std::string> Dossier::contenu() const {
+  std::vector<std::string> noms;
+  for (const auto& e : fs::directory_iterator(dossier))
+    noms.push_back(e.path().filename().string());
+  return noms;
 }
 
 }  // namespace vt::test

@@ -68,11 +68,7 @@ class Outils : public Banc {
 
   // The messages sent since the last call, as "90 28 7F".
   std::vector<std::string> midi() {
-    std::vector<std::string> r;
-    for (const MessageDate& m : journalMidi->messages()) {
-      const std::string l = ligneJournal(m);
-      r.push_back(l.substr(l.find(' ') + 1));
-    }
+    const std::vector<std::string> r = octets(*journalMidi);
     journalMidi->efface();
     return r;
   }
