@@ -20,12 +20,8 @@ std::vector<float> mono(const std::vector<std::int16_t>& stéréo);
 std::vector<float> tranche(const std::vector<float>& son, int sampleRate, double débutMs,
                            double finMs);
 
-// The fundamental frequency of a steady stretch in Hz, between 40 and 2000 Hz,
-// by the normalised difference of the signal with itself (which does not take
-// the octave above for the note on a bright guitar sound). 0 when the stretch
-// has no pitch: silence, noise, or under 50 ms.
-double frequenceFondamentale(const std::vector<float>& son, int sampleRate);
-// The same over the stretch from `débutMs` to `finMs`.
+// The pitch of the stretch from `débutMs` to `finMs` in Hz, as the tuner hears
+// it (the median of its frames); 0 when it has none.
 double hzEntre(const std::vector<float>& son, int sampleRate, double débutMs, double finMs);
 
 double rms(const std::vector<float>& son);    // on the scale 0..1

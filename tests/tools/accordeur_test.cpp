@@ -1,16 +1,12 @@
 // The tuner: the strike of the open string through the logging output, the
 // wheel turned by dragging and its lamps clicked, the tuning list, the keys,
 // and the Listen page with no input device and with sound fed to it.
-#include <QComboBox>
-#include <QLabel>
-#include <QMouseEvent>
 #include <cmath>
 #include <numbers>
 
 #include "ecoute_accordeur.h"
 #include "outils_banc.h"
 #include "roue_accordeur.h"
-#include "shell/manche.h"
 
 namespace vt::essai {
 namespace {

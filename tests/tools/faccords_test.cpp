@@ -1,22 +1,10 @@
 // The chord dictionary's window driven offscreen inside the main window: the
 // lists make the name, the search fills the diagram, the construction and the
 // fretboard, and each button does its work.
-#include <QClipboard>
-#include <QComboBox>
 #include <QFileInfo>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QListWidget>
-#include <QPrinter>
-#include <QSlider>
-#include <QTest>
 
-#include "../shell/banc.h"
-#include "controls/picture_button.h"
 #include "faccords_vues.h"
 #include "outils_banc.h"
-#include "shell/manche.h"
-#include "shell/manche_geometry.h"
 #include "tools/faccords.h"
 
 namespace vt::essai {

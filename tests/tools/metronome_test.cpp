@@ -2,13 +2,10 @@
 // tap tempo, the clock started (again at the first beat) and stopped with its
 // clicks in the logging output, the pendulum and the lamp following the
 // clock's counter, the keys, and the settings it keeps.
-#include <QLabel>
-#include <QMouseEvent>
 
-#include "controls/picture_button.h"
+#include "player/metronome.h"
 #include "controls/up_down.h"
 #include "outils_banc.h"
-#include "player/metronome.h"
 
 namespace vt::essai {
 namespace {

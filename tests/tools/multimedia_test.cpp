@@ -1,16 +1,12 @@
 // The media player: the start/stop toggle and its pictures on a short WAV, its
 // end, the backend's error in a box, the speed and the A-B loop, the lists and
 // the folder kept. Skipped, with a word, where the backend cannot play a WAV.
-#include <QComboBox>
 #include <QDir>
 #include <QFile>
-#include <QLabel>
 #include <QListView>
 #include <QMediaPlayer>
-#include <QSlider>
 #include <QTemporaryDir>
 
-#include "controls/picture_button.h"
 #include "lecteur_mci.h"
 #include "outils_banc.h"
 #include "sound/rendu_hors_ligne.h"
