@@ -70,17 +70,6 @@ TEST(AccordNom, TheStandardTypesAndTheCreatedOnesBuildTheirTones) {
   }
 }
 
-TEST(AccordNom, TheTableHoldsOnePitchPerSemitoneAboveTheRoot) {
-  // C is pitch 3; the tones of C7 are C, E, G and Bb.
-  const auto c = lisNomAccord("Cadd7");
-  ASSERT_TRUE(c);
-  EXPECT_EQ(c->tableau(), (std::array<int, 12>{3, -1, -1, -1, 7, -1, -1, 10, -1, -1, 1, -1}));
-  const auto gd = lisNomAccord("G#dim");
-  ASSERT_TRUE(gd);
-  EXPECT_EQ(gd->fondamentale, 11);
-  EXPECT_EQ(gd->tableau(), (std::array<int, 12>{11, -1, -1, 2, -1, -1, 5, -1, -1, -1, -1, -1}));
-}
-
 TEST(AccordNom, NamesOutsideTheGrammarAreRefused) {
   for (const char* nom : {"", "H", "c", "#", "C7", "Cmaj7", "Cadd", "Cadd8", "Cadd1", "Cadd77",
                           "Csus", "Csus3", "C ", "Caddd7", "Cm7", "C9x", "C2", "Cb5"}) {

@@ -46,14 +46,7 @@ TEST(Accordage, NearestNoteAndNearestOpenString) {
   EXPECT_EQ(noteEntendue(hzDeMidi(46), égales).corde, 1);
   EXPECT_EQ(noteEntendue(0, standard).corde, 0);
   EXPECT_EQ(noteEntendue(110, {}).corde, 0);
-}
-
-TEST(Accordage, NotesAndFrequenciesBothWays) {
-  EXPECT_DOUBLE_EQ(hzDeMidi(69), 440);
-  EXPECT_NEAR(hzDeMidi(40), 82.4069, 1e-4);
-  EXPECT_NEAR(midiDeHz(hzDeMidi(23.37)), 23.37, 1e-9);
-  EXPECT_STREQ(nomNote(-1), "B");
-  EXPECT_STREQ(nomNote(60), "C");
+  EXPECT_STREQ(nomNote(-1), "B");  // below MIDI's first note, the names go on
 }
 
 TEST(GammeTexte, NamesInBothLanguagesWithSharpsFlatsAndOctaves) {
