@@ -1,7 +1,5 @@
-// Chords: every name the dictionary's lists can build is read into the tones a
-// guitarist expects (anything else is refused), and the search finds the
-// fingerings a chord book gives first, on the standard guitar and other
-// tunings, every one of them a playable chord.
+// Chords: names read into the tones a guitarist expects, and the search's
+// fingerings against a chord book, each of them a playable chord.
 #include <gtest/gtest.h>
 
 #include <algorithm>

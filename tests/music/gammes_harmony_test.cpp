@@ -1,6 +1,5 @@
-// The scale file and one scale in one key (records of any bytes, modes turned,
-// two octaves folded, labels, the notes played), and the harmoniser: drawn
-// pitch classes matched against "scales.dat", every shipped record found again.
+// The scale file and one scale in one key; the harmoniser's drawn pitch
+// classes matched against "scales.dat", every shipped record found again.
 #include <gtest/gtest.h>
 
 #include <algorithm>

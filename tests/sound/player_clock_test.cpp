@@ -1,6 +1,5 @@
-// The real-time clocks through the logging output, at tempo 255 (a tick of
-// 4.9 ms, a bar of 4/4 in 0.94 s). Times are only checked for what no load can
-// change: nothing is sent before its time, and the order is the offline walk's.
+// The real-time clocks through the logging output at tempo 255 (a 4/4 bar in
+// 0.94 s): nothing is sent before its time, in the offline walk's order.
 #include <gtest/gtest.h>
 
 #include <set>

@@ -1,6 +1,4 @@
-// The records of a start as the document fills them: the fields at their
-// offsets, the rules of each (solo, click channel, periods, channels), and the
-// copy of bars, tempos and notes.
+// The records of a start as the document fills them.
 #include <gtest/gtest.h>
 
 #include <cstring>

@@ -1,6 +1,4 @@
-// When the player sends each message, walked offline with the timing function
-// the real-time clock uses: exact tempo, tempo changes, triple feel, the clicks
-// before the piece, a loop's continuing time.
+// When the player sends each message, walked offline with the real-time clock's timing.
 #include <gtest/gtest.h>
 
 #include "player/play_timing.h"

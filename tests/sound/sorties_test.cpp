@@ -1,9 +1,5 @@
-// The outputs: the built-in synthesizer as the program opens it (which
-// SoundFont it takes, what it says when there is none or no audio device; it
-// keeps working either way, from two threads at once); the device lists and
-// the opening of devices by number (with no ALSA sequencer on the test
-// machines, asking for a port gives a message and the built-in synthesizer);
-// the MIDI out handles; the logging output and its lines.
+// The outputs: the built-in synthesizer and its SoundFont, the devices by number
+// (no ALSA sequencer on the test machines), the MIDI out handles, the log.
 #include <gtest/gtest.h>
 
 #include <atomic>

@@ -1,6 +1,5 @@
-// Offline rendering through FluidSynth, listened to; the WAV file written and
-// its failures; WAV files read in every encoding the tuner's command line
-// takes, and those it refuses, each with its message and nothing read in part.
+// Offline rendering through FluidSynth, listened to; the WAV file written, and
+// WAV files read in every encoding or refused with their message.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,6 +1,5 @@
-// The tuner: the strike of the open string through the logging output, the
-// wheel turned by dragging and its lamps clicked, the tuning list, the keys,
-// and the Listen page with no input device and with sound fed to it.
+// The tuner: the open string struck through the logging output, the wheel, the
+// tuning list, the keys, and the Listen page.
 #include <cmath>
 #include <numbers>
 

@@ -1,6 +1,4 @@
-// The chord dictionary's window driven offscreen inside the main window: the
-// lists make the name, the search fills the diagram, the construction and the
-// fretboard, and each button does its work.
+// The chord dictionary's window driven offscreen inside the main window.
 #include <QFileInfo>
 
 #include "faccords_vues.h"

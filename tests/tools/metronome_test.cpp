@@ -1,7 +1,5 @@
-// The metronome's window: the digits and their limits, the beats to the bar,
-// tap tempo, the clock started (again at the first beat) and stopped with its
-// clicks in the logging output, the pendulum and the lamp following the
-// clock's counter, the keys, and the settings it keeps.
+// The metronome's window: digits, beats, tap tempo, the clock and its clicks,
+// the keys and the settings it keeps.
 
 #include "player/metronome.h"
 #include "controls/up_down.h"

@@ -1,6 +1,5 @@
-// The media player: the start/stop toggle and its pictures on a short WAV, its
-// end, the backend's error in a box, the speed and the A-B loop, the lists and
-// the folder kept. Skipped, with a word, where the backend cannot play a WAV.
+// The media player on a short WAV; skipped, with a word, where the backend
+// cannot play one.
 #include <QDir>
 #include <QFile>
 #include <QListView>
