@@ -210,7 +210,8 @@ Octets& mets(Octets& o, std::uint64_t v, int n) {
   return o;
 }
 Octets& mets(Octets& o, const char* quatre) {
-  o.insert(o.end(), quatre, quatre + 4);
+  for (int i = 0; i < 4; ++i)
+    o.push_back(std::uint8_t(quatre[i]));
   return o;
 }
 template <class F>
@@ -290,7 +291,7 @@ TEST(LectureWav, ChunksBeforeTheSamplesAndAStreamedSizeAreRead) {
 
 TEST(LectureWav, DamagedAndUnknownFilesAreRefusedWithTheirMessage) {
   const auto coupé = [](Octets o, std::size_t n) {
-    o.resize(o.size() - n);
+    o.resize(o.size() > n ? o.size() - n : 0);
     return o;
   };
   Octets donnéesAvant, chunkTropLong = coupé(wav({}, {}), 8);
