@@ -1,7 +1,5 @@
-// The real-time clocks through the logging output, at tempo 255 (a tick of
-// 4.9 ms, a bar of 4/4 in 0.94 s): start, end, stop, loop, markers, the
-// pollers. Times are only checked for what no load can change: nothing is
-// sent before its time, and the order is the offline walk's.
+// The real-time clocks through the logging output at tempo 255 (a 4/4 bar in
+// 0.94 s): nothing is sent before its time, in the offline walk's order.
 #include <gtest/gtest.h>
 
 #include <set>
@@ -19,31 +17,29 @@ namespace {
 using namespace std::chrono_literals;
 using test::poser;
 
+CVantoroTablature rapide(int mesures) {
+  CVantoroTablature doc = test::document(mesures);
+  doc.tempo = 255;
+  return doc;
+}
 DemandeJeu demande(const CVantoroTablature& doc, std::int32_t handle) {
   DemandeJeu d;
   d.périodeTick = périodeTickMs(doc.tempo);
   d.midiOut = handle;
   return d;
 }
-
-std::vector<std::uint32_t> octets(const MessagesDates& l) {
+template <class L>
+std::vector<std::uint32_t> octets(const L& l) {
   std::vector<std::uint32_t> r;
-  for (const MessageDate& m : l)
+  for (const auto& m : l)
     r.push_back(m.message);
   return r;
 }
-std::vector<std::uint32_t> octets(const std::vector<MessageJoué>& l) {
-  std::vector<std::uint32_t> r;
-  for (const MessageJoué& m : l)
-    r.push_back(m.message);
-  return r;
-}
-
 int noteOns(const MessagesDates& l) {
-  int n = 0;
-  for (const MessageDate& m : l)
-    n += test::estNoteOn(m.message) ? 1 : 0;
-  return n;
+  return int(std::count_if(l.begin(), l.end(), [](auto& m) { return test::estNoteOn(m.message); }));
+}
+bool fini() {
+  return test::attendreQue([] { return GetPlayTabX() == -1; });
 }
 
 class PlayerClock : public ::testing::Test {
@@ -52,13 +48,15 @@ class PlayerClock : public ::testing::Test {
     StopTab();
     StopMetronome();
   }
+  bool attendsNotes(const std::shared_ptr<SortieJournal>& s, int n) {
+    return test::attendreQue([&] { return noteOns(s->messages()) >= n; });
+  }
   test::JournalOuvert journal;
   PlayArrays tableaux;
 };
 
 TEST_F(PlayerClock, PlaysWhatTheOfflineWalkGivesNeverEarlyThenEnds) {
-  CVantoroTablature doc = test::document(1);
-  doc.tempo = 255;
+  CVantoroTablature doc = rapide(1);
   poser(doc, 1, 1, 1, 0, 0, 48);
   poser(doc, 1, 1, 2, 48, 1, 48, effet::kBendUp);
   poser(doc, 1, 1, 2, 96, 3, 48);
@@ -92,8 +90,7 @@ TEST_F(PlayerClock, PlaysWhatTheOfflineWalkGivesNeverEarlyThenEnds) {
 TEST_F(PlayerClock, StopWhilePlayingReleasesEveryNoteAtOnceStopTwiceStopIdle) {
   StopTab();  // idle
   EXPECT_EQ(GetPlayTabX(), -1);
-  CVantoroTablature doc = test::document(8);
-  doc.tempo = 255;
+  CVantoroTablature doc = rapide(8);
   for (int m = 1; m <= 8; ++m)
     for (int c = 1; c <= 6; ++c)
       poser(doc, 1, m, c, 0, c, 192, c == 3 ? effet::kVibrato : 0);
@@ -111,8 +108,7 @@ TEST_F(PlayerClock, StopWhilePlayingReleasesEveryNoteAtOnceStopTwiceStopIdle) {
 }
 
 TEST_F(PlayerClock, LoopBetweenMarkersRunsUntilStopped) {
-  CVantoroTablature doc = test::document(1);
-  doc.tempo = 255;
+  CVantoroTablature doc = rapide(1);
   poser(doc, 1, 1, 1, 0, 5, 96);
   doc.setMarqueurStart(1, 0);
   doc.setMarqueurStop(1, 48);  // one beat, 235 ms
@@ -120,14 +116,13 @@ TEST_F(PlayerClock, LoopBetweenMarkersRunsUntilStopped) {
   d.marker = true;
   d.loop = true;
   playStart(doc, tableaux, {}, d);
-  ASSERT_TRUE(test::attendreQue([&] { return noteOns(journal.sortie->messages()) >= 3; }));
+  ASSERT_TRUE(attendsNotes(journal.sortie, 3));
   EXPECT_NE(GetPlayTabX(), -1);
   EXPECT_EQ(GetPlayTabMesure(), 1);
   StopTab();
   const MessagesDates reçu = journal.sortie->messages();
   EXPECT_TRUE(test::toutRelâché(reçu));
-  // Each round releases the note that the stop marker cut short, then
-  // strikes it again.
+  // Each round releases the note that the stop marker cut short, then strikes it again.
   bool premier = true;
   for (std::size_t i = 1; i < reçu.size(); ++i) {
     if (!test::estNoteOn(reçu[i].message)) continue;
@@ -139,8 +134,7 @@ TEST_F(PlayerClock, LoopBetweenMarkersRunsUntilStopped) {
 }
 
 TEST_F(PlayerClock, RepeatJumpReportedOnceEmptyDocumentEndsByItself) {
-  CVantoroTablature doc = test::document(2);
-  doc.tempo = 255;
+  CVantoroTablature doc = rapide(2);
   doc.setMesureSignature(1, 1, 4);  // 235 ms a bar
   doc.setMesureSignature(2, 1, 4);
   doc.setMesureLoopGaucheType(1, barre::kRepetition);
@@ -163,37 +157,34 @@ TEST_F(PlayerClock, RepeatJumpReportedOnceEmptyDocumentEndsByItself) {
 }
 
 TEST_F(PlayerClock, NoOutputOrAnOutputClosedDuringPlayNeverCrashes) {
-  CVantoroTablature doc = test::document(1);
-  doc.tempo = 255;
+  CVantoroTablature doc = rapide(1);
   doc.setMesureSignature(1, 2, 4);
   poser(doc, 1, 1, 1, 0, 0, 48);
   poser(doc, 1, 1, 1, 48, 0, 48);
   playStart(doc, tableaux, {}, demande(doc, 0));
-  ASSERT_TRUE(test::attendreQue([] { return GetPlayTabX() == -1; }));
+  ASSERT_TRUE(fini());
 
   auto propre = std::make_shared<SortieJournal>();
   const std::int32_t h = midiHandleOuvrir(propre);
   playStart(doc, tableaux, {}, demande(doc, h));
-  ASSERT_TRUE(test::attendreQue([&] { return noteOns(propre->messages()) >= 1; }));
+  ASSERT_TRUE(attendsNotes(propre, 1));
   midiHandleFermer(h);
   propre.reset();
-  ASSERT_TRUE(test::attendreQue([] { return GetPlayTabX() == -1; }));
+  ASSERT_TRUE(fini());
   playStart(doc, tableaux, {}, demande(doc, h));  // a handle no longer open
-  ASSERT_TRUE(test::attendreQue([] { return GetPlayTabX() == -1; }));
+  ASSERT_TRUE(fini());
 }
 
 TEST_F(PlayerClock, StartWhilePlayingStopsTheFirstPieceCleanly) {
-  CVantoroTablature doc = test::document(4);
-  doc.tempo = 255;
+  CVantoroTablature doc = rapide(4);
   poser(doc, 1, 1, 1, 0, 0, 192);
   playStart(doc, tableaux, {}, demande(doc, journal.handle));
-  ASSERT_TRUE(test::attendreQue([&] { return noteOns(journal.sortie->messages()) >= 1; }));
-  CVantoroTablature court = test::document(1);
-  court.tempo = 255;
+  ASSERT_TRUE(attendsNotes(journal.sortie, 1));
+  CVantoroTablature court = rapide(1);
   court.setMesureSignature(1, 1, 4);
   poser(court, 1, 1, 2, 0, 0, 24);
   playStart(court, tableaux, {}, demande(court, journal.handle));
-  ASSERT_TRUE(test::attendreQue([] { return GetPlayTabX() == -1; }));
+  ASSERT_TRUE(fini());
   EXPECT_EQ(noteOns(journal.sortie->messages()), 2);
   EXPECT_TRUE(test::toutRelâché(journal.sortie->messages()));
 }
@@ -202,14 +193,12 @@ TEST_F(PlayerClock, MetronomeCountsAndClicksStrongThenWeakBesideAPiece) {
   OptionsMétronome o;
   o.setMétronomeMIDICanal10 = 1;
   o.setMIDIvolume = 80;
-  const tMetronomeParams p = métronomeParams(240, 2, o, journal.handle);  // a beat of 250 ms
   journal.sortie->setDébut(SortieJournal::Horloge::now());
-  StartMetronome(p, 240);
+  StartMetronome(métronomeParams(240, 2, o, journal.handle), 240);  // a beat of 250 ms
 
   // A piece at the same time, into an output of its own.
   test::JournalOuvert piece;
-  CVantoroTablature doc = test::document(1);
-  doc.tempo = 255;
+  CVantoroTablature doc = rapide(1);
   poser(doc, 1, 1, 1, 0, 0, 48);
   playStart(doc, tableaux, {}, demande(doc, piece.handle));
 
@@ -228,22 +217,19 @@ TEST_F(PlayerClock, MetronomeCountsAndClicksStrongThenWeakBesideAPiece) {
   const MessagesDates reçu = journal.sortie->messages();
   ASSERT_GE(reçu.size(), 4u);
   EXPECT_EQ(reçu[0].message, midiPack(0xC9, 0));
-  std::vector<std::uint32_t> clics;
-  std::vector<double> temps;
-  for (const MessageDate& m : reçu)
-    if (test::estNoteOn(m.message)) {
-      clics.push_back(m.message);
-      temps.push_back(m.ms);
-    }
+  MessagesDates clics;
+  std::copy_if(reçu.begin(), reçu.end(), std::back_inserter(clics),
+               [](const MessageDate& m) { return test::estNoteOn(m.message); });
   ASSERT_GE(clics.size(), 3u);
-  EXPECT_EQ(clics[0], midiPack(0x99, 33, 80));
-  EXPECT_EQ(clics[1], midiPack(0x99, 34, 80));
-  EXPECT_EQ(clics[2], midiPack(0x99, 33, 80));
-  EXPECT_GE(temps[1], 250.0 - 1e-3);
-  EXPECT_GE(temps[2], 500.0 - 1e-3);
+  clics.resize(3);
+  EXPECT_EQ(octets(clics),
+            (std::vector<std::uint32_t>{midiPack(0x99, 33, 80), midiPack(0x99, 34, 80),
+                                        midiPack(0x99, 33, 80)}));
+  EXPECT_GE(clics[1].ms, 250.0 - 1e-3);
+  EXPECT_GE(clics[2].ms, 500.0 - 1e-3);
   EXPECT_TRUE(test::toutRelâché(reçu));
 
-  ASSERT_TRUE(test::attendreQue([] { return GetPlayTabX() == -1; }));
+  ASSERT_TRUE(fini());
   EXPECT_EQ(noteOns(piece.sortie->messages()), 1);
 }
 

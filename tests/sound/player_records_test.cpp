@@ -1,6 +1,4 @@
-// The records of a start as the document fills them: the bytes at their
-// offsets, the rules of each field (solo, click channel, periods, channels),
-// and the copy of bars, tempos and notes.
+// The records of a start as the document fills them.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -15,19 +13,20 @@ namespace {
 using test::poser;
 using test::tableaux;
 
+// The record's bytes read as signed little-endian fields of these widths, one after the other.
 template <class T>
-std::array<byt, sizeof(T)> image(const T& r) {
-  std::array<byt, sizeof(T)> o{};
+std::vector<long> champs(const T& r, std::initializer_list<int> largeurs) {
+  std::array<std::uint8_t, sizeof(T)> o{};
   std::memcpy(o.data(), &r, sizeof(T));
-  return o;
-}
-
-int i16à(const auto& o, std::size_t i) {
-  return static_cast<i16>(o[i] | (o[i + 1] << 8));
-}
-long i32à(const auto& o, std::size_t i) {
-  return static_cast<lng>(std::uint32_t(o[i]) | std::uint32_t(o[i + 1]) << 8 |
-                          std::uint32_t(o[i + 2]) << 16 | std::uint32_t(o[i + 3]) << 24);
+  std::vector<long> v;
+  std::size_t i = 0;
+  for (int l : largeurs) {
+    std::uint32_t u = 0;
+    for (int k = 0; k < l; ++k)
+      u |= std::uint32_t(o[i++]) << (8 * k);
+    v.push_back(l == 4 ? long(std::int32_t(u)) : l == 2 ? long(std::int16_t(u)) : long(u));
+  }
+  return v;
 }
 
 TEST(PlayRecords, StartRecordBytesAtTheirOffsets) {
@@ -49,43 +48,24 @@ TEST(PlayRecords, StartRecordBytesAtTheirOffsets) {
   d.beatDurée = duréeTempsMs(90);
   d.marker = true;
   d.midiOut = 77;
-  const auto b = image(tableaux(doc, d, o).params);
-  EXPECT_EQ(i16à(b, 0), 0);   // repeats: never between markers
-  EXPECT_EQ(i16à(b, 2), -1);  // loop
-  EXPECT_EQ(i16à(b, 4), -1);  // triple feel
-  EXPECT_EQ(i16à(b, 6), 13);  // 60000 / (90 * 48) = 13.9
-  EXPECT_EQ(i32à(b, 8), 2);
-  EXPECT_EQ(i16à(b, 12), 24);
-  EXPECT_EQ(i16à(b, 14), 0);
-  EXPECT_EQ(i32à(b, 16), 3);
-  EXPECT_EQ(i16à(b, 20), 96);
-  EXPECT_EQ(i16à(b, 22), 16);
-  EXPECT_EQ(i16à(b, 24), -1);
-  EXPECT_EQ(b[26], 40);
-  EXPECT_EQ(b[27], 1);          // setMIDIchannel as it stands: 1-based
-  EXPECT_EQ(i32à(b, 28), 666);  // 60000 / 90
-  EXPECT_EQ(i16à(b, 32), 3);    // 6/8 under the start: (4 * 6) \ 8
-  EXPECT_EQ(i16à(b, 34), 0);
-  EXPECT_EQ(i32à(b, 36), 77);
-  EXPECT_EQ(i16à(b, 40), -1);
-  EXPECT_EQ(i16à(b, 42), -1);
-  EXPECT_EQ(i16à(b, 44), 24);
-  EXPECT_EQ(i16à(b, 46), 0);
+  // No repeats between markers; 60000 / (90 * 48) = 13.9; the click channel
+  // 1-based as setMIDIchannel stands; 60000 / 90; under the start 6/8: (4 * 6) \ 8.
+  EXPECT_EQ(champs(tableaux(doc, d, o).params,
+                   {2, 2, 2, 2, 4, 2, 2, 4, 2, 2, 2, 1, 1, 4, 2, 2, 4, 2, 2, 2, 2}),
+            (std::vector<long>{0,  -1, -1,  13, 2, 24, 0,  3,  96, 16, -1,
+                               40, 1,  666, 3,  0, 77, -1, -1, 24, 0}));
 
-  // Without markers: the cursor, and no stop.
+  // Without markers: the cursor, and no stop; no clicks, no beat length; the
+  // tick period is what the editor hands over.
   doc.setCurseurMesure(3);
   doc.setCurseurX(48);
   d.marker = false;
   d.beatsAtStart = false;
-  d.périodeTick = 0;  // what the editor hands over is what the library gets
+  d.périodeTick = 0;
   const tPlayParams p = tableaux(doc, d, o).params;
-  EXPECT_EQ(p.intPériodeTick, 0);
-  EXPECT_EQ(p.lngStartMesure, 3);
-  EXPECT_EQ(p.intStartX, 48);
-  EXPECT_EQ(p.lngStopMesure, 0);
-  EXPECT_EQ(p.intStopX, 0);
-  EXPECT_EQ(p.lngBeatDurée, 0);  // no clicks, no beat length
-  EXPECT_EQ(p.intTempsMesure, 4);
+  EXPECT_EQ(std::make_tuple(p.intPériodeTick, p.lngStartMesure, p.intStartX, p.lngStopMesure,
+                            p.intStopX, p.lngBeatDurée, p.intTempsMesure),
+            std::make_tuple(0, 3, 48, 0, 0, 0, 4));
 }
 
 TEST(PlayRecords, TrackRecordBytesAndChannels) {
@@ -105,38 +85,32 @@ TEST(PlayRecords, TrackRecordBytesAndChannels) {
   o.setMIDIvolume = 100;
   const PlayArrays a = tableaux(doc, {}, o);
   ASSERT_EQ(a.pistes.last(), 11);
-  const auto b = image(a.pistes[2]);
-  EXPECT_EQ(b[0], 7);
-  EXPECT_EQ((std::vector<int>(b.begin() + 1, b.begin() + 8)),
-            (std::vector<int>{64, 59, 55, 50, 45, 40, 35}));
-  EXPECT_EQ((std::vector<int>(b.begin() + 8, b.begin() + 18)),
-            (std::vector<int>{30, 100, 1, 1, 2, 3, 4, 5, 6, 0}));
-  EXPECT_EQ(i16à(b, 18), 0);
-  EXPECT_EQ(i16à(b, 20), 0);
-  EXPECT_EQ(i32à(b, 24), 0x01020304);
-
-  EXPECT_EQ(a.pistes[1].bytCanal, 0);
-  EXPECT_EQ(a.pistes[3].bytCanal, 9);   // a drum staff
-  EXPECT_EQ(a.pistes[10].bytCanal, 9);  // track 10, though it is no drum track
-  EXPECT_EQ(a.pistes[11].bytCanal, 10);
-  for (const tPlayPiste& r : a.pistes)
+  EXPECT_EQ(champs(a.pistes[2], {1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 2, 2, 2, 4}),
+            (std::vector<long>{7, 64, 59, 55, 50, 45, 40, 35, 30, 100, 1,
+                               1, 2,  3,  4,  5,  6,  0,  0,  0,  0,   0x01020304}));
+  // A drum staff, and track 10 though it is no drum track, play on channel 10.
+  std::vector<int> canaux;
+  for (const tPlayPiste& r : a.pistes) {
+    canaux.push_back(r.bytCanal);
     EXPECT_EQ(r.bytVolume, 100);
+  }
+  EXPECT_EQ(canaux, (std::vector<int>{0, 1, 9, 3, 4, 5, 6, 7, 8, 9, 10}));
 }
 
 TEST(PlayRecords, AnySoloMutesEveryOtherTrackForTheLibraryOnly) {
   CVantoroTablature doc = test::document(1, 4);
+  const auto muets = [&doc] {
+    std::vector<int> m;
+    for (const tPlayPiste& r : tableaux(doc).pistes)
+      m.push_back(r.boolMute);
+    return m;
+  };
   doc.setPistePlayMute(1, kVrai);
-  EXPECT_EQ(tableaux(doc).pistes[1].boolMute, kVrai);  // no solo: each its own flag
-  EXPECT_EQ(tableaux(doc).pistes[2].boolMute, kFaux);
-
+  EXPECT_EQ(muets(), (std::vector<int>{kVrai, kFaux, kFaux, kFaux}));  // no solo: each its own
   doc.setPistePlaySolo(3, kVrai);
   doc.setPistePlaySolo(1, kVrai);  // solo and mute: mute still stands
-  const PlayArrays a = tableaux(doc);
-  EXPECT_EQ(a.pistes[1].boolMute, kVrai);
-  EXPECT_EQ(a.pistes[2].boolMute, kVrai);
-  EXPECT_EQ(a.pistes[3].boolMute, kFaux);
-  EXPECT_EQ(a.pistes[4].boolMute, kVrai);
-  EXPECT_EQ(a.pistes[3].boolSolo, kVrai);
+  EXPECT_EQ(muets(), (std::vector<int>{kVrai, kVrai, kFaux, kVrai}));
+  EXPECT_EQ(tableaux(doc).pistes[3].boolSolo, kVrai);
   EXPECT_EQ(doc.getPistePlayMute(2), kFaux);  // the document is not changed
 }
 
@@ -153,32 +127,19 @@ TEST(PlayRecords, ClickChannelOneBasedHereNineInTheMetronomesRecord) {
   OptionsMétronome m;
   m.setMIDIchannel = 5;
   m.setMIDIinstru = 12;
-  tMetronomeParams r = métronomeParams(120, 3, m, 9);
-  EXPECT_EQ(r.bytCanal, 5);
-  EXPECT_EQ(r.bytPatch, 12);
+  const tMetronomeParams r = métronomeParams(120, 3, m, 9);
+  EXPECT_EQ(std::make_pair(r.bytCanal, r.bytPatch), std::make_pair(byt{5}, byt{12}));
   m.setMétronomeMIDICanal10 = 1;
-  r = métronomeParams(120, 3, m, 9);
-  EXPECT_EQ(r.bytCanal, 9);
-  EXPECT_EQ(r.bytPatch, 0);
-  const auto b = image(r);
-  EXPECT_EQ(b[2], 34);  // weak
-  EXPECT_EQ(b[3], 33);  // strong
-  EXPECT_EQ(b[4], 127);
-  EXPECT_EQ(i16à(b, 12), -1);
-  EXPECT_EQ(i32à(b, 16), 9);
-  EXPECT_EQ(i16à(b, 20), 3);
-  EXPECT_EQ(i16à(b, 22), 35);
+  // Patch, channel 9, weak and strong notes, volume, the period, audible, the handle, beats, max.
+  EXPECT_EQ(champs(métronomeParams(120, 3, m, 9), {1, 1, 1, 1, 1, 1, 1, 1, 4, 2, 2, 4, 2, 2}),
+            (std::vector<long>{0, 9, 34, 33, 127, 0, 0, 0, 14, -1, 0, 9, 3, 35}));
   m.setMétro = 0;
   EXPECT_EQ(métronomeParams(120, 3, m, 9).boolAudible, kFaux);
 }
 
 TEST(PlayRecords, MetronomePeriodRoundsToTheNearestMillisecond) {
-  const std::pair<int, int> cas[] = {{120, 14},  // 13.89
-                                     {36, 46},   // 46.30
-                                     {60, 28},   // 27.78
-                                     {100, 17},  // 16.67
-                                     {250, 7},   // 6.67
-                                     {999, 2}};  // 1.67
+  // 13.89, 46.30, 27.78, 16.67, 6.67, 1.67
+  const std::pair<int, int> cas[] = {{120, 14}, {36, 46}, {60, 28}, {100, 17}, {250, 7}, {999, 2}};
   for (const auto& [tempo, période] : cas)
     EXPECT_EQ(métronomeParams(tempo, 4, {}, 0).lngPériode, période) << "tempo " << tempo;
 }
@@ -210,17 +171,14 @@ TEST(PlayArraysCopy, BarsTemposAndNotesVerbatimEmptyStringsEmptyCells) {
 
   const PlayArrays a = tableaux(doc);
   ASSERT_EQ(a.mesures.getMesureLast(), 2);
-  const auto h = image(a.mesures[2]);
-  EXPECT_EQ((std::vector<int>(h.begin(), h.begin() + 8)),
-            (std::vector<int>{3, 4, 2, 3, 0, 0, 0, 0}));
+  EXPECT_EQ(champs(a.mesures[2], {1, 1, 1, 1, 1, 1, 1, 1}),
+            (std::vector<long>{3, 4, 2, 3, 0, 0, 0, 0}));
   EXPECT_EQ(a.mesures[1].bytLoopGaucheType, barre::kRepetition);
   EXPECT_TRUE(a.mesures.tempos(1).empty());
   const OneBased<tPlayTempo>& t = a.mesures.tempos(2);
   ASSERT_EQ(t.last(), 2);
-  EXPECT_EQ(t[1].intX, 0);
-  EXPECT_EQ(t[1].bytTempo, 60);
-  EXPECT_EQ(t[2].intX, 48);
-  EXPECT_EQ(t[2].bytTempo, 90);
+  EXPECT_EQ(std::make_tuple(t[1].intX, t[1].bytTempo, t[2].intX, t[2].bytTempo),
+            std::make_tuple(0, 60, 48, 90));
 
   ASSERT_EQ(a.notes.getPisteLast(), 2);
   ASSERT_EQ(a.notes.getMesureLast(), 2);
@@ -229,16 +187,13 @@ TEST(PlayArraysCopy, BarsTemposAndNotesVerbatimEmptyStringsEmptyCells) {
   for (int p = 1; p <= 2; ++p)
     for (int m = 1; m <= 2; ++m)
       for (int c = 0; c < 7; ++c)
-        if (!(p == 2 && m == 1 && c == 3)) {
-          EXPECT_TRUE(a.notes.cellule(p, m, c).empty());
-        }
+        EXPECT_EQ(a.notes.cellule(p, m, c).empty(), !(p == 2 && m == 1 && c == 3));
   EXPECT_TRUE(a.notes.cellule(3, 1, 0).empty());  // outside: no cell
   EXPECT_TRUE(a.notes.cellule(1, 1, 7).empty());
 
   // The arrays stay with their owner and are filled again: no stale cells.
   PlayArrays réutilisé = a;
-  CVantoroTablature autre = test::document(1);
-  préparerJeu(autre, réutilisé, {}, {});
+  préparerJeu(test::document(1), réutilisé, {}, {});
   EXPECT_EQ(réutilisé.notes.getPisteLast(), 1);
   EXPECT_EQ(réutilisé.mesures.getMesureLast(), 1);
   EXPECT_TRUE(réutilisé.mesures.tempos(1).empty());

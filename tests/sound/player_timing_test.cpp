@@ -1,6 +1,4 @@
-// When the player sends each message, walked offline with the timing
-// function the real-time clock uses: exact tempo, tempo changes, triple feel,
-// the clicks before the piece, a loop's continuing time.
+// When the player sends each message, walked offline with the real-time clock's timing.
 #include <gtest/gtest.h>
 
 #include "player/play_timing.h"
@@ -10,95 +8,87 @@ namespace vt {
 namespace {
 
 using test::poser;
+using Temps = std::vector<double>;
 
-// The times of the Note Ons (ms).
-std::vector<double> attaques(const std::vector<MessageJoué>& tout) {
-  std::vector<double> t;
+// The times of the Note Ons, or of the Note Offs (ms).
+Temps attaques(const std::vector<MessageJoué>& tout,
+               bool (*quoi)(std::uint32_t) = test::estNoteOn) {
+  Temps t;
   for (const MessageJoué& m : tout)
-    if (test::estNoteOn(m.message)) t.push_back(m.ms);
+    if (quoi(m.message)) t.push_back(m.ms);
   return t;
+}
+void attendsTemps(const Temps& t, const Temps& attendu) {
+  ASSERT_EQ(t.size(), attendu.size());
+  for (std::size_t i = 0; i < t.size(); ++i)
+    EXPECT_NEAR(t[i], attendu[i], 1e-5) << i;
+}
+CVantoroTablature à120(int mesures) {
+  CVantoroTablature doc = test::document(mesures);
+  doc.tempo = 120;
+  return doc;
 }
 
 TEST(PlayerTiming, ABarAt120LastsTwoSecondsOnTheTrueTempoClockNotOnWholeMillisecondTicks) {
-  CVantoroTablature doc = test::document(2);
-  doc.tempo = 120;
+  CVantoroTablature doc = à120(2);
   poser(doc, 1, 1, 1, 0, 0, 192);
   poser(doc, 1, 2, 2, 0, 0, 1);
+  // The whole note ends on the bar line, where the second bar begins; one
+  // tick is 10.416666 ms, not the editor's whole 10 ms (the piece would last 1920 ms).
   const std::vector<MessageJoué> tout = test::horsLigne(doc);
-  std::vector<double> off;
-  for (const MessageJoué& m : tout)
-    if (test::estNoteOff(m.message)) off.push_back(m.ms);
-  ASSERT_EQ(off.size(), 2u);
-  // The whole note ends on the bar line, where the second bar begins.
-  EXPECT_DOUBLE_EQ(off[0], 2000.0);
-  EXPECT_DOUBLE_EQ(attaques(tout).at(1), 2000.0);
-  EXPECT_NEAR(off[1], 2000.0 + 1250.0 / 120, 1e-6);  // one tick: 10.416666 ms
-  // Not the editor's whole 10 ms: the piece would last 1920 ms.
+  attendsTemps(attaques(tout, test::estNoteOff), {2000.0, 2000.0 + 1250.0 / 120});
+  attendsTemps(attaques(tout), {0, 2000.0});
   EXPECT_EQ(périodeTickMs(120), 10);
   EXPECT_EQ(périodeTickMs(255), 4);  // 4.9 truncated
   EXPECT_EQ(périodeTickMs(1), 1250);
 }
 
-TEST(PlayerTiming, LongPieceDoesNotDrift) {
-  CVantoroTablature doc = test::document(1);
-  for (int m = 2; m <= 500; ++m)
-    doc.addMesure();
-  doc.tempo = 97;
-  poser(doc, 1, 500, 1, 0, 0, 48);
-  const std::vector<double> t = attaques(test::horsLigne(doc));
-  ASSERT_EQ(t.size(), 1u);
-  // 499 bars of four beats at 97: 1996 beats of 60000 / 97 ms.
-  EXPECT_NEAR(t[0], 1996 * 60000.0 / 97, 1e-5);
-}
-
-TEST(PlayerTiming, TempoChangeInTheMiddleOfABar) {
-  CVantoroTablature doc = test::document(2);
-  doc.tempo = 120;
+TEST(PlayerTiming, TempoChangesInABarAndElementsOfZeroIgnoredLongPiecesDoNotDrift) {
+  CVantoroTablature doc = à120(2);
   doc.setMesureTempo(1, 96, 60);
   for (int x : {0, 96, 144})
     poser(doc, 1, 1, 1, x, 0, 24);
   poser(doc, 1, 2, 1, 0, 0, 24);
-  const std::vector<double> t = attaques(test::horsLigne(doc));
-  ASSERT_EQ(t.size(), 4u);
-  EXPECT_NEAR(t[1], 1000.0, 1e-6);  // two beats at 120
-  EXPECT_NEAR(t[2], 2000.0, 1e-6);  // then one at 60
-  EXPECT_NEAR(t[3], 3000.0, 1e-6);
+  attendsTemps(attaques(test::horsLigne(doc)), {0, 1000.0, 2000.0, 3000.0});  // 2 beats at 120
+
+  CVantoroTablature zéro = à120(1);
+  zéro.setMesureTempo(1, 48, 0);
+  poser(zéro, 1, 1, 1, 96, 0, 24);
+  attendsTemps(attaques(test::horsLigne(zéro)), {1000.0});
+
+  CVantoroTablature long_ = test::document(1);
+  for (int m = 2; m <= 500; ++m)
+    long_.addMesure();
+  long_.tempo = 97;
+  poser(long_, 1, 500, 1, 0, 0, 48);
+  attendsTemps(attaques(test::horsLigne(long_)), {1996 * 60000.0 / 97});  // 499 bars of 4 beats
 }
 
 TEST(PlayerTiming, AStartInTheMiddlePlaysAtTheTempoInForceThereSoThePassageKeepsItsPace) {
-  CVantoroTablature doc = test::document(2);
-  doc.tempo = 120;
+  CVantoroTablature doc = à120(2);
   doc.setMesureTempo(1, 96, 60);
   poser(doc, 1, 2, 1, 0, 0, 24);
   doc.setCurseurMesure(2);
   poser(doc, 1, 2, 1, 48, 0, 24);
-  const std::vector<double> suite = attaques(test::horsLigne(doc));
-  ASSERT_EQ(suite.size(), 2u);
-  EXPECT_NEAR(suite[1], 1000.0, 1e-6);  // a beat at 60, not half a second at 120
+  attendsTemps(attaques(test::horsLigne(doc)), {0, 1000.0});  // a beat at 60, not 500 ms at 120
 }
 
 TEST(PlayerTiming, TripleFeelPutsTheOffBeatEighthAtTwoThirdsOfTheBeat) {
-  CVantoroTablature doc = test::document(2);
-  doc.tempo = 120;
+  CVantoroTablature doc = à120(2);
   doc.setTripleFeel(kVrai);
   for (int x = 0; x < 192; x += 24)
     poser(doc, 1, 1, 1, x, 0, 24);
   poser(doc, 1, 2, 1, 0, 0, 12);
   poser(doc, 1, 2, 1, 12, 0, 12);
-  const std::vector<double> t = attaques(test::horsLigne(doc));
-  ASSERT_EQ(t.size(), 10u);
-  for (int beat = 0; beat < 4; ++beat) {
-    EXPECT_NEAR(t[static_cast<std::size_t>(2 * beat)], 500.0 * beat, 1e-6);
-    EXPECT_NEAR(t[static_cast<std::size_t>(2 * beat + 1)], 500.0 * beat + 1000.0 / 3, 1e-6);
-  }
-  EXPECT_NEAR(t[8], 2000.0, 1e-6);                    // the bar keeps its length
-  EXPECT_NEAR(t[9], 2000.0 + 500.0 * 16 / 48, 1e-6);  // a sixteenth: stretched by 4/3
-
+  Temps attendu;
+  for (int beat = 0; beat < 4; ++beat)
+    attendu.insert(attendu.end(), {500.0 * beat, 500.0 * beat + 1000.0 / 3});
+  // The bar keeps its length; a sixteenth is stretched by 4/3.
+  attendu.insert(attendu.end(), {2000.0, 2000.0 + 500.0 * 16 / 48});
+  attendsTemps(attaques(test::horsLigne(doc)), attendu);
   doc.setTripleFeel(kFaux);
   EXPECT_NEAR(attaques(test::horsLigne(doc))[1], 250.0, 1e-6);
-}
 
-TEST(PlayerTiming, TripleFeelLeavesABeatCutShortByTheBarLineAlone) {
   // In 7/8 the last beat has one eighth: played straight, so that time never
   // goes back at the bar line.
   PositionTick p;
@@ -109,23 +99,13 @@ TEST(PlayerTiming, TripleFeelLeavesABeatCutShortByTheBarLineAlone) {
     const std::int64_t t = HorlogeTicks::tiers(p, true);
     EXPECT_GT(t, avant) << p.x;
     avant = t;
+    if (p.x == 156) {
+      EXPECT_EQ(t, 3 * 156);
+    }
+    if (p.x == 24) {
+      EXPECT_EQ(t, 3 * 32);
+    }
   }
-  p.x = 156;
-  p.temps = 156;
-  EXPECT_EQ(HorlogeTicks::tiers(p, true), 3 * 156);
-  p.x = 24;
-  p.temps = 24;
-  EXPECT_EQ(HorlogeTicks::tiers(p, true), 3 * 32);
-}
-
-TEST(PlayerTiming, TempoElementOfZeroIsIgnored) {
-  CVantoroTablature doc = test::document(1);
-  doc.tempo = 120;
-  doc.setMesureTempo(1, 48, 0);
-  poser(doc, 1, 1, 1, 96, 0, 24);
-  const std::vector<double> t = attaques(test::horsLigne(doc));
-  ASSERT_EQ(t.size(), 1u);
-  EXPECT_NEAR(t[0], 1000.0, 1e-6);
 }
 
 TEST(PlayerTiming, ClicksBeforeThePieceOnTheOneBasedChannelAtTheTrueBeat) {
@@ -141,27 +121,18 @@ TEST(PlayerTiming, ClicksBeforeThePieceOnTheOneBasedChannelAtTheTrueBeat) {
   d.beatsAtStart = true;
   d.beatDurée = duréeTempsMs(90);
   const std::vector<MessageJoué> tout = test::horsLigne(doc, d, o);
-  std::vector<double> clics;
-  std::vector<double> relâches;
-  for (const MessageJoué& m : tout) {
-    if (m.piste != 0) continue;
-    if (test::estNoteOn(m.message)) {
-      EXPECT_EQ(m.message, midiPack(0x99, 37, 99));  // channel 10, counted from 1
-      clics.push_back(m.ms);
-    } else {
-      EXPECT_EQ(m.message, midiPack(0x89, 37, 0x7F));
-      relâches.push_back(m.ms);
-    }
-  }
-  const double temps = 60000.0 / 90;  // not the record's whole 666 ms
-  ASSERT_EQ(clics.size(), 3u);        // the bar under the cursor has three beats
-  ASSERT_EQ(relâches.size(), 3u);
-  for (std::size_t k = 0; k < 3; ++k) {
-    EXPECT_NEAR(clics[k], temps * static_cast<double>(k), 1e-6);
-    EXPECT_NEAR(relâches[k], temps * static_cast<double>(k + 1), 1e-6);
-  }
-  const std::vector<double> t = attaques(tout);
-  EXPECT_NEAR(t.back(), 3 * temps, 1e-6);  // the piece after the third beat
+  std::vector<MessageJoué> clics;
+  std::copy_if(tout.begin(), tout.end(), std::back_inserter(clics),
+               [](const MessageJoué& m) { return m.piste == 0; });
+  // Three beats under the cursor, channel 10 counted from 1, at 60000 / 90 ms
+  // (not the record's whole 666 ms); the piece after the third beat.
+  const double temps = 60000.0 / 90;
+  for (const MessageJoué& m : clics)
+    EXPECT_EQ(m.message,
+              test::estNoteOn(m.message) ? midiPack(0x99, 37, 99) : midiPack(0x89, 37, 0x7F));
+  attendsTemps(attaques(clics), {0, temps, 2 * temps});
+  attendsTemps(attaques(clics, test::estNoteOff), {temps, 2 * temps, 3 * temps});
+  EXPECT_NEAR(attaques(tout).back(), 3 * temps, 1e-6);
 
   o.setMétronomeMIDICanal10 = 0;
   o.setMIDIchannel = 1;
@@ -175,21 +146,18 @@ TEST(PlayerTiming, ClockKeepsItsTimeAcrossATempoChangeAndALoop) {
   HorlogeTicks h(120, false);
   PositionTick p;
   p.largeur = 192;
-  EXPECT_EQ(h.échéance(p), 0);
-  p.x = 48;
-  p.temps = 48;
-  EXPECT_EQ(h.échéance(p), 500'000'000);
+  const auto à = [&p, &h](int x) {
+    p.x = x;
+    p.temps = x;
+    return h.échéance(p);
+  };
+  EXPECT_EQ(à(0), 0);
+  EXPECT_EQ(à(48), 500'000'000);
   h.changerTempo(60, p);
-  p.x = 96;
-  p.temps = 96;
-  EXPECT_EQ(h.échéance(p), 1'500'000'000);
+  EXPECT_EQ(à(96), 1'500'000'000);
   h.reprendre(120, 1'500'000'000);
-  p.x = 0;
-  p.temps = 0;
-  EXPECT_EQ(h.échéance(p), 1'500'000'000);
-  p.x = 1;
-  p.temps = 1;
-  EXPECT_EQ(h.échéance(p), 1'500'000'000 + 10'416'666);
+  EXPECT_EQ(à(0), 1'500'000'000);
+  EXPECT_EQ(à(1), 1'500'000'000 + 10'416'666);
 }
 
 }  // namespace

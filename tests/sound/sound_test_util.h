@@ -1,15 +1,15 @@
 // Listening to rendered sound in tests: the PCM of the offline renderer
-// (interleaved 16-bit stereo) made mono, cut to a stretch, and measured: its
-// pitch, its loudness, where the sound starts.
-//
-//   const RenduPcm pcm = rendrePcm(messages);
-//   const auto son = test::mono(pcm.échantillons);
-//   double hz = test::frequenceFondamentale(test::tranche(son, pcm.fréquence, 200, 800),
-//                                           pcm.fréquence);
+// (interleaved 16-bit stereo) made mono, cut to a stretch, and measured.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
+#include <filesystem>
+#include <string>
 #include <vector>
+
+#include "sound/synthe_integre.h"
 
 namespace vt::test {
 
@@ -20,19 +20,32 @@ std::vector<float> mono(const std::vector<std::int16_t>& stéréo);
 std::vector<float> tranche(const std::vector<float>& son, int sampleRate, double débutMs,
                            double finMs);
 
-// The fundamental frequency of a steady stretch in Hz, between 40 and 2000 Hz,
-// found by the normalised difference of the signal with itself (a method that
-// does not take the octave above for the note, as a plain peak of the
-// autocorrelation can on a bright guitar sound). 0 when the stretch has no
-// pitch: silence, noise, or too short (under 50 ms).
-double frequenceFondamentale(const std::vector<float>& son, int sampleRate);
+// The pitch of the stretch from `débutMs` to `finMs` in Hz, as the tuner hears
+// it (the median of its frames); 0 when it has none.
+double hzEntre(const std::vector<float>& son, int sampleRate, double débutMs, double finMs);
 
-// Root mean square on the scale 0..1.
-double rms(const std::vector<float>& son);
-// The largest absolute value on the scale 0..1.
-double crête(const std::vector<float>& son);
+double rms(const std::vector<float>& son);    // on the scale 0..1
+double crête(const std::vector<float>& son);  // the largest absolute value, 0..1
 
 // Time in ms of the first frame louder than `seuil` (0..1); -1 when none is.
 double débutDuSon(const std::vector<float>& son, int sampleRate, float seuil);
+
+// The built-in synthesizer with no audio driver: the tests pull the sound.
+inline OptionsSynthé sansAudio(int programme = -1) {
+  OptionsSynthé o;
+  o.pilotesAudio = {};
+  o.programme = programme;
+  return o;
+}
+
+// A fresh folder of the test's own, removed afterwards.
+class Dossier : public ::testing::Test {
+ protected:
+  void SetUp() override;
+  void TearDown() override { std::filesystem::remove_all(dossier); }
+  std::string fichier(const std::string& nom, const std::string& contenu = "x") const;
+  std::vector<std::string> contenu() const;  // the names in it
+  std::filesystem::path dossier;
+};
 
 }  // namespace vt::test

@@ -1,18 +1,14 @@
-// Offline rendering through FluidSynth, listened to: the pitch of a note, a
-// pitch-wheel bend, where a note starts, the length with its tail, silence,
-// the WAV file and its failures, and a missing SoundFont.
+// Offline rendering through FluidSynth, listened to; the WAV file written, and
+// WAV files read in every encoding or refused with their message.
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
-#include <unistd.h>
-
+#include "sound/lecture_wav.h"
 #include "sound/midi_out.h"
 #include "sound/rendu_hors_ligne.h"
 #include "sound_test_util.h"
@@ -25,8 +21,6 @@ namespace fs = std::filesystem;
 constexpr std::uint32_t kSteel = midiPack(0xC0, 25);  // Acoustic Guitar (steel)
 constexpr std::uint32_t kLa440 = midiPack(0x90, 69, 100);
 constexpr std::uint32_t kLa440Off = midiPack(0x90, 69, 0);
-
-// A note of one second, and its rendering with the system's SoundFont.
 const MessagesDates kUneSeconde = {{0, kSteel}, {0, kLa440}, {1000, kLa440Off}};
 
 RenduPcm rendAvecSoundFont(const MessagesDates& m, double traîneMs = 2000) {
@@ -36,31 +30,9 @@ RenduPcm rendAvecSoundFont(const MessagesDates& m, double traîneMs = 2000) {
   EXPECT_FALSE(pcm.soundFont.empty()) << "no General MIDI SoundFont: scripts/setup installs one";
   return pcm;
 }
-
 double hz(const RenduPcm& pcm, double débutMs, double finMs) {
-  return test::frequenceFondamentale(
-      test::tranche(test::mono(pcm.échantillons), pcm.fréquence, débutMs, finMs), pcm.fréquence);
+  return test::hzEntre(test::mono(pcm.échantillons), pcm.fréquence, débutMs, finMs);
 }
-
-class Temporaire : public ::testing::Test {
- protected:
-  void SetUp() override {
-    dossier = fs::temp_directory_path() /
-              ("vt-son-" + std::to_string(::getpid()) + "-" +
-               ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dossier);
-    fs::create_directories(dossier);
-  }
-  void TearDown() override { fs::remove_all(dossier); }
-  std::vector<std::string> contenu() const {
-    std::vector<std::string> noms;
-    for (const auto& e : fs::directory_iterator(dossier))
-      noms.push_back(e.path().filename().string());
-    return noms;
-  }
-  fs::path dossier;
-};
-
 std::vector<std::uint8_t> litFichier(const fs::path& p) {
   std::ifstream in(p, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
@@ -69,27 +41,18 @@ std::uint32_t lit32(const std::vector<std::uint8_t>& b, std::size_t at) {
   return std::uint32_t(b[at]) | std::uint32_t(b[at + 1]) << 8 | std::uint32_t(b[at + 2]) << 16 |
          std::uint32_t(b[at + 3]) << 24;
 }
-std::uint16_t lit16(const std::vector<std::uint8_t>& b, std::size_t at) {
-  return std::uint16_t(b[at] | b[at + 1] << 8);
-}
-
-// ---- Rendering ------------------------------------------------------------------
 
 TEST(OfflineRendering, APitchWheelMessageRaisesThePitchFromItsTime) {
   MessagesDates m = kUneSeconde;
-  // En 00 60: the wheel at 0x3000, half way up; the default range of two
-  // semitones makes it one semitone: A#4.
+  // The wheel at 0x3000, half way up the default two semitones: A#4.
   m.push_back({500, midiPack(0xE0, 0x00, 0x60)});
   const RenduPcm pcm = rendAvecSoundFont(m);
-  const double avant = hz(pcm, 150, 480);
-  const double après = hz(pcm, 560, 950);
-  EXPECT_NEAR(avant, 440.0, 4.4);
-  EXPECT_NEAR(après, 466.16, 4.7);
+  EXPECT_NEAR(hz(pcm, 150, 480), 440.0, 4.4);
+  EXPECT_NEAR(hz(pcm, 560, 950), 466.16, 4.7);
 }
 
 TEST(OfflineRendering, ANoteStartsAtItsTimeAndTheLengthIsTheLastMessagePlusTheTail) {
-  // The sample itself may begin with a few quiet frames: the note at 0 gives
-  // the reference.
+  // The sample may begin with a few quiet frames: the note at 0 is the reference.
   const RenduPcm àZéro = rendAvecSoundFont({{0, kSteel}, {0, kLa440}, {400, kLa440Off}}, 100);
   const RenduPcm pcm = rendAvecSoundFont({{0, kSteel}, {500, kLa440}, {900, kLa440Off}}, 1000);
   const auto son = test::mono(pcm.échantillons);
@@ -98,15 +61,12 @@ TEST(OfflineRendering, ANoteStartsAtItsTimeAndTheLengthIsTheLastMessagePlusTheTa
   EXPECT_LT(référence, 20);
   // Nothing before the note, and its start within FluidSynth's 0.73 ms of 500 ms.
   EXPECT_EQ(test::crête(test::tranche(son, pcm.fréquence, 0, 499)), 0.0);
-  const double début = test::débutDuSon(son, pcm.fréquence, 1e-6f) - référence;
-  EXPECT_GE(début, 499.2);
-  EXPECT_LE(début, 500.8);
+  EXPECT_NEAR(test::débutDuSon(son, pcm.fréquence, 1e-6f) - référence, 500, 0.8);
   EXPECT_NEAR(double(pcm.trames()), 1.9 * 44100, 32);
 }
 
 TEST(OfflineRendering, ALoudBandIsRoundedOffBelowFullScaleNotClipped) {
-  // Two guitars and a bass, every note at full velocity with reverb and
-  // chorus: six-string chords struck together on two channels.
+  // Two guitars and a bass at full velocity with reverb and chorus, six-string chords.
   MessagesDates m;
   for (int canal = 0; canal < 3; ++canal) {
     m.push_back({0, midiPack(0xC0 + canal, canal == 2 ? 33 : 25)});
@@ -114,35 +74,28 @@ TEST(OfflineRendering, ALoudBandIsRoundedOffBelowFullScaleNotClipped) {
     m.push_back({0, midiPack(0xB0 + canal, 93, 127)});
   }
   for (int coup = 0; coup < 4; ++coup) {
-    const double t = coup * 250.0;
     for (int canal = 0; canal < 2; ++canal)
       for (const int note : {40, 47, 52, 55, 59, 64})
-        m.push_back({t, midiPack(0x90 + canal, note, 127)});
-    m.push_back({t, midiPack(0x92, 28, 127)});
+        m.push_back({coup * 250.0, midiPack(0x90 + canal, note, 127)});
+    m.push_back({coup * 250.0, midiPack(0x92, 28, 127)});
   }
   const RenduPcm pcm = rendAvecSoundFont(m, 1500);
   ASSERT_FALSE(pcm.échantillons.empty());
-  int crête = 0;
-  for (const std::int16_t e : pcm.échantillons)
-    crête = std::max(crête, std::abs(int(e)));
+  const auto [bas, haut] = std::minmax_element(pcm.échantillons.begin(), pcm.échantillons.end());
+  const int crête = std::max(-int(*bas), int(*haut));
   EXPECT_GT(crête, 24576) << "loud enough to reach the rounding";
   EXPECT_LT(crête, 32767) << "no sample cut flat at full scale";
 }
 
-TEST(OfflineRendering, WithoutANoteThereIsSilence) {
+TEST(OfflineRendering, SilenceWithoutANoteAndMessagesTakenInTimeOrder) {
   for (const MessagesDates& m :
        {MessagesDates{}, MessagesDates{{0, kSteel}, {300, midiPack(0xB0, 7, 100)}}}) {
     const RenduPcm pcm = rendAvecSoundFont(m, 500);
     ASSERT_GT(pcm.trames(), 0u);
     EXPECT_EQ(test::crête(test::mono(pcm.échantillons)), 0.0);
   }
-}
-
-TEST(OfflineRendering, MessagesOutOfOrderAndBeforeZeroAreTakenInTimeOrder) {
-  // The Note Off written first still comes after the Note On; a time below 0
-  // is the start.
-  const MessagesDates m = {{600, kLa440Off}, {-50, kSteel}, {0, kLa440}};
-  const RenduPcm pcm = rendAvecSoundFont(m, 400);
+  // The Note Off written first still comes after the Note On; a time below 0 is the start.
+  const RenduPcm pcm = rendAvecSoundFont({{600, kLa440Off}, {-50, kSteel}, {0, kLa440}}, 400);
   EXPECT_NEAR(hz(pcm, 150, 550), 440.0, 4.4);
   EXPECT_NEAR(double(pcm.trames()), 1.0 * 44100, 32);
 }
@@ -154,16 +107,13 @@ TEST(OfflineRendering, AMissingSoundFontGivesItsMessageAndSilenceOfTheRightLengt
   o.traîneMs = 0;
   const RenduPcm pcm = rendrePcm(kUneSeconde, o);
   EXPECT_TRUE(pcm.soundFont.empty());
-  ASSERT_EQ(pcm.messages.size(), 1u);
-  EXPECT_EQ(pcm.messages[0].id, son::kAucuneSoundFont.id);
-  EXPECT_EQ(pcm.messages[0].détail, "/nonexistent/piano.sf2");
+  EXPECT_EQ(pcm.messages,
+            (std::vector<MessageSon>{{son::kAucuneSoundFont.id, "/nonexistent/piano.sf2"}}));
   EXPECT_NEAR(double(pcm.trames()), 44100, 32);
   EXPECT_EQ(test::crête(test::mono(pcm.échantillons)), 0.0);
 }
 
-// ---- WAV files -------------------------------------------------------------------
-
-using WavFile = Temporaire;
+using WavFile = test::Dossier;
 
 TEST_F(WavFile, HoldsTheRenderedSamplesOfA440BehindACanonicalHeader) {
   const fs::path chemin = dossier / "la.wav";
@@ -172,41 +122,30 @@ TEST_F(WavFile, HoldsTheRenderedSamplesOfA440BehindACanonicalHeader) {
   EXPECT_TRUE(r.messages.empty());
   const auto b = litFichier(chemin);
   ASSERT_GT(b.size(), 44u);
+  // PCM, two channels, 44100 frames of 4 bytes a second, 16 bits.
+  const char kEntête[] = "WAVEfmt \x10\0\0\0\x01\0\x02\0\x44\xAC\0\0\x10\xB1\x02\0\x04\0\x10\0data";
   EXPECT_EQ(std::memcmp(b.data(), "RIFF", 4), 0);
+  EXPECT_EQ(std::memcmp(&b[8], kEntête, 32), 0);
   EXPECT_EQ(lit32(b, 4), b.size() - 8);
-  EXPECT_EQ(std::memcmp(&b[8], "WAVEfmt ", 8), 0);
-  EXPECT_EQ(lit32(b, 16), 16u);
-  EXPECT_EQ(lit16(b, 20), 1);  // PCM
-  EXPECT_EQ(lit16(b, 22), 2);
-  EXPECT_EQ(lit32(b, 24), 44100u);
-  EXPECT_EQ(lit32(b, 28), 44100u * 4);
-  EXPECT_EQ(lit16(b, 32), 4);
-  EXPECT_EQ(lit16(b, 34), 16);
-  EXPECT_EQ(std::memcmp(&b[36], "data", 4), 0);
   EXPECT_EQ(lit32(b, 40), b.size() - 44);
 
-  // The same samples as the rendering in memory, which sounds A4 at 440 Hz in
-  // a steady stretch after the attack, loud enough to be heard.
+  // The same samples as the rendering in memory: A4 at 440 Hz, loud enough to be heard.
   const RenduPcm pcm = rendAvecSoundFont(kUneSeconde);
   EXPECT_TRUE(pcm.messages.empty());
   EXPECT_EQ(pcm.fréquence, 44100);
   EXPECT_NEAR(hz(pcm, 200, 800), 440.0, 4.4);
   EXPECT_GT(test::rms(test::tranche(test::mono(pcm.échantillons), pcm.fréquence, 100, 900)), 0.01);
   ASSERT_EQ(b.size() - 44, pcm.échantillons.size() * 2);
-  std::size_t différents = 0;
-  for (std::size_t i = 0; i < pcm.échantillons.size(); ++i)
-    différents += std::int16_t(lit16(b, 44 + 2 * i)) != pcm.échantillons[i];
-  EXPECT_EQ(différents, 0u);
+  EXPECT_EQ(std::memcmp(&b[44], pcm.échantillons.data(), b.size() - 44), 0);
   EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"}) << "no temporary file is left";
 }
 
 // A folder that does not exist, or a folder where the file should go (all is
 // written, then the renaming fails): the message, and no partial file.
 TEST_F(WavFile, AFileThatCannotBeWrittenGivesTheMessageAndNoPartialFile) {
-  const fs::path absent = dossier / "absent" / "la.wav";
   const fs::path occupé = dossier / "la.wav";
   fs::create_directory(occupé);
-  for (const fs::path& chemin : {absent, occupé}) {
+  for (const fs::path& chemin : {dossier / "absent" / "la.wav", occupé}) {
     SCOPED_TRACE(chemin);
     const RésultatWav r = rendreWav(kUneSeconde, chemin.string());
     EXPECT_FALSE(r.ok);
@@ -219,12 +158,11 @@ TEST_F(WavFile, AFileThatCannotBeWrittenGivesTheMessageAndNoPartialFile) {
 }
 
 TEST_F(WavFile, WithoutASoundFontNothingIsWrittenAndAnEarlierFileStays) {
-  const fs::path chemin = dossier / "la.wav";
-  { std::ofstream(chemin) << "earlier"; }
+  const std::string chemin = fichier("la.wav", "earlier");
   OptionsRendu o;
   o.soundFont = (dossier / "none.sf2").string();
   o.soundFontsSystème = {};
-  const RésultatWav r = rendreWav(kUneSeconde, chemin.string(), o);
+  const RésultatWav r = rendreWav(kUneSeconde, chemin, o);
   EXPECT_FALSE(r.ok);
   ASSERT_EQ(r.messages.size(), 1u);
   EXPECT_EQ(r.messages[0].id, son::kAucuneSoundFont.id);
@@ -261,6 +199,144 @@ TEST_F(WavFile, TheProgressRisesToTheWholeAndAStopLeavesTheEarlierFile) {
     EXPECT_EQ(litFichier(chemin), avant);
     EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"});
   }
+}
+
+using Octets = std::vector<std::uint8_t>;
+
+// Appends `v` on `n` bytes, little-endian, or four characters.
+Octets& mets(Octets& o, std::uint64_t v, int n) {
+  for (int i = 0; i < n; ++i)
+    o.push_back(std::uint8_t(v >> (8 * i)));
+  return o;
+}
+Octets& mets(Octets& o, const char* quatre) {
+  for (int i = 0; i < 4; ++i)
+    o.push_back(std::uint8_t(quatre[i]));
+  return o;
+}
+template <class F>
+Octets flottants(std::initializer_list<F> v) {
+  Octets o;
+  for (F f : v) {
+    std::uint64_t u = 0;
+    std::memcpy(&u, &f, sizeof(F));
+    mets(o, u, sizeof(F));
+  }
+  return o;
+}
+
+struct Format {
+  unsigned format = 1;  // 1 PCM, 3 float, 0xFFFE extensible
+  unsigned sous = 1;    // the extensible's own format
+  unsigned canaux = 1;
+  std::uint32_t fréquence = 44100;
+  unsigned bits = 16;
+};
+
+// A RIFF WAVE file: the format chunk, any chunks given, then the samples.
+Octets wav(const Format& f, const Octets& échantillons, const Octets& avant = {},
+           std::uint32_t tailleDéclarée = 0) {
+  Octets o;
+  const bool ext = f.format == 0xFFFE;
+  mets(mets(mets(mets(o, "RIFF"), 0, 4), "WAVE"), "fmt ");
+  mets(mets(mets(o, ext ? 40 : 16, 4), f.format, 2), f.canaux, 2);
+  mets(mets(o, f.fréquence, 4), f.fréquence * f.canaux * f.bits / 8, 4);
+  mets(mets(o, f.canaux * f.bits / 8, 2), f.bits, 2);
+  if (ext) mets(mets(mets(mets(mets(mets(o, 22, 2), f.bits, 2), 0, 4), f.sous, 2), 0, 7), 0, 7);
+  o.insert(o.end(), avant.begin(), avant.end());
+  mets(mets(o, "data"), tailleDéclarée ? tailleDéclarée : échantillons.size(), 4);
+  o.insert(o.end(), échantillons.begin(), échantillons.end());
+  return o;
+}
+
+TEST(LectureWav, EveryEncodingToMonoFullScale) {
+  const struct {
+    const char* quoi;
+    Format f;
+    Octets données;
+    std::vector<float> attendu;
+  } cas[] = {
+      {"8 bits, unsigned", {1, 1, 1, 8000, 8}, {128, 255, 0}, {0, 127 / 128.0f, -1}},
+      {"16 bits", {1, 1, 1, 44100, 16}, {0x00, 0x40, 0x00, 0x80}, {0.5f, -1}},
+      {"24 bits", {1, 1, 1, 48000, 24}, {0, 0, 0x40, 0xFF, 0xFF, 0xFF}, {0.5f, -1 / 8388608.0f}},
+      {"32 bits", {1, 1, 1, 96000, 32}, {0, 0, 0, 0xC0}, {-0.5f}},
+      {"float", {3, 1, 1, 44100, 32}, flottants({0.125f, -0.75f}), {0.125f, -0.75f}},
+      {"double", {3, 1, 1, 44100, 64}, flottants({0.25, -1.0}), {0.25f, -1}},
+      {"stereo, averaged", {1, 1, 2, 44100, 16}, {0, 0x40, 0, 0xC0, 0, 0x20, 0, 0x20}, {0, 0.25f}},
+      {"extensible PCM", {0xFFFE, 1, 1, 44100, 16}, {0x00, 0x40}, {0.5f}},
+      {"extensible float", {0xFFFE, 3, 1, 44100, 32}, flottants({0.5f}), {0.5f}},
+  };
+  for (const auto& c : cas) {
+    SCOPED_TRACE(c.quoi);
+    const SonLu s = lireWav(wav(c.f, c.données));
+    ASSERT_TRUE(s.ok()) << s.message << " " << s.détail;
+    EXPECT_EQ(s.fréquence, int(c.f.fréquence));
+    EXPECT_EQ(s.canaux, int(c.f.canaux));
+    EXPECT_EQ(s.mono, c.attendu);
+  }
+}
+
+TEST(LectureWav, ChunksBeforeTheSamplesAndAStreamedSizeAreRead) {
+  Octets liste;
+  mets(mets(mets(liste, "LIST"), 3, 4), "abc");  // odd size, padded
+  const SonLu s = lireWav(wav({}, {0x00, 0x40, 0x00, 0x40}, liste));
+  ASSERT_TRUE(s.ok());
+  EXPECT_EQ(s.mono.size(), 2u);
+  // A writer that could not go back leaves the size at its largest.
+  const SonLu flux = lireWav(wav({}, {0x00, 0x40, 0x00, 0x40, 0x00}, {}, 0xFFFFFFFF));
+  ASSERT_TRUE(flux.ok());
+  EXPECT_EQ(flux.mono.size(), 2u);
+  EXPECT_DOUBLE_EQ(flux.secondes(), 2.0 / 44100);
+}
+
+TEST(LectureWav, DamagedAndUnknownFilesAreRefusedWithTheirMessage) {
+  const auto coupé = [](Octets o, std::size_t n) {
+    o.resize(o.size() > n ? o.size() - n : 0);
+    return o;
+  };
+  Octets donnéesAvant, chunkTropLong = coupé(wav({}, {}), 8);
+  mets(mets(mets(mets(mets(donnéesAvant, "RIFF"), 12, 4), "WAVE"), "data"), 0, 4);
+  mets(mets(chunkTropLong, "junk"), 1000, 4);
+  const struct {
+    const char* quoi;
+    Octets octets;
+    StringId message;
+  } cas[] = {
+      {"empty", {}, son::kPasUnWav},
+      {"another format", {'M', 'T', 'h', 'd', 0, 0, 0, 6, 0, 0, 0, 0}, son::kPasUnWav},
+      {"a header cut short", {'R', 'I', 'F', 'F', 4, 0, 0}, son::kWavTronqué},
+      {"samples cut short", coupé(wav({}, {0x00, 0x40, 0x00, 0x40}), 1), son::kWavTronqué},
+      {"no samples", coupé(wav({}, {}), 8), son::kWavTronqué},
+      {"a chunk past the end", chunkTropLong, son::kWavTronqué},
+      {"samples before their format", donnéesAvant, son::kWavEncodage},
+      {"ADPCM", wav({2, 1, 1, 44100, 4}, {0}), son::kWavEncodage},
+      {"12 bits", wav({1, 1, 1, 44100, 12}, {0, 0}), son::kWavEncodage},
+      {"no channel", wav({1, 1, 0, 44100, 16}, {}), son::kWavEncodage},
+      {"a rate of 10 Hz", wav({1, 1, 1, 10, 16}, {0, 0}), son::kWavEncodage},
+      {"extensible ADPCM", wav({0xFFFE, 2, 1, 44100, 16}, {0, 0}), son::kWavEncodage},
+  };
+  for (const auto& c : cas) {
+    SCOPED_TRACE(c.quoi);
+    const SonLu s = lireWav(c.octets);
+    EXPECT_EQ(s.message, c.message.id);
+    EXPECT_TRUE(s.mono.empty());
+  }
+}
+
+TEST(LectureWav, FilesThatAreMissingOrNoFiles) {
+  namespace fs = std::filesystem;
+  const fs::path dossier = fs::temp_directory_path();
+  EXPECT_EQ(lireFichierWav((dossier / "vantoro-no-such-file.wav").string()).message,
+            son::kFichierAbsent.id);
+  EXPECT_EQ(lireFichierWav(dossier.string()).message, son::kFichierIllisible.id);
+  const fs::path f = dossier / "vantoro-lecture-wav-test.wav";
+  const Octets o = wav({}, {0x00, 0x40});
+  std::ofstream(f, std::ios::binary)
+      .write(reinterpret_cast<const char*>(o.data()), std::streamsize(o.size()));
+  const SonLu s = lireFichierWav(f.string());
+  EXPECT_TRUE(s.ok());
+  EXPECT_EQ(s.mono.size(), 1u);
+  fs::remove(f);
 }
 
 }  // namespace

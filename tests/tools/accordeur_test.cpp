@@ -1,16 +1,11 @@
-// The tuner: the strike of the open string through the logging output, the
-// wheel turned by dragging and its lamps clicked, the tuning list, the keys,
-// and the Listen page with no input device and with sound fed to it.
-#include <QComboBox>
-#include <QLabel>
-#include <QMouseEvent>
+// The tuner: the open string struck through the logging output, the wheel, the
+// tuning list, the keys, and the Listen page.
 #include <cmath>
 #include <numbers>
 
 #include "ecoute_accordeur.h"
 #include "outils_banc.h"
 #include "roue_accordeur.h"
-#include "shell/manche.h"
 
 namespace vt::essai {
 namespace {
@@ -25,10 +20,17 @@ class Accordeur : public Outils {
     midi();
     return t;
   }
-  void souris(QWidget* w, QEvent::Type type, QPointF p, Qt::MouseButtons boutons) {
+  void souris(QWidget* w, QEvent::Type type, QPointF p) {
     const Qt::MouseButton b = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent e(type, p, w->mapToGlobal(p), b, boutons, Qt::NoModifier);
+    const Qt::MouseButtons tenus =
+        type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+    QMouseEvent e(type, p, w->mapToGlobal(p), b, tenus, Qt::NoModifier);
     QCoreApplication::sendEvent(w, &e);
+  }
+  void glisse(QWidget* w, double y) { souris(w, QEvent::MouseMove, {110, y}); }
+  void clique(QWidget* w, QPointF p) {
+    souris(w, QEvent::MouseButtonPress, p);
+    souris(w, QEvent::MouseButtonRelease, p);
   }
 };
 
@@ -64,34 +66,30 @@ TEST_F(Accordeur, TheWheelTurnsEverySevenPixelsOfDragAndItsLampsChooseAString) {
   t.choisitCorde(3);
   midi();
   // Down past 100 twips (6.67 pixels): the next string; less: nothing.
-  souris(roue, QEvent::MouseButtonPress, {110, 100}, Qt::LeftButton);
-  souris(roue, QEvent::MouseMove, {110, 106}, Qt::LeftButton);
+  souris(roue, QEvent::MouseButtonPress, {110, 100});
+  glisse(roue, 106);
   EXPECT_EQ(t.corde(), 3);
-  souris(roue, QEvent::MouseMove, {110, 107}, Qt::LeftButton);
+  glisse(roue, 107);
   EXPECT_EQ(t.corde(), 4);
   EXPECT_EQ(midi(), (Midi{"90 37 00", "90 32 00", "90 32 7F"}));
   // The anchor moved with the step: back up twice.
-  souris(roue, QEvent::MouseMove, {110, 100}, Qt::LeftButton);
-  souris(roue, QEvent::MouseMove, {110, 93}, Qt::LeftButton);
+  glisse(roue, 100);
+  glisse(roue, 93);
   EXPECT_EQ(t.corde(), 2);
   // Never past the strings there are.
   for (int y = 86; y > 0; y -= 7)
-    souris(roue, QEvent::MouseMove, {110, double(y)}, Qt::LeftButton);
+    glisse(roue, y);
   EXPECT_EQ(t.corde(), 1);
-  souris(roue, QEvent::MouseButtonRelease, {110, 2}, Qt::NoButton);
+  souris(roue, QEvent::MouseButtonRelease, {110, 2});
   EXPECT_EQ(t.corde(), 1) << "a drag is no click";
   midi();
   // A click on the lamp of string 6, then on the centre lamp: stop, and again.
-  const QPointF lampe6 = RoueAccordeur::centreLampe(6);
-  souris(roue, QEvent::MouseButtonPress, lampe6, Qt::LeftButton);
-  souris(roue, QEvent::MouseButtonRelease, lampe6, Qt::NoButton);
+  clique(roue, RoueAccordeur::centreLampe(6));
   EXPECT_EQ(t.corde(), 6);
   EXPECT_EQ(midi(), (Midi{"90 40 00", "90 28 00", "90 28 7F"}));
-  souris(roue, QEvent::MouseButtonPress, {110, 110}, Qt::LeftButton);
-  souris(roue, QEvent::MouseButtonRelease, {110, 110}, Qt::NoButton);
+  clique(roue, {110, 110});
   EXPECT_FALSE(t.Timer1().isActive());
-  souris(roue, QEvent::MouseButtonPress, {110, 110}, Qt::LeftButton);
-  souris(roue, QEvent::MouseButtonRelease, {110, 110}, Qt::NoButton);
+  clique(roue, {110, 110});
   EXPECT_TRUE(t.Timer1().isActive());
 }
 
@@ -125,18 +123,15 @@ TEST_F(Accordeur, ATuningOfTheListBecomesTheInstrumentAndSoundsAtOnce) {
 
 TEST_F(Accordeur, KeysChooseStartAndStop) {
   FAccordeur& t = ouvreAccordeur();
-  QTest::keyClick(&t, Qt::Key_2);
-  EXPECT_EQ(t.noteSonnante(), 59);
-  QTest::keyClick(&t, Qt::Key_Down);
-  EXPECT_EQ(t.noteSonnante(), 55);
-  QTest::keyClick(&t, Qt::Key_Space);
-  EXPECT_EQ(t.noteSonnante(), -1);
-  QTest::keyClick(&t, Qt::Key_Space);
-  EXPECT_EQ(t.noteSonnante(), 55);
-  QTest::keyClick(&t, Qt::Key_Escape);
-  EXPECT_FALSE(t.Timer1().isActive());
-  QTest::keyClick(&t, Qt::Key_9);
-  EXPECT_EQ(t.noteSonnante(), -1) << "no ninth string";
+  // The note sounding after each key; no ninth string.
+  const std::pair<Qt::Key, int> touches[] = {{Qt::Key_2, 59},      {Qt::Key_Down, 55},
+                                             {Qt::Key_Space, -1},  {Qt::Key_Space, 55},
+                                             {Qt::Key_Escape, -1}, {Qt::Key_9, -1}};
+  for (const auto& [touche, note] : touches) {
+    QTest::keyClick(&t, touche);
+    EXPECT_EQ(t.noteSonnante(), note) << touche;
+    EXPECT_EQ(t.Timer1().isActive(), note != -1) << touche;
+  }
 }
 
 TEST_F(Accordeur, ListenSaysWhenThereIsNoInputAndReadsTheStringItHears) {

@@ -1,18 +1,10 @@
 // The scale window on the real main window, offscreen: lists, marks on the
 // strip, playing, the copy and the print, the options, a damaged file.
 #include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QListWidget>
-#include <QPrinter>
 #include <QPushButton>
-#include <QSlider>
 
-#include "controls/picture_button.h"
 #include "fgammes_copier.h"
 #include "gammes_banc.h"
-#include "outils_banc.h"
 
 namespace vt::essai {
 namespace {

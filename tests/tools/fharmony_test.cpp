@@ -1,11 +1,8 @@
 // The harmoniser on the real main window, offscreen: clicks on the strip,
 // the two modes, the list, and the jump from a line to its scale or chord.
-#include <QLabel>
-#include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
-#include "controls/picture_button.h"
 #include "gammes_banc.h"
 
 namespace vt::essai {

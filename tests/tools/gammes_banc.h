@@ -3,15 +3,10 @@
 // for), and the colour of the strip at a fret and a string.
 #pragma once
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QImage>
-#include <QTest>
 
-#include "../shell/banc.h"
-#include "shell/manche.h"
-#include "shell/manche_geometry.h"
+#include "outils_banc.h"
 #include "tools/fgammes.h"
 #include "tools/fharmony.h"
 

@@ -1,50 +1,26 @@
-// The media player: the start/stop toggle and its pictures on a short WAV the
-// test writes, its end, the error of the backend in a box, the speed and the
-// A-B loop, the lists and the folder kept. Skipped, with a word, on a machine
-// whose media backend cannot play a WAV file.
-#include <QComboBox>
+// The media player on a short WAV; skipped, with a word, where the backend
+// cannot play one.
 #include <QDir>
 #include <QFile>
-#include <QLabel>
 #include <QListView>
 #include <QMediaPlayer>
-#include <QSlider>
 #include <QTemporaryDir>
-#include <cmath>
 
-#include "controls/picture_button.h"
 #include "lecteur_mci.h"
 #include "outils_banc.h"
+#include "sound/rendu_hors_ligne.h"
 
 namespace vt::essai {
 namespace {
 
-// A second of A4, 16-bit mono at 44.1 kHz.
+// A short A4, rendered to a WAV file.
 void écrisWav(const QString& chemin, int millisecondes) {
-  const quint32 n = quint32(44.1 * millisecondes);
-  QByteArray o("RIFF\0\0\0\0WAVEfmt ", 16);
-  const auto u32 = [&](quint32 v) {
-    for (int i = 0; i < 4; ++i)
-      o.append(char(v >> (8 * i)));
-  };
-  const auto u16 = [&](quint16 v) {
-    o.append(char(v & 0xFF));
-    o.append(char(v >> 8));
-  };
-  u32(16);
-  u16(1);
-  u16(1);
-  u32(44100);
-  u32(88200);
-  u16(2);
-  u16(16);
-  o.append("data", 4);
-  u32(2 * n);
-  for (quint32 i = 0; i < n; ++i)
-    u16(quint16(qint16(8000 * std::sin(2 * 3.14159265 * 440 * i / 44100.0))));
-  QFile f(chemin);
-  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-  f.write(o);
+  OptionsRendu o;
+  o.traîneMs = 0;
+  ASSERT_TRUE(
+      rendreWav({{0, midiPack(0x90, 69, 100)}, {double(millisecondes), midiPack(0x80, 69, 0)}},
+                chemin.toStdString(), o)
+          .ok);
 }
 
 class Multimedia : public Outils {

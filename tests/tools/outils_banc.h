@@ -3,11 +3,22 @@
 // (through the program's own MVantoro), and the three windows registered.
 #pragma once
 
+#include <QClipboard>
+#include <QComboBox>
 #include <QCoreApplication>
 #include <QDialog>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QPrinter>
+#include <QSlider>
 #include <QTest>
 
 #include "../shell/banc.h"
+#include "controls/picture_button.h"
+#include "shell/manche.h"
+#include "shell/manche_geometry.h"
 #include "son_systeme.h"
 #include "sound/midi_out.h"
 #include "sound/sortie_journal.h"
@@ -68,11 +79,7 @@ class Outils : public Banc {
 
   // The messages sent since the last call, as "90 28 7F".
   std::vector<std::string> midi() {
-    std::vector<std::string> r;
-    for (const MessageDate& m : journalMidi->messages()) {
-      const std::string l = ligneJournal(m);
-      r.push_back(l.substr(l.find(' ') + 1));
-    }
+    const std::vector<std::string> r = octets(*journalMidi);
     journalMidi->efface();
     return r;
   }

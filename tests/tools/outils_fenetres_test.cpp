@@ -1,7 +1,4 @@
-// The tuner, the metronome and the media player join the main window: the
-// Windows menu and its keys, the toolbar, the start-up list, and the options
-// dialog on the page of each.
-#include "controls/picture_button.h"
+// The tuner, the metronome and the media player join the main window.
 #include "outils_banc.h"
 
 namespace vt::essai {
