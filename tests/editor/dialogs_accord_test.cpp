@@ -1,14 +1,22 @@
 // FTabAccord: the diagram fingered by clicks, the track's diagrams to reuse,
-// written at the cursor on OK or removed from it.
+// written at the cursor on OK or removed from it. fTabDrums: every General MIDI
+// drum from 35 to 63 under one family, chosen by name, handed on as its note.
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
+#include <QToolButton>
+#include <set>
 
+#include "dialogs/batterie.h"
 #include "dialogs/diagramme_accord.h"
 #include "dialogs/ftab_accord.h"
+#include "dialogs/ftab_drums.h"
 #include "dialogs/pic_accord.h"
 #include "dialogs_support.h"
 
@@ -39,27 +47,25 @@ void clique(FTabAccord& d, int corde, int rang) {
   QTest::mouseClick(d.picAccord(), Qt::LeftButton, {}, d.picAccord()->point(corde, rang));
 }
 
+// The list holds each diagram of the track once; no chord at the cursor: an
+// empty diagram, nothing to delete; an entry chosen is loaded from its first fret.
 TEST(Accord, TheListHoldsEachDiagramOfTheTrackOnce) {
   CVantoroTablature doc = pieceAvecAccords();
   FTabAccord d(kAnglais, doc, 1, 1, 48);
   ASSERT_EQ(d.liste().size(), 3u);
-  EXPECT_EQ(d.liste()[0].nom, "C");
-  EXPECT_EQ(d.liste()[1].nom, "G");
+  EXPECT_EQ(std::pair(d.liste()[0].nom, d.liste()[1].nom), std::pair(QString("C"), QString("G")));
   EXPECT_EQ(enfant<QListWidget>(&d, "lstChord")->count(), 3);
-  // No chord at the cursor: an empty diagram, nothing to delete.
   EXPECT_EQ(d.diagramme(), Diagramme::vide(6));
   EXPECT_FALSE(enfant<QPushButton>(&d, "btnDelete")->isEnabled());
-  // Choosing an entry loads it, shown from its first fret.
   enfant<QListWidget>(&d, "lstChord")->setCurrentRow(2);
-  EXPECT_EQ(d.diagramme().nom, "Bm7");
-  EXPECT_EQ(enfant<QSpinBox>(&d, "udPos")->value(), 7);
-  EXPECT_EQ(enfant<QLineEdit>(&d, "txtNom")->text(), "Bm7");
+  EXPECT_EQ(
+      std::pair(enfant<QSpinBox>(&d, "udPos")->value(), enfant<QLineEdit>(&d, "txtNom")->text()),
+      std::pair(7, QString("Bm7")));
   ok(d);
-  EXPECT_TRUE(d.modifie());
   const int n = doc.searchMesureAccord(1, 1, 48);
   ASSERT_EQ(n, 2);
-  EXPECT_EQ(doc.getMesureAccordNom(1, 1, n), "Bm7");
-  EXPECT_EQ(doc.getMesureAccordCorde(1, 1, n, 4), 9);
+  EXPECT_EQ(std::pair(doc.getMesureAccordNom(1, 1, n), doc.getMesureAccordCorde(1, 1, n, 4)),
+            std::pair(std::string("Bm7"), 9));
 }
 
 TEST(Accord, ClicksFingerTheDiagramAndOkWritesItAtTheCursor) {
@@ -186,6 +192,53 @@ TEST(DiagrammeAccord, EveryStringAndRowIsFoundWhereItIsDrawn) {
                             corde, rang));
     EXPECT_FALSE(geo.touche(QPointF(geo.xCorde(1) + geo.ecartCordes(), geo.yRang(1)), corde, rang));
   }
+}
+
+TEST(Drums, EveryDrumStandsInOneFamilyOnce) {
+  std::multiset<int> notes;
+  for (const FamilleBatterie& f : famillesBatterie()) {
+    notes.insert(f.notes.begin(), f.notes.end());
+    EXPECT_NE(std::find(f.notes.begin(), f.notes.end(), f.parDefaut), f.notes.end()) << f.bouton;
+  }
+  std::multiset<int> attendues;
+  for (int n = kPremiereBatterie; n <= kDerniereBatterie; ++n)
+    attendues.insert(n);
+  EXPECT_EQ(notes, attendues);
+  EXPECT_EQ(libelleBatterie(34), 0);
+  EXPECT_EQ(libelleBatterie(64), 0);
+}
+
+TEST(Drums, AChosenNameGivesItsNoteAndThePlainButtonRepeatsIt) {
+  fTabDrums drums(kAnglais);
+  QSignalSpy choix(&drums, &fTabDrums::drumChoisi);
+  EXPECT_EQ(drums.windowTitle(), "Drums");
+  EXPECT_EQ(drums.note(), 0);
+  const struct {
+    const char* bouton;
+    const char* action;
+    const char* nom;
+    int note;
+  } cas[] = {
+      {"btnSD", "drum38", "Acoustic Snare", 38},     {"btnHH", "drum46", "Open Hi-Hat", 46},
+      {"btnBD", "drum35", "Acoustic Bass Drum", 35}, {"btnCC", "drum57", "Crash Cymbal 2", 57},
+      {"btnP", "drum63", "Open Hi Conga", 63},       {"btnT", "drum41", "Low Floor Tom", 41}};
+  for (const auto& c : cas) {
+    auto* b = enfant<QToolButton>(&drums, c.bouton);
+    QAction* a = enfant<QAction>(b->menu(), c.action);
+    EXPECT_EQ(a->text(), c.nom);
+    a->trigger();
+    EXPECT_EQ(drums.note(), c.note);
+    ASSERT_FALSE(choix.isEmpty());
+    EXPECT_EQ(choix.takeLast().at(0).toInt(), c.note);
+    EXPECT_EQ(b->toolTip(), c.nom);
+    // The button itself gives the family's sound last chosen.
+    b->click();
+    EXPECT_EQ(choix.takeLast().at(0).toInt(), c.note);
+  }
+  // Untouched families give their usual sound.
+  enfant<QToolButton>(&drums, "btnRC")->click();
+  EXPECT_EQ(drums.note(), 51);
+  EXPECT_EQ(enfant<QToolButton>(&drums, "btnRC")->text(), "Ride cymbal");
 }
 
 }  // namespace

@@ -70,9 +70,7 @@ class Apparence : public ::testing::TestWithParam<int> {
  protected:
   Textes t{GetParam()};
   QString langue = GetParam() == kLangFrançais ? QStringLiteral("fr") : QStringLiteral("en");
-  CatalogueGuitares catalogue = CatalogueGuitares::fromText(
-      "[Accordeur]\nnbrGuitares=1\n[1]\nnom=Guitare\nnomEN=Guitar\nnbrCordes=6\nnbrCases=24\n"
-      "corde1=64\ncorde2=59\ncorde3=55\ncorde4=50\ncorde5=45\ncorde6=40\ncapodastre=0\n");
+  CatalogueGuitares catalogue = CatalogueGuitares::fromText(kGuitareEtBasse);
   CVantoroTablature doc = document(2, 3);
 
   void regarde(QWidget* w, const QString& nom) {

@@ -11,6 +11,7 @@
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <memory>
+#include <tuple>
 
 #include "../formats/midi_test_files.h"
 #include "dialogs/fmid2vtb.h"
@@ -27,10 +28,7 @@ using test::smf;
 using Notes = std::vector<Note>;
 
 std::string octets(std::initializer_list<int> l) {
-  std::string s;
-  for (int b : l)
-    s.push_back(static_cast<char>(b));
-  return s;
+  return std::string(l.begin(), l.end());
 }
 
 // A conductor (title, 100 bpm), a guitar, a bass on channel 2 and a track of no notes.
@@ -69,6 +67,15 @@ void choisir(const QDialog& d, int k, int source) {
 
 QString texte(const QDialog& d, const char* label) {
   return enfant<QLabel>(&d, label)->text();
+}
+
+// An imported piece as a whole: tracks, bars, tempo, title, undo depth, changed.
+std::tuple<int, int, int, std::string, int, bool> pièce(const CVantoroTablature& d) {
+  return {d.getPisteLast(), d.getMesureLast(), d.tempo, d.titre, d.getUndoDepth(), d.modifi};
+}
+// A track's instrument: strings, frets and name.
+std::tuple<int, int, std::string> instrument(const CVantoroTablature& d, int p) {
+  return {d.getGuitareNbrCordes(p), d.getGuitareNbrCases(p), d.getGuitareNom(p)};
 }
 
 const CatalogueGuitares kSansCatalogue;
@@ -110,14 +117,14 @@ class Import : public ::testing::Test {
 TEST_F(Import, MidiTracksAreListedTheOnesWithNotesChosenAndConvertedOnOk) {
   auto d = midi(écrire("song.mid", morceau()));
   ASSERT_TRUE(d->lu());
-  EXPECT_EQ(d->findChild<QLabel*>(QStringLiteral("lblAvis")),
-            nullptr);  // format 1
-  for (int k = 1; k <= Fmid2vtb::kCibles; ++k)
+  EXPECT_EQ(d->findChild<QLabel*>(QStringLiteral("lblAvis")), nullptr);  // format 1
+  QStringList choisies;
+  for (int k = 1; k <= Fmid2vtb::kCibles; ++k) {
     EXPECT_EQ(entrées(liste(*d, k)),
               (QStringList{"(none)", "Conducteur: 0", "Guitare: 1", "Basse: 2", "Vide: 3"}));
-  EXPECT_EQ(liste(*d, 1)->currentText(), "Guitare: 1");
-  EXPECT_EQ(liste(*d, 2)->currentText(), "Basse: 2");
-  EXPECT_EQ(liste(*d, 3)->currentText(), "(none)");
+    choisies << liste(*d, k)->currentText();
+  }
+  EXPECT_EQ(choisies.mid(0, 3), (QStringList{"Guitare: 1", "Basse: 2", "(none)"}));
   EXPECT_EQ(d->choix(), (std::vector<int>{1, 2}));
   EXPECT_EQ(enfant<QCommandLinkButton>(d.get(), "btnOk")->description(),
             "You want to convert the track Guitare: 1, Basse: 2 of the file song.mid. Click "
@@ -126,17 +133,13 @@ TEST_F(Import, MidiTracksAreListedTheOnesWithNotesChosenAndConvertedOnOk) {
 
   ok(*d);
   ASSERT_TRUE(d->remplace());
-  EXPECT_EQ(doc.getPisteLast(), 2);
+  // The old document's steps went with it; a piece without a file of its own is changed.
+  EXPECT_EQ(pièce(doc), std::tuple(2, 1, 100, "Conducteur", 0, true));
   EXPECT_EQ(doc.getPisteNom(1), "Guitare");
   EXPECT_EQ(doc.getPisteNom(2), "Basse");
   EXPECT_EQ(corde(doc, 1, 1, 1), (Notes{{0, 0, 48}, {48, 3, 48}}));
   EXPECT_EQ(corde(doc, 2, 1, 6), (Notes{{0, 0, 96}}));
   EXPECT_EQ(doc.getNoteVolume(2, 1, 6, 1), 90);
-  EXPECT_EQ(doc.tempo, 100);
-  EXPECT_EQ(doc.titre, "Conducteur");
-  EXPECT_EQ(doc.getMesureLast(), 1);
-  EXPECT_EQ(doc.getUndoDepth(), 0);  // the old document's steps went with it
-  EXPECT_EQ(doc.modifi, kVrai);      // a piece without a file of its own
   // The last step is still shown, the bar full.
   EXPECT_EQ(texte(*d, "txtKeskispasse"), "Arranging the notes...");
   auto* barre = enfant<QProgressBar>(d.get(), "ProgressBar");
@@ -150,9 +153,8 @@ TEST_F(Import, MidiTranspositionAndTheTempoOptionReachTheConversion) {
   enfant<QCheckBox>(d.get(), "chkTempos")->setChecked(false);
   ok(*d);
   ASSERT_TRUE(d->remplace());
-  EXPECT_EQ(doc.getPisteLast(), 1);
+  EXPECT_EQ(pièce(doc), std::tuple(1, 1, 120, "Conducteur", 0, true));
   EXPECT_EQ(corde(doc, 1, 1, 1), (Notes{{0, 12, 48}, {48, 15, 48}}));
-  EXPECT_EQ(doc.tempo, 120);
 }
 
 TEST_F(Import, AMidiFormat0FileOffersItsChannelsWithANotice) {
@@ -187,7 +189,6 @@ TEST_F(Import, AMidiTrackWithoutNotesOrNoChoiceIsRefusedInTheDialog) {
   EXPECT_TRUE(d->isVisible());
   EXPECT_FALSE(d->remplace());
   EXPECT_EQ(texte(*d, "lblErreur"), "This track contains no note!\nVide: 3");
-  EXPECT_TRUE(doc == avant);
 
   for (int k = 1; k <= Fmid2vtb::kCibles; ++k)
     choisir(*d, k, -1);
@@ -236,17 +237,19 @@ TEST_F(Import, AFileThatCannotBeReadIsNotShown) {
   };
   for (const auto& c : cas) {
     SCOPED_TRACE(c.message);
+    QString refus;
     if (c.midi) {
       auto m = midi(c.chemin, c.langue);
       EXPECT_FALSE(m->lu());
-      EXPECT_TRUE(m->refus().startsWith(QString::fromUtf8(c.message))) << m->refus().toStdString();
+      refus = m->refus();
       m->accept();  // nothing to convert
       EXPECT_FALSE(m->remplace());
     } else {
       auto a = ascii(c.chemin, c.langue);
       EXPECT_FALSE(a->lu());
-      EXPECT_TRUE(a->refus().startsWith(QString::fromUtf8(c.message))) << a->refus().toStdString();
+      refus = a->refus();
     }
+    EXPECT_TRUE(refus.startsWith(QString::fromUtf8(c.message))) << refus.toStdString();
   }
   EXPECT_TRUE(doc == avant);
 }
@@ -273,12 +276,6 @@ TEST_F(Import, CancelLeavesTheDocumentAndHelpOpensTheImportPage) {
 }
 
 TEST_F(Import, AMidiTuningRestoredFromTheFileTakesItsInstrumentFromTheCatalogue) {
-  const CatalogueGuitares catalogue = CatalogueGuitares::fromText(
-      "[Accordeur]\nnbrGuitares=2\n"
-      "[1]\nnom=Guitare\nnomEN=Guitar\nnbrCordes=6\nnbrCases=24\ncorde1=64\ncorde2=59\n"
-      "corde3=55\ncorde4=50\ncorde5=45\ncorde6=40\ncapodastre=0\n"
-      "[2]\nnom=Basse\nnomEN=Bass\nnbrCordes=4\nnbrCases=20\ncorde1=43\ncorde2=38\n"
-      "corde3=33\ncorde4=28\ncapodastre=0\n");
   // An RMTF track header gives each track its strings: a known bass, an
   // unknown three-string tuning; the third track has none.
   const Octets o =
@@ -286,18 +283,15 @@ TEST_F(Import, AMidiTuningRestoredFromTheFileTakesItsInstrumentFromTheCatalogue)
           {PisteMidi().meta(0, 0x10, octets({0, 0, 43, 38, 33, 28})).on(0, 45).off(60, 45).fin(60),
            PisteMidi().meta(0, 0x10, octets({1, 0, 60, 55, 50})).on(0, 62).off(60, 62).fin(60),
            PisteMidi().on(0, 64).off(60, 64).fin(60)});
+  const CatalogueGuitares catalogue = CatalogueGuitares::fromText(kGuitareEtBasse);
   auto d = midi(écrire("rmtf.mid", o), kAnglais, catalogue);
   ok(*d);
   ASSERT_TRUE(d->remplace());
   ASSERT_EQ(doc.getPisteLast(), 3);
-  EXPECT_EQ(doc.getGuitareNbrCordes(1), 4);
-  EXPECT_EQ(doc.getGuitareNom(1), "Bass");
-  EXPECT_EQ(doc.getGuitareNbrCases(1), 20);
+  EXPECT_EQ(instrument(doc, 1), std::tuple(4, 20, "Bass"));
   EXPECT_EQ(corde(doc, 1, 1, 1), (Notes{{0, 2, 24}}));
-  EXPECT_EQ(doc.getGuitareNbrCordes(2), 3);
-  EXPECT_EQ(doc.getGuitareNom(2), "");
-  EXPECT_EQ(doc.getGuitareNom(3),
-            "Guitare");  // the current instrument, unchanged
+  EXPECT_EQ(instrument(doc, 2), std::tuple(3, 24, ""));
+  EXPECT_EQ(doc.getGuitareNom(3), "Guitare");  // the current instrument, unchanged
 }
 
 // A title in Windows-1252, then one block of six strings.
@@ -311,7 +305,9 @@ const std::string kTexte =
     "A|---------|\n"
     "E|3--------|\n";
 
-TEST_F(Import, TheAsciiTextIsShownAndTheRhythmToolbarHasOneButtonDown) {
+// The text is shown; one rhythm button is down at a time, each with its
+// length, the eighth at the start; the one down is the column length of the conversion.
+TEST_F(Import, TheAsciiTextIsShownAndConvertedWithTheChosenColumnLength) {
   auto d = ascii(écrire("tab.txt", kTexte));
   ASSERT_TRUE(d->lu());
   auto* montré = enfant<QPlainTextEdit>(d.get(), "txtTab");
@@ -319,10 +315,8 @@ TEST_F(Import, TheAsciiTextIsShownAndTheRhythmToolbarHasOneButtonDown) {
       montré->toPlainText().startsWith(QString::fromUtf8("Titre: Caf\u00E9\n\ne|-----0---|")))
       << montré->toPlainText().toStdString();
   EXPECT_TRUE(montré->isReadOnly());
-  EXPECT_EQ(d->rythme(), 24);
   EXPECT_EQ(enfant<QAction>(d.get(), "tbRythme_ronde")->toolTip(), "Whole note");
   EXPECT_EQ(enfant<QAction>(d.get(), "tbRythme_quadruple")->toolTip(), "Sixty-fourth note");
-  // One down at a time, each with its length; the eighth at the start.
   const int ticks[] = {192, 96, 48, 24, 12, 6, 3};
   for (int i = 0; i <= Ftab2vtb::kRythmes; ++i) {
     if (i > 0) d->boutonRythme(i)->trigger();
@@ -331,22 +325,15 @@ TEST_F(Import, TheAsciiTextIsShownAndTheRhythmToolbarHasOneButtonDown) {
     for (int j = 1; j <= Ftab2vtb::kRythmes; ++j)
       EXPECT_EQ(d->boutonRythme(j)->isChecked(), j == enfoncé) << i << " " << j;
   }
-}
-
-TEST_F(Import, AsciiConvertReplacesTheDocumentWithTheChosenColumnLength) {
-  auto d = ascii(écrire("tab.txt", kTexte));
   enfant<QAction>(d.get(), "tbRythme_double")->trigger();
   ok(*d);
   ASSERT_TRUE(d->remplace());
-  EXPECT_EQ(doc.getPisteLast(), 1);
-  EXPECT_EQ(doc.getMesureLast(), 2);  // the closing bar line took the next bar
-  EXPECT_EQ(doc.titre, "");
-  EXPECT_EQ(corde(doc, 1, 1, 6), (Notes{{0, 3, 12}}));
-  EXPECT_EQ(corde(doc, 1, 1, 3), (Notes{{12, 2, 12}}));
-  EXPECT_EQ(corde(doc, 1, 1, 2), (Notes{{36, 1, 12}}));
-  EXPECT_EQ(corde(doc, 1, 1, 1), (Notes{{60, 0, 12}}));
-  EXPECT_EQ(doc.getUndoDepth(), 0);
-  EXPECT_EQ(doc.modifi, kVrai);
+  // The closing bar line took the next bar.
+  EXPECT_EQ(pièce(doc), std::tuple(1, 2, 120, "", 0, true));
+  const std::vector<Notes> attendues = {{{60, 0, 12}}, {{36, 1, 12}}, {{12, 2, 12}}, {}, {},
+                                        {{0, 3, 12}}};
+  for (int c = 1; c <= 6; ++c)
+    EXPECT_EQ(corde(doc, 1, 1, c), attendues[static_cast<std::size_t>(c - 1)]) << c;
   EXPECT_EQ(texte(*d, "txtKeskispasse"), "Converting...");
 }
 
@@ -376,8 +363,7 @@ TEST_F(Import, TheAsciiTrackIsSixStringedWhateverTheCurrentInstrument) {
   Ftab2vtb d(kAnglais, catalogue, basse, écrire("tab.txt", kTexte), doc);
   ok(d);
   ASSERT_TRUE(d.remplace());
-  EXPECT_EQ(doc.getGuitareNbrCordes(1), 6);
-  EXPECT_EQ(doc.getGuitareNom(1), "Guitar, open G");
+  EXPECT_EQ(instrument(doc, 1), std::tuple(6, 22, "Guitar, open G"));
   EXPECT_EQ(doc.getGuitareCorde(1, 1), 62);
   EXPECT_EQ(corde(doc, 1, 1, 6), (Notes{{0, 3, 24}}));
 

@@ -1,9 +1,16 @@
-// The bar header dialogs: time signature (and what a narrower bar cuts), key signature, bar lines.
+// The bar header dialogs: time signature (and what a narrower bar cuts), key signature, bar lines;
+// the bar range dialog of the bar commands.
+#include <QApplication>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QTimer>
+#include <functional>
+#include <tuple>
 
+#include "dialogs/dialogs.h"
 #include "dialogs/ftab_get_key_signature.h"
 #include "dialogs/ftab_get_time_signature.h"
 #include "dialogs/ftab_mesure.h"
@@ -12,6 +19,11 @@
 
 namespace vt::essai {
 namespace {
+
+// The signature bar `m` holds: top and bottom.
+std::pair<int, int> signatureDe(const CVantoroTablature& doc, int m) {
+  return {doc.getMesureSignatureUp(m), doc.getMesureSignatureDn(m)};
+}
 
 void signature(QDialog& d, int haut, int bas) {
   enfant<QSpinBox>(&d, "udHaut")->setValue(haut);
@@ -58,19 +70,17 @@ TEST(TimeSignature, ANarrowerBarShowsWhatItCutsAndCutsItOnEveryTrack) {
   EXPECT_TRUE(d.modifie());
   EXPECT_EQ(doc.modifi, kVrai);
 
-  EXPECT_EQ(doc.getMesureSignatureUp(2), 6);
-  EXPECT_EQ(doc.getMesureSignatureDn(2), 8);
+  EXPECT_EQ(signatureDe(doc, 2), std::pair(6, 8));
   EXPECT_EQ(doc.getMesureLargeur(2), 144);
   EXPECT_EQ(doc.getMesureSignatureUp(3), 4);
-  EXPECT_EQ(doc.getNoteLast(1, 2, 3), 0);
-  EXPECT_EQ(doc.getNoteLast(2, 2, 6), 0);
-  EXPECT_EQ(doc.getMesureAccordLast(2, 2), 0);
-  EXPECT_EQ(doc.getMesureTexteUpLast(2, 2), 0);
-  EXPECT_EQ(doc.getMesureTempoLast(2), 1);
-  EXPECT_EQ(doc.getMesureTempoX(2, 1), 48);
+  // Gone: notes, chord, text and tempo change past tick 144, on both tracks.
+  EXPECT_EQ(std::tuple(doc.getNoteLast(1, 2, 3), doc.getNoteLast(2, 2, 6),
+                       doc.getMesureAccordLast(2, 2), doc.getMesureTexteUpLast(2, 2),
+                       doc.getMesureTempoLast(2), doc.getMesureTempoX(2, 1)),
+            std::tuple(0, 0, 0, 0, 1, 48));
   // What lies before the new end stays, even a note that now runs past it.
-  EXPECT_EQ(doc.getNoteCase(1, 2, 1, 1), 3);
-  EXPECT_EQ(doc.getNoteDurée(1, 2, 2, 1), 96);
+  EXPECT_EQ(corde(doc, 1, 2, 1), (std::vector<Note>{{0, 3, 48}}));
+  EXPECT_EQ(corde(doc, 1, 2, 2), (std::vector<Note>{{96, 5, 96}}));
   EXPECT_EQ(doc.getMesureTexteDnContenu(1, 2, 1), "verse");
   EXPECT_EQ(doc.getNoteLast(1, 3, 1), 1);
 }
@@ -83,12 +93,11 @@ TEST(TimeSignature, FromAMeasureOnItHoldsUpToTheNextChange) {
   EXPECT_TRUE(enfant<QRadioButton>(&d, "optSuite")->isChecked());
   signature(d, 7, 8);
   ok(d);
-  const int hauts[] = {0, 4, 7, 7, 6, 4, 4};
-  const int bas[] = {0, 4, 8, 8, 8, 4, 4};
-  for (int m = 1; m <= 6; ++m) {
-    EXPECT_EQ(doc.getMesureSignatureUp(m), hauts[m]) << m;
-    EXPECT_EQ(doc.getMesureSignatureDn(m), bas[m]) << m;
-  }
+  std::vector<std::pair<int, int>> lues;
+  for (int m = 1; m <= 6; ++m)
+    lues.push_back(signatureDe(doc, m));
+  EXPECT_EQ(lues,
+            (std::vector<std::pair<int, int>>{{4, 4}, {7, 8}, {7, 8}, {6, 8}, {4, 4}, {4, 4}}));
   // Choosing another bar primes the fields with its signature.
   FTabGetTimeSignature e(kAnglais, doc, 1);
   enfant<QSpinBox>(&e, "udMesure")->setValue(4);
@@ -143,12 +152,13 @@ TEST(KeySignature, NamesEveryKeyAndWritesTheStoredByte) {
   EXPECT_EQ(liste->currentText(), "C minor (3 flats)");
   EXPECT_EQ(d.tonalite(), 69);
   ok(d);
-  EXPECT_EQ(doc.getMesureTonalité(1), 69);
-  EXPECT_EQ(doc.getMesureTonalité(2), 69);
-  EXPECT_EQ(doc.getMesureTonalitéAltérations(2), -3);
-  EXPECT_EQ(doc.getMesureTonalitéMode(2), kFaux);
-  EXPECT_EQ(doc.getMesureTonalité(3), 9);  // the next change stays
-  EXPECT_EQ(doc.getMesureTonalité(4), 8);
+  const auto tonalités = [&doc] {
+    return std::vector<int>{doc.getMesureTonalité(1), doc.getMesureTonalité(2),
+                            doc.getMesureTonalité(3), doc.getMesureTonalité(4)};
+  };
+  EXPECT_EQ(tonalités(), (std::vector<int>{69, 69, 9, 8}));  // the next change stays
+  EXPECT_EQ(std::pair(doc.getMesureTonalitéAltérations(2), doc.getMesureTonalitéMode(2)),
+            std::pair(-3, kFaux));
 
   // A stored minor key opens as it is; one bar alone; Cancel changes nothing.
   FTabGetKeySignature e(kFrancais, doc, 2);
@@ -163,9 +173,7 @@ TEST(KeySignature, NamesEveryKeyAndWritesTheStoredByte) {
   enfant<QRadioButton>(&f, "optSeule")->setChecked(true);
   enfant<QRadioButton>(&f, "optMajeur")->setChecked(true);
   ok(f);
-  EXPECT_EQ(doc.getMesureTonalité(1), 69);
-  EXPECT_EQ(doc.getMesureTonalité(2), 5);
-  EXPECT_EQ(doc.getMesureTonalité(3), 9);
+  EXPECT_EQ(tonalités(), (std::vector<int>{69, 5, 9, 8}));
 }
 
 TEST(BarLines, RepeatsTakeTheirCountOtherLinesWriteNoneAndNothingChangedWritesNothing) {
@@ -197,20 +205,101 @@ TEST(BarLines, RepeatsTakeTheirCountOtherLinesWriteNoneAndNothingChangedWritesNo
     ok(d);
     EXPECT_TRUE(d.modifie());
   }
-  EXPECT_EQ(doc.getMesureLoopGaucheType(2), barre::kRepetition);
-  EXPECT_EQ(doc.getMesureLoopDroiteType(2), barre::kRepetition);
-  EXPECT_EQ(doc.getMesureLoopDroiteData(2), 3);
-  EXPECT_EQ(doc.getMesureLoopGaucheData(2), 7);
-  EXPECT_EQ(doc.modifi, kVrai);
+  // The left line, the right one, its count, and the left's data kept.
+  const auto barres = [&doc] {
+    return std::tuple(doc.getMesureLoopGaucheType(2), doc.getMesureLoopDroiteType(2),
+                      doc.getMesureLoopDroiteData(2), doc.getMesureLoopGaucheData(2));
+  };
+  EXPECT_EQ(barres(), std::tuple(barre::kRepetition, barre::kRepetition, 3, 7));
   {
     FTabMesure d(kAnglais, doc, 2);
     EXPECT_EQ(enfant<QSpinBox>(&d, "udPassages")->value(), 3);
     enfant<QComboBox>(&d, "cmbDroite")->setCurrentIndex(barre::kFinale);
     ok(d);
   }
-  EXPECT_EQ(doc.getMesureLoopDroiteType(2), barre::kFinale);
-  EXPECT_EQ(doc.getMesureLoopDroiteData(2), 0);
-  EXPECT_EQ(doc.getMesureLoopGaucheType(2), barre::kRepetition);
+  EXPECT_EQ(barres(), std::tuple(barre::kRepetition, barre::kFinale, 0, 7));
+}
+
+// Runs `geste` on the dialog once it is shown modally.
+void quandOuvert(const std::function<void(FTabMesureEdit&)>& geste) {
+  QTimer::singleShot(0, [geste] {
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (auto* d = qobject_cast<FTabMesureEdit*>(w); d != nullptr && d->isVisible()) {
+        geste(*d);
+        return;
+      }
+    ADD_FAILURE() << "the dialog was not shown";
+  });
+}
+
+TEST(MesureEdit, StartsAtTheCursorsBarAndStaysInsideTheDocument) {
+  CVantoroTablature doc = document(2, 10);
+  doc.setCurseurMesure(7);
+  for (int mode : {2, 3, 4}) {
+    FTabMesureEdit d(kAnglais, doc, mode);
+    auto* de = enfant<QSpinBox>(&d, "udMesureFrom");
+    auto* nombre = enfant<QSpinBox>(&d, "udMesureNumber");
+    EXPECT_EQ(
+        std::tuple(de->value(), de->minimum(), de->maximum(), nombre->value(), nombre->maximum()),
+        std::tuple(7, 1, 10, 1, 4))
+        << mode;
+    nombre->setValue(4);
+    de->setValue(9);  // two bars left: the number follows
+    EXPECT_EQ(std::pair(nombre->maximum(), nombre->value()), std::pair(2, 2));
+    de->setValue(1);
+    EXPECT_EQ(nombre->maximum(), 10);
+    nombre->setValue(12);
+    EXPECT_EQ(d.positions(), (PositionsMesures{1, 10, false}));
+  }
+  // Inserting reaches past the end.
+  FTabMesureEdit d(kAnglais, doc, FTabMesureEdit::kInserer);
+  auto* nombre = enfant<QSpinBox>(&d, "udMesureNumber");
+  enfant<QSpinBox>(&d, "udMesureFrom")->setValue(10);
+  nombre->setValue(500);
+  EXPECT_EQ(nombre->maximum(), FTabMesureEdit::kMaxInsertion);
+  EXPECT_EQ(d.positions(), (PositionsMesures{10, 500, false}));
+}
+
+// Every track may be chosen, but copy takes the current one.
+TEST(MesureEdit, TheTrackChoiceAndCopyWhichTakesTheCurrentTrack) {
+  const CVantoroTablature doc = document(3, 4);
+  for (const int mode : {FTabMesureEdit::kCouper, FTabMesureEdit::kCopier}) {
+    FTabMesureEdit d(kAnglais, doc, mode);
+    auto* courante = enfant<QRadioButton>(&d, "optPiste_0");
+    EXPECT_EQ(courante->text(), "The current track");
+    EXPECT_TRUE(courante->isChecked());
+    enfant<QRadioButton>(&d, "optPiste_1")->setChecked(true);
+    EXPECT_EQ(enfant<QRadioButton>(&d, "optPiste_1")->isEnabled(), mode != FTabMesureEdit::kCopier);
+    EXPECT_EQ(d.positions().toutesPistes, mode != FTabMesureEdit::kCopier);
+  }
+}
+
+TEST(MesureEdit, OkHandsBackTheRangeCancelAndUnknownModesNothing) {
+  CVantoroTablature doc = document(2, 6);
+  doc.setCurseurMesure(3);
+  const CVantoroTablature avant = doc;
+  PositionsMesures out{9, 9, false};
+
+  quandOuvert([](FTabMesureEdit& d) {
+    enfant<QSpinBox>(&d, "udMesureNumber")->setValue(2);
+    enfant<QRadioButton>(&d, "optPiste_1")->setChecked(true);
+    ok(d);
+  });
+  EXPECT_TRUE(FTabMesureEdit::getMesurePositions(nullptr, kAnglais, doc, 4, out));
+  EXPECT_EQ(out, (PositionsMesures{3, 2, true}));
+
+  quandOuvert([](FTabMesureEdit& d) {
+    enfant<QSpinBox>(&d, "udMesureFrom")->setValue(1);
+    annuler(d);
+  });
+  EXPECT_FALSE(FTabMesureEdit::getMesurePositions(nullptr, kAnglais, doc, 1, out));
+  EXPECT_EQ(out, (PositionsMesures{3, 2, true}));
+
+  EXPECT_FALSE(FTabMesureEdit::getMesurePositions(nullptr, kAnglais, doc, 0, out));
+  EXPECT_FALSE(FTabMesureEdit::getMesurePositions(nullptr, kAnglais, doc, 5, out));
+  EXPECT_EQ(out, (PositionsMesures{3, 2, true}));
+  // The dialog only reads.
+  EXPECT_TRUE(doc == avant);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QTest>
+#include <tuple>
 
 #include "dialogs/ftab_proprietes.h"
 #include "dialogs/note_midi.h"
@@ -19,43 +20,56 @@
 namespace vt::essai {
 namespace {
 
-const char* const kCatalogue =
-    "[Accordeur]\nnbrGuitares=2\n"
-    "[1]\nnom=Guitare\nnomEN=Guitar\nnbrCordes=6\nnbrCases=24\ncorde1=64\ncorde2=59\n"
-    "corde3=55\ncorde4=50\ncorde5=45\ncorde6=40\ncapodastre=0\n"
-    "[2]\nnom=Basse\nnomEN=Bass\nnbrCordes=4\nnbrCases=20\ncorde1=43\ncorde2=38\n"
-    "corde3=33\ncorde4=28\ncapodastre=0\n";
+// A track's instrument: name, frets, and the pitch of each string.
+std::tuple<std::string, int, std::vector<int>> instrument(const CVantoroTablature& d, int p) {
+  std::vector<int> cordes;
+  for (int c = 1; c <= d.getGuitareNbrCordes(p); ++c)
+    cordes.push_back(d.getGuitareCorde(p, c));
+  return {d.getGuitareNom(p), d.getGuitareNbrCases(p), cordes};
+}
 
 class Proprietes : public ::testing::Test {
  protected:
-  CatalogueGuitares catalogue = CatalogueGuitares::fromText(kCatalogue);
+  CatalogueGuitares catalogue = CatalogueGuitares::fromText(kGuitareEtBasse);
   CVantoroTablature doc = document(2, 3);
+  std::unique_ptr<FTabProprietes> d;
 
-  std::unique_ptr<FTabProprietes> ouvre(FTabProprietes::Onglet onglet, int piste,
-                                        const Textes& t = kAnglais) {
-    return std::make_unique<FTabProprietes>(t, catalogue, guitareSixCordes(), doc, onglet, piste);
+  FTabProprietes& ouvre(FTabProprietes::Onglet onglet, int piste, const Textes& t = kAnglais) {
+    d = std::make_unique<FTabProprietes>(t, catalogue, guitareSixCordes(), doc, onglet, piste);
+    return *d;
+  }
+  template <class T>
+  T* w(const char* nom) {
+    return enfant<T>(d.get(), nom);
+  }
+  // Typed into a string's box as a guitarist names the note, or its MIDI number.
+  QSpinBox* accorde(const char* corde, const char* note) {
+    auto* s = w<QSpinBox>(corde);
+    s->selectAll();
+    QTest::keyClicks(s, note);
+    s->interpretText();
+    return s;
   }
 };
 
 TEST_F(Proprietes, OkWritesExactlyTheFieldsThatChanged) {
   doc.setMIDIPan(2, 30);
   CVantoroTablature attendu = doc;
-  auto d = ouvre(FTabProprietes::Onglet::Morceau, 1);
+  ouvre(FTabProprietes::Onglet::Morceau, 1);
   // The fields open on the document's values.
-  EXPECT_EQ(enfant<QSpinBox>(d.get(), "udTempo")->value(), 120);
-  enfant<QLineEdit>(d.get(), "txtTitre")->setText("Blue Rondo");
-  enfant<QLineEdit>(d.get(), "txtAuteur")->setText("Brubeck");
-  enfant<QPlainTextEdit>(d.get(), "txtComments")->setPlainText("Line one\nline two");
-  enfant<QSpinBox>(d.get(), "udTempo")->setValue(96);
-  enfant<QCheckBox>(d.get(), "chkTripleFeel")->setChecked(true);
-  auto* pistes = enfant<QComboBox>(d.get(), "cmbPiste");
-  pistes->setCurrentIndex(1);
-  EXPECT_EQ(enfant<QSpinBox>(d.get(), "udPan")->value(), 30);
-  QTest::keyClicks(enfant<QLineEdit>(d.get(), "txtNom"), "Bass line");
-  EXPECT_EQ(pistes->itemText(1), "Track 2 : Bass line");
-  enfant<QComboBox>(d.get(), "cmbPatch")->setCurrentIndex(33);
-  enfant<QSpinBox>(d.get(), "udReverb")->setValue(40);
-  enfant<QCheckBox>(d.get(), "chkMute")->setChecked(true);
+  EXPECT_EQ(w<QSpinBox>("udTempo")->value(), 120);
+  w<QLineEdit>("txtTitre")->setText("Blue Rondo");
+  w<QLineEdit>("txtAuteur")->setText("Brubeck");
+  w<QPlainTextEdit>("txtComments")->setPlainText("Line one\nline two");
+  w<QSpinBox>("udTempo")->setValue(96);
+  w<QCheckBox>("chkTripleFeel")->setChecked(true);
+  w<QComboBox>("cmbPiste")->setCurrentIndex(1);
+  EXPECT_EQ(w<QSpinBox>("udPan")->value(), 30);
+  QTest::keyClicks(w<QLineEdit>("txtNom"), "Bass line");
+  EXPECT_EQ(w<QComboBox>("cmbPiste")->itemText(1), "Track 2 : Bass line");
+  w<QComboBox>("cmbPatch")->setCurrentIndex(33);
+  w<QSpinBox>("udReverb")->setValue(40);
+  w<QCheckBox>("chkMute")->setChecked(true);
   ok(*d);
 
   EXPECT_EQ(d->result(), QDialog::Accepted);
@@ -71,52 +85,46 @@ TEST_F(Proprietes, OkWritesExactlyTheFieldsThatChanged) {
   attendu.setMIDIReverb(2, 40);
   attendu.setPistePlayMute(2, kVrai);
   EXPECT_TRUE(memeContenu(doc, attendu));
-  EXPECT_EQ(doc.getPisteNom(1), "");
-  EXPECT_EQ(doc.getMIDIPan(2), 30);
 }
 
 TEST_F(Proprietes, CancelAndAnUntouchedOkLeaveTheDocumentAsItWas) {
   doc.setPortéeClef(1, 3);  // a value no button names
   doc.setMIDIPatch(1, 200);
   const CVantoroTablature avant = doc;
-  {
-    auto d = ouvre(FTabProprietes::Onglet::Pistes, 1);
-    enfant<QLineEdit>(d.get(), "txtTitre")->setText("Changed");
-    enfant<QLineEdit>(d.get(), "txtNom")->setText("Changed");
-    enfant<QSpinBox>(d.get(), "udCordes")->setValue(4);
-    enfant<QRadioButton>(d.get(), "optBatterie")->setChecked(true);
-    annuler(*d);
-    EXPECT_EQ(d->result(), QDialog::Rejected);
-    EXPECT_FALSE(d->modifie());
-  }
+  ouvre(FTabProprietes::Onglet::Pistes, 1);
+  w<QLineEdit>("txtTitre")->setText("Changed");
+  w<QLineEdit>("txtNom")->setText("Changed");
+  w<QSpinBox>("udCordes")->setValue(4);
+  w<QRadioButton>("optBatterie")->setChecked(true);
+  annuler(*d);
+  EXPECT_EQ(d->result(), QDialog::Rejected);
+  EXPECT_FALSE(d->modifie());
   EXPECT_TRUE(doc == avant);
   // OK with nothing touched writes nothing: no undo snapshot, not modified,
   // and the odd stored clef and patch stay.
-  auto d = ouvre(FTabProprietes::Onglet::Pistes, 1);
-  EXPECT_TRUE(enfant<QRadioButton>(d.get(), "optFa")->isChecked());
+  ouvre(FTabProprietes::Onglet::Pistes, 1);
+  EXPECT_TRUE(w<QRadioButton>("optFa")->isChecked());
   ok(*d);
   EXPECT_FALSE(d->modifie());
   EXPECT_TRUE(doc == avant);
-  EXPECT_EQ(doc.getPortéeClef(1), 3);
-  EXPECT_EQ(doc.getMIDIPatch(1), 200);
 }
 
 TEST_F(Proprietes, UndoAfterOkRestoresEachChangedTrackTheCursorsFirst) {
   doc.setCurseurPiste(1);
   const CVantoroTablature avant = doc;
-  auto d = ouvre(FTabProprietes::Onglet::Pistes, 1);
-  enfant<QSpinBox>(d.get(), "udCapo")->setValue(3);
-  enfant<QComboBox>(d.get(), "cmbPiste")->setCurrentIndex(1);
-  enfant<QRadioButton>(d.get(), "optBatterie")->setChecked(true);
-  enfant<QRadioButton>(d.get(), "optFa")->setChecked(true);
+  ouvre(FTabProprietes::Onglet::Pistes, 1);
+  w<QSpinBox>("udCapo")->setValue(3);
+  w<QComboBox>("cmbPiste")->setCurrentIndex(1);
+  w<QRadioButton>("optBatterie")->setChecked(true);
+  w<QRadioButton>("optFa")->setChecked(true);
   ok(*d);
-  EXPECT_EQ(doc.getGuitareCapodastre(1), 3);
-  EXPECT_EQ(doc.getStaffType(2), kStaffBatterie);
-  EXPECT_EQ(doc.getPortéeClef(2), 2);
+  const auto vue = [this] {
+    return std::tuple(doc.getGuitareCapodastre(1), doc.getStaffType(2), doc.getPortéeClef(2));
+  };
+  EXPECT_EQ(vue(), std::tuple(3, kStaffBatterie, 2));
   EXPECT_EQ(doc.getUndoDepth(), 2);
   EXPECT_FALSE(doc.makeUndo());  // the cursor's track comes back first
-  EXPECT_EQ(doc.getGuitareCapodastre(1), 0);
-  EXPECT_EQ(doc.getStaffType(2), kStaffBatterie);
+  EXPECT_EQ(vue(), std::tuple(0, kStaffBatterie, 2));
   EXPECT_TRUE(doc.makeUndo());  // then track 2, and the cursor goes with it
   EXPECT_EQ(doc.CurseurPiste(), 2);
   EXPECT_TRUE(memeContenu(doc, avant));
@@ -129,35 +137,26 @@ TEST_F(Proprietes, ASevenStringCustomTuningTypedAsNotesKeepsTheNotesAndChords) {
   OneBased<byt> frettes(6, 0);
   frettes[6] = 3;
   doc.setMesureAccord(1, 1, a, "G", frettes);
-  auto d = ouvre(FTabProprietes::Onglet::Pistes, 1);
-  auto* instrument = enfant<QComboBox>(d.get(), "cmbInstrument");
-  EXPECT_EQ(instrument->currentText(), "Guitar");
-  enfant<QSpinBox>(d.get(), "udCordes")->setValue(7);
-  // Typed as a guitarist names it: the low B of a seven-string.
-  auto* septième = enfant<QSpinBox>(d.get(), "udCorde7");
-  septième->selectAll();
-  QTest::keyClicks(septième, "B1");
-  septième->interpretText();
+  ouvre(FTabProprietes::Onglet::Pistes, 1);
+  auto* choix = w<QComboBox>("cmbInstrument");
+  EXPECT_EQ(choix->currentText(), "Guitar");
+  w<QSpinBox>("udCordes")->setValue(7);
+  // The low B of a seven-string, as a guitarist names it.
+  auto* septième = accorde("udCorde7", "B1");
   EXPECT_EQ(septième->value(), 35);
   EXPECT_EQ(septième->text(), "B1 (35)");
   // And the first string tuned down a tone, by its MIDI number.
-  auto* première = enfant<QSpinBox>(d.get(), "udCorde1");
-  première->selectAll();
-  QTest::keyClicks(première, "62");
-  première->interpretText();
-  EXPECT_EQ(instrument->currentText(), "Custom tuning");
+  accorde("udCorde1", "62");
+  EXPECT_EQ(choix->currentText(), "Custom tuning");
   ok(*d);
   ASSERT_TRUE(d->modifie());
 
-  EXPECT_EQ(doc.getGuitareNbrCordes(1), 7);
-  const int attendues[] = {0, 62, 59, 55, 50, 45, 40, 35};
-  for (int c = 1; c <= 7; ++c)
-    EXPECT_EQ(doc.getGuitareCorde(1, c), attendues[c]) << c;
-  EXPECT_EQ(doc.getGuitareNom(1), "Custom tuning");
+  EXPECT_EQ(instrument(doc, 1),
+            std::tuple("Custom tuning", 24, std::vector<int>{62, 59, 55, 50, 45, 40, 35}));
   for (int m = 1; m <= doc.getMesureLast(); ++m)
     EXPECT_EQ(doc.pisteMesure(1, m)->tabCordes.last(), 7) << m;
-  EXPECT_EQ(doc.getNoteCase(1, 2, 6, 1), 3);
-  EXPECT_EQ(doc.getNoteCase(1, 2, 1, 1), 5);
+  EXPECT_EQ(corde(doc, 1, 2, 6), (std::vector<Note>{{0, 3, 48}}));
+  EXPECT_EQ(corde(doc, 1, 2, 1), (std::vector<Note>{{48, 5, 48}}));
   EXPECT_EQ(doc.getMesureAccordCorde(1, 1, a, 6), 3);
   EXPECT_EQ(doc.getMesureAccordCorde(1, 1, a, 7), kCaseVide);
   // The other track keeps its six strings.
@@ -169,12 +168,12 @@ TEST_F(Proprietes, FewerStringsWarnOfTheNotesLostAndDropThem) {
   doc.setNoteWhole(1, 3, 6, 96, 0, 48);
   doc.setNoteWhole(1, 3, 6, 0, kCaseVide, 48);  // a blank note carries no pitch to lose
   doc.setNoteWhole(1, 1, 4, 0, 7, 48);
-  auto d = ouvre(FTabProprietes::Onglet::Pistes, 1);
-  auto* perte = enfant<QLabel>(d.get(), "lblPerte");
+  ouvre(FTabProprietes::Onglet::Pistes, 1);
+  auto* perte = w<QLabel>("lblPerte");
   EXPECT_TRUE(perte->text().isEmpty());
-  enfant<QSpinBox>(d.get(), "udCordes")->setValue(4);
+  w<QSpinBox>("udCordes")->setValue(4);
   EXPECT_EQ(perte->text(), "Notes on the strings you remove: 2. They will be lost.");
-  EXPECT_FALSE(enfant<QSpinBox>(d.get(), "udCorde5")->isEnabled());
+  EXPECT_FALSE(w<QSpinBox>("udCorde5")->isEnabled());
   ok(*d);
   EXPECT_EQ(doc.getGuitareNbrCordes(1), 4);
   EXPECT_EQ(doc.pisteMesure(1, 3)->tabCordes.last(), 4);
@@ -185,65 +184,58 @@ TEST_F(Proprietes, FewerStringsWarnOfTheNotesLostAndDropThem) {
 }
 
 TEST_F(Proprietes, AnInstrumentOfTheCatalogueOrTheCurrentOneGivesItsWholeSetUp) {
-  auto d = ouvre(FTabProprietes::Onglet::Pistes, 2);
-  auto* instrument = enfant<QComboBox>(d.get(), "cmbInstrument");
-  ASSERT_EQ(instrument->count(), 3);
-  instrument->setCurrentIndex(1);
-  emit instrument->activated(1);
-  EXPECT_EQ(enfant<QSpinBox>(d.get(), "udCordes")->value(), 4);
-  EXPECT_EQ(enfant<QSpinBox>(d.get(), "udCorde4")->text(), "E1 (28)");
+  ouvre(FTabProprietes::Onglet::Pistes, 2);
+  auto* choix = w<QComboBox>("cmbInstrument");
+  ASSERT_EQ(choix->count(), 3);
+  choix->setCurrentIndex(1);
+  emit choix->activated(1);
+  EXPECT_EQ(w<QSpinBox>("udCordes")->value(), 4);
+  EXPECT_EQ(w<QSpinBox>("udCorde4")->text(), "E1 (28)");
   ok(*d);
-  EXPECT_EQ(doc.getGuitareNom(2), "Bass");
-  EXPECT_EQ(doc.getGuitareNbrCordes(2), 4);
-  EXPECT_EQ(doc.getGuitareNbrCases(2), 20);
-  EXPECT_EQ(doc.getGuitareCorde(2, 1), 43);
-  EXPECT_EQ(doc.getGuitareCorde(2, 4), 28);
+  EXPECT_EQ(instrument(doc, 2), std::tuple("Bass", 20, std::vector<int>{43, 38, 33, 28}));
 
   // Back to the guitar the main window holds, in French.
-  auto f = ouvre(FTabProprietes::Onglet::Pistes, 2, kFrancais);
-  auto* instrumentFr = enfant<QComboBox>(f.get(), "cmbInstrument");
-  EXPECT_EQ(instrumentFr->currentText(), "Basse");
-  enfant<QAbstractButton>(f.get(), "btnInstrumentCourant")->click();
-  EXPECT_EQ(instrumentFr->currentText(), "Guitare");
-  EXPECT_EQ(enfant<QSpinBox>(f.get(), "udCorde6")->text(), "Mi1 (40)");
-  ok(*f);
-  EXPECT_EQ(doc.getGuitareNbrCordes(2), 6);
-  EXPECT_EQ(doc.getGuitareCorde(2, 6), 40);
-  EXPECT_EQ(doc.getGuitareNbrCases(2), 24);
-  EXPECT_EQ(doc.getGuitareNom(2), "Guitare");
+  ouvre(FTabProprietes::Onglet::Pistes, 2, kFrancais);
+  choix = w<QComboBox>("cmbInstrument");
+  EXPECT_EQ(choix->currentText(), "Basse");
+  w<QAbstractButton>("btnInstrumentCourant")->click();
+  EXPECT_EQ(choix->currentText(), "Guitare");
+  EXPECT_EQ(w<QSpinBox>("udCorde6")->text(), "Mi1 (40)");
+  ok(*d);
+  EXPECT_EQ(instrument(doc, 2),
+            std::tuple("Guitare", 24, std::vector<int>{64, 59, 55, 50, 45, 40}));
 }
 
 TEST_F(Proprietes, TextsWindows1252CannotHoldAreRefusedWithTheirCharacters) {
-  auto d = ouvre(FTabProprietes::Onglet::Pistes, 1);
+  ouvre(FTabProprietes::Onglet::Pistes, 1);
   d->show();
-  enfant<QLineEdit>(d.get(), "txtSousTitre")->setText(QString::fromUtf8("Suite \u266A en r\u00E9"));
-  enfant<QSpinBox>(d.get(), "udCapo")->setValue(2);
+  w<QLineEdit>("txtSousTitre")->setText(QString::fromUtf8("Suite \u266A en r\u00E9"));
+  w<QSpinBox>("udCapo")->setValue(2);
   ok(*d);
-  auto* erreur = enfant<QLabel>(d.get(), "lblErreur");
+  auto* erreur = w<QLabel>("lblErreur");
   EXPECT_TRUE(d->isVisible());
   EXPECT_NE(d->result(), QDialog::Accepted);
   EXPECT_TRUE(erreur->isVisible());
   EXPECT_EQ(erreur->text(), QString::fromUtf8("“Subtitle” holds characters that a tablature "
                                               "cannot store: \u266A. Remove or replace them."));
-  EXPECT_EQ(enfant<QTabWidget>(d.get(), "onglets")->currentIndex(), 0);
-  EXPECT_EQ(doc.SousTitre, "");
+  EXPECT_EQ(w<QTabWidget>("onglets")->currentIndex(), 0);
   EXPECT_EQ(doc.getGuitareCapodastre(1), 0);
   EXPECT_EQ(doc.getUndoDepth(), 0);
 
   // A track name is checked too, on its own track.
-  enfant<QLineEdit>(d.get(), "txtSousTitre")->setText(QString::fromUtf8("Suite \u20AC en r\u00E9"));
-  enfant<QComboBox>(d.get(), "cmbPiste")->setCurrentIndex(1);
-  enfant<QLineEdit>(d.get(), "txtNom")->setText(QString::fromUtf8("\u5F26 \u5F26 \u266B"));
-  enfant<QComboBox>(d.get(), "cmbPiste")->setCurrentIndex(0);
+  w<QLineEdit>("txtSousTitre")->setText(QString::fromUtf8("Suite \u20AC en r\u00E9"));
+  w<QComboBox>("cmbPiste")->setCurrentIndex(1);
+  w<QLineEdit>("txtNom")->setText(QString::fromUtf8("\u5F26 \u5F26 \u266B"));
+  w<QComboBox>("cmbPiste")->setCurrentIndex(0);
   ok(*d);
   EXPECT_NE(d->result(), QDialog::Accepted);
-  EXPECT_EQ(enfant<QTabWidget>(d.get(), "onglets")->currentIndex(), 1);
-  EXPECT_EQ(enfant<QComboBox>(d.get(), "cmbPiste")->currentIndex(), 1);
+  EXPECT_EQ(w<QTabWidget>("onglets")->currentIndex(), 1);
+  EXPECT_EQ(w<QComboBox>("cmbPiste")->currentIndex(), 1);
   EXPECT_TRUE(erreur->text().startsWith(QString::fromUtf8("Track 2 : “Track name” holds")));
   EXPECT_TRUE(erreur->text().contains(QString::fromUtf8("\u5F26 \u266B.")));
   EXPECT_EQ(doc.SousTitre, "");
 
-  enfant<QLineEdit>(d.get(), "txtNom")->setText(QString::fromUtf8("Cordes \u0153"));
+  w<QLineEdit>("txtNom")->setText(QString::fromUtf8("Cordes \u0153"));
   ok(*d);
   EXPECT_EQ(d->result(), QDialog::Accepted);
   EXPECT_EQ(doc.SousTitre, "Suite \x80 en r\xE9");
@@ -252,29 +244,22 @@ TEST_F(Proprietes, TextsWindows1252CannotHoldAreRefusedWithTheirCharacters) {
 
 TEST_F(Proprietes, StoredTextsShowInUtf8AndALongOneIsRefused) {
   doc.titre = "Caf\xE9 \x93noir\x94";
-  auto d = ouvre(FTabProprietes::Onglet::Morceau, 1);
-  EXPECT_EQ(enfant<QLineEdit>(d.get(), "txtTitre")->text(),
-            QString::fromUtf8("Caf\u00E9 \u201Cnoir\u201D"));
-  enfant<QPlainTextEdit>(d.get(), "txtComments")->setPlainText(QString(256, QLatin1Char('x')));
+  ouvre(FTabProprietes::Onglet::Morceau, 1);
+  EXPECT_EQ(w<QLineEdit>("txtTitre")->text(), QString::fromUtf8("Caf\u00E9 \u201Cnoir\u201D"));
+  w<QPlainTextEdit>("txtComments")->setPlainText(QString(256, QLatin1Char('x')));
   ok(*d);
   EXPECT_NE(d->result(), QDialog::Accepted);
-  EXPECT_EQ(enfant<QLabel>(d.get(), "lblErreur")->text(),
+  EXPECT_EQ(w<QLabel>("lblErreur")->text(),
             QString::fromUtf8("“Comments” is longer than 255 characters, the most a tablature "
                               "text can hold."));
   EXPECT_EQ(doc.Comments, "");
 }
 
 TEST(NoteMidi, NamesAndReadsOpenStringsAsGuitaristsDo) {
-  EXPECT_EQ(nomNoteMidi(40, kLangAnglais), "E2");
-  EXPECT_EQ(nomNoteMidi(60, kLangAnglais), "C4");
-  EXPECT_EQ(nomNoteMidi(40, kLangFrançais), "Mi1");
-  EXPECT_EQ(nomNoteMidi(60, kLangFrançais), "Do3");
-  EXPECT_EQ(nomNoteMidi(0, kLangAnglais), "C-1");
-  EXPECT_EQ(nomNoteMidi(70, kLangFrançais), "La#3");
   const struct {
     const char* texte;
     int lang;
-    int note;
+    int note;  // -1: not a note; a name shown as read back
   } cas[] = {
       {"E2", kLangAnglais, 40},    {"e 2", kLangAnglais, 40},     {"Bb3", kLangAnglais, 58},
       {"A#3", kLangAnglais, 58},   {"Cb4", kLangAnglais, 59},     {"C-1", kLangAnglais, 0},
@@ -282,9 +267,16 @@ TEST(NoteMidi, NamesAndReadsOpenStringsAsGuitaristsDo) {
       {"128", kLangAnglais, -1},   {"E2 (40)", kLangAnglais, 40}, {"H2", kLangAnglais, -1},
       {"Mi1", kLangFrançais, 40},  {"sib2", kLangFrançais, 58},   {"Ré#1", kLangFrançais, 39},
       {"re 1", kLangFrançais, 38}, {"Sol 2", kLangFrançais, 55},  {"E2", kLangFrançais, 52},
-      {"", kLangAnglais, -1},      {"E", kLangAnglais, -1}};
+      {"", kLangAnglais, -1},      {"E", kLangAnglais, -1},       {"C4", kLangAnglais, 60},
+      {"Do3", kLangFrançais, 60},  {"La#3", kLangFrançais, 70}};
   for (const auto& c : cas)
     EXPECT_EQ(lireNoteMidi(QString::fromUtf8(c.texte), c.lang), c.note) << c.texte;
+  for (const auto& [n, anglais, français] :
+       {std::tuple(40, "E2", "Mi1"), std::tuple(60, "C4", "Do3"), std::tuple(0, "C-1", "Do-2"),
+        std::tuple(70, "A#4", "La#3")}) {
+    EXPECT_EQ(nomNoteMidi(n, kLangAnglais), anglais);
+    EXPECT_EQ(nomNoteMidi(n, kLangFrançais), français);
+  }
   for (int n = 0; n <= 127; ++n) {
     EXPECT_EQ(lireNoteMidi(nomNoteMidi(n, kLangAnglais), kLangAnglais), n);
     EXPECT_EQ(lireNoteMidi(nomNoteMidi(n, kLangFrançais), kLangFrançais), n);

@@ -42,6 +42,14 @@ inline void annuler(QDialog& d) {
   enfant<QAbstractButton>(&d, "btnAnnuler")->click();
 }
 
+// A catalogue of two instruments: the standard guitar and a four-string bass.
+inline const char* const kGuitareEtBasse =
+    "[Accordeur]\nnbrGuitares=2\n"
+    "[1]\nnom=Guitare\nnomEN=Guitar\nnbrCordes=6\nnbrCases=24\ncorde1=64\ncorde2=59\n"
+    "corde3=55\ncorde4=50\ncorde5=45\ncorde6=40\ncapodastre=0\n"
+    "[2]\nnom=Basse\nnomEN=Bass\nnbrCordes=4\nnbrCases=20\ncorde1=43\ncorde2=38\n"
+    "corde3=33\ncorde4=28\ncapodastre=0\n";
+
 inline tGuitare guitareSixCordes() {
   tGuitare g;
   g.nom = "Guitare";

@@ -10,6 +10,7 @@
 #include <array>
 #include <initializer_list>
 #include <utility>
+#include <vector>
 
 #include "../document/test_support.h"
 #include "../shell/banc.h"
@@ -38,13 +39,8 @@ class SonEditeur : public SonEnregistreur {
   Journal& m_journal;
 };
 
-class Editeur : public Banc {
+class Editeur : public BancSilencieux {
  protected:
-  void SetUp() override {
-    Banc::SetUp();
-    silencieux();
-  }
-
   // The main window with the editor open on a fresh document, its strip about 1100 x 520 pixels.
   FTab& ouvre() {
     crée();
@@ -121,6 +117,14 @@ class Editeur : public Banc {
   int fret(int mesure, int corde, int x) {
     const int n = doc().searchNote(1, mesure, corde, x);
     return n == 0 ? -1 : doc().getNoteCase(1, mesure, corde, n);
+  }
+  // The notes of a string of track 1 in a bar: (tick, fret) each, in order.
+  using Frets = std::vector<std::pair<int, int>>;
+  Frets frets(int mesure, int corde) {
+    Frets l;
+    for (int n = 1; n <= doc().getNoteLast(1, mesure, corde); ++n)
+      l.emplace_back(doc().getNoteX(1, mesure, corde, n), doc().getNoteCase(1, mesure, corde, n));
+    return l;
   }
   const tNote* note(int mesure, int corde, int x) {
     return doc().getNote(1, mesure, corde, doc().searchNote(1, mesure, corde, x));

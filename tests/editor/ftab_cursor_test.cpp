@@ -1,8 +1,11 @@
 // The cursor under the keys: by column with the bar roll-over and the bar added
 // at the end, by string within the instrument, by bar, to the ends of the
-// piece, and the view that follows it.
+// piece, and the view that follows it; the mouse on the strip: a click, a drag,
+// the pop-up of a note (the positions from the bench's cellule).
 #include <QLabel>
+#include <QMenu>
 #include <QScrollBar>
+#include <tuple>
 
 #include "ftab_banc.h"
 
@@ -38,7 +41,7 @@ TEST_F(Curseur, TheKeysWalkByColumnStringAndBarAndAddABarAtTheEnd) {
       {"Ctrl+Down", 1, {1, 0, 5}, {{Qt::Key_Down, C}}, {1, 0, 6}, 1},
       {"Shift+Right: the next bar", 40, {1, 48, 3}, {{Qt::Key_Right, S}}, {2, 0, 3}, 40},
       {"Shift+Left stops at bar 1", 40, {2, 24, 3}, {2, {Qt::Key_Left, S}}, {1, 0, 3}, 40},
-      {"End, and no bar after the last",
+      {"End; no bar after it",
        40,
        {1, 48, 3},
        {{Qt::Key_End, N}, {Qt::Key_Right, S}},
@@ -58,11 +61,9 @@ TEST_F(Curseur, TheKeysWalkByColumnStringAndBarAndAddABarAtTheEnd) {
     for (const auto& [key, mods] : c.touches)
       touche(key, mods);
     EXPECT_EQ(place(), c.à);
-    EXPECT_EQ(doc().getMesureLast(), c.dernière);
-    EXPECT_EQ(doc().modifi, c.dernière > c.mesures ? kVrai : kFaux) << "a bar added is a change";
-    if (c.dernière > c.mesures) {
-      EXPECT_EQ(ftab->hScroll()->maximum(), c.dernière);
-    }
+    // A bar added is a change, and the scroll bar reaches it.
+    EXPECT_EQ(std::tuple(doc().getMesureLast(), doc().modifi, ftab->hScroll()->maximum()),
+              std::tuple(c.dernière, c.dernière > c.mesures ? kVrai : kFaux, c.dernière));
   }
   // The fretboard reaches the editor through the same keys.
   ftab->picTab_KeyDown(Qt::Key_Up);
@@ -84,12 +85,16 @@ TEST_F(Curseur, ABarWhoseWidthIsNotAWholeNumberOfColumnsKeepsItsWholeColumns) {
 TEST_F(Curseur, TheViewFollowsTheCursorAndTheScrollBarKeepsItOnScreen) {
   ouvre();
   mesures(40);
+  // The cursor's bar and the first bar shown.
+  const auto vue = [this] {
+    return std::pair(static_cast<int>(doc().CurseurMesure()),
+                     static_cast<int>(doc().m_lngScrollValue));
+  };
   touche(Qt::Key_End);
   EXPECT_GT(doc().m_lngScrollValue, 1);
-  EXPECT_LE(doc().m_lngScrollValue, 40);
   EXPECT_EQ(ftab->hScroll()->value(), doc().m_lngScrollValue);
   touche(Qt::Key_Home);
-  EXPECT_EQ(doc().m_lngScrollValue, 1);
+  EXPECT_EQ(vue(), std::pair(1, 1));
 
   // Walking right, the first step past the edge scrolls by one bar.
   int bars = 0;
@@ -98,14 +103,13 @@ TEST_F(Curseur, TheViewFollowsTheCursorAndTheScrollBarKeepsItOnScreen) {
       touche(Qt::Key_Right);
     ++bars;
   }
-  EXPECT_EQ(doc().m_lngScrollValue, 2);
+  EXPECT_EQ(vue(), std::pair(bars + 1, 2));
   EXPECT_GT(bars, 2);
-  EXPECT_EQ(doc().CurseurX(), 0);
 
   // The scroll bar takes the cursor along, into the bars that fit.
   curseur(1, 168, 1);
   ftab->hScroll()->setValue(10);
-  EXPECT_EQ(doc().m_lngScrollValue, 10);
+  EXPECT_EQ(vue(), std::pair(10, 10));
   EXPECT_EQ(place(), (Place{10, 168, 1}));
   ftab->hScroll()->setValue(1);
   EXPECT_LT(doc().CurseurMesure(), 10);
@@ -121,11 +125,9 @@ TEST_F(Curseur, TheViewFollowsTheCursorAndTheScrollBarKeepsItOnScreen) {
   ASSERT_LT(ftab->picTab()->width(), 255) << "not even bar 1 fits whole";
   for (int i = 0; i < 8; ++i)
     touche(Qt::Key_Right);
-  EXPECT_EQ(doc().CurseurMesure(), 2);
-  EXPECT_EQ(doc().m_lngScrollValue, 2);
+  EXPECT_EQ(vue(), std::pair(2, 2));
   touche(Qt::Key_Left);
-  EXPECT_EQ(doc().CurseurMesure(), 1);
-  EXPECT_EQ(doc().m_lngScrollValue, 1);
+  EXPECT_EQ(vue(), std::pair(1, 1));
 }
 
 TEST_F(Curseur, TheGridFollowsTheViewAndTheChosenRhythm) {
@@ -148,6 +150,70 @@ TEST_F(Curseur, TheGridFollowsTheViewAndTheChosenRhythm) {
   ftab->mnuTabDisplay(7);  // the grid no longer follows
   touche(Qt::Key_3, Qt::ControlModifier);
   EXPECT_EQ(ftab->réglagesVue().TAB_VIEW_SCALE, 8);
+}
+
+using Souris = Editeur;
+using Sélection = std::array<int, 6>;
+
+TEST_F(Souris, AClickPlacesTheCursorOnTheCellUnderItAndStopsAtTheEdgesOfTheBars) {
+  const struct {
+    const char* quoi;
+    QPointF point;
+    Place place;
+  } kCas[] = {
+      {"a note head", cellule(2, 3, 4), {2, 72, 4}},
+      {"half a column either way", cellule(2, 3, 4) + QPointF(9, 5), {2, 72, 4}},
+      {"the column before", cellule(2, 3, 4) + QPointF(-11, 0), {2, 48, 4}},
+      {"left of the margin, above the strings", {10, 100}, {1, 0, 1}},
+      {"right of the last bar, below the strings: its last column", {1000, 400}, {3, 168, 6}},
+  };
+  ouvre();
+  mesures(3);
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(c.quoi);
+    clic(c.point);
+    EXPECT_EQ(place(), c.place);
+    // The press collapses the selection to the cursor.
+    EXPECT_EQ(sélection(),
+              (Sélection{c.place[0], c.place[1], c.place[2], c.place[0], c.place[1], c.place[2]}));
+  }
+}
+
+TEST_F(Souris, DraggingStretchesTheSelectionOverBarsAndScrollsNothing) {
+  ouvre();
+  mesures(10);
+  envoie(QEvent::MouseButtonPress, cellule(1, 1, 2), Qt::LeftButton, Qt::LeftButton);
+  envoie(QEvent::MouseMove, cellule(2, 5, 3), Qt::NoButton, Qt::LeftButton);
+  envoie(QEvent::MouseMove, cellule(3, 2, 5), Qt::NoButton, Qt::LeftButton);
+  envoie(QEvent::MouseButtonRelease, cellule(3, 2, 5), Qt::LeftButton, Qt::NoButton);
+  EXPECT_EQ(sélection(), (Sélection{1, 24, 2, 3, 48, 5}));
+  EXPECT_EQ(doc().CurseurMesure(), 3);
+  // Over the last bar on screen, clipped at the edge, the view stays.
+  const int largeur = ftab->picTab()->width();
+  envoie(QEvent::MouseButtonPress, cellule(1, 0, 1), Qt::LeftButton, Qt::LeftButton);
+  envoie(QEvent::MouseMove, {largeur - 2.0, 150}, Qt::NoButton, Qt::LeftButton);
+  EXPECT_EQ(doc().m_lngScrollValue, 1);
+  EXPECT_GT(doc().intSelStopMesure, 3);
+  // A move without the button selects nothing.
+  envoie(QEvent::MouseButtonRelease, {largeur - 2.0, 150}, Qt::LeftButton, Qt::NoButton);
+  const Sélection avant = sélection();
+  envoie(QEvent::MouseMove, cellule(1, 0, 1), Qt::NoButton, Qt::NoButton);
+  EXPECT_EQ(sélection(), avant);
+}
+
+TEST_F(Souris, TheRightButtonOnANoteOpensThePopUpAndElsewhereNothing) {
+  ouvre();
+  pose(1, 2, 48, 3);
+  ftab->refreshPicture();
+  auto* popup = ftab->findChild<QMenu*>("mnuTabPopUp");
+  ASSERT_NE(popup, nullptr);
+  clic(cellule(1, 3, 2), Qt::RightButton);
+  EXPECT_FALSE(popup->isVisible());
+  EXPECT_EQ(doc().CurseurX(), 72) << "the right button moves the cursor too";
+  clic(cellule(1, 2, 2), Qt::RightButton);
+  EXPECT_TRUE(popup->isVisible());
+  popup->hide();
+  EXPECT_EQ(fret(1, 2, 48), 3) << "the right button enters nothing";
 }
 
 }  // namespace

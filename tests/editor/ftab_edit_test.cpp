@@ -2,6 +2,7 @@
 // a selection dragged with the mouse then copied and pasted elsewhere, and the
 // bar commands with their range dialog.
 #include <QAction>
+#include <utility>
 
 #include "ftab_banc.h"
 
@@ -37,13 +38,12 @@ TEST_F(Edition, CtrlXCAndVCutCopyAndPasteTheSelection) {
   EXPECT_FALSE(doc().modifi) << "a copy changes nothing";
   EXPECT_NE(doc().intSelStartMesure, 0) << "the selection stays";
   touche(Qt::Key_X, Qt::ControlModifier);
-  EXPECT_EQ(fret(1, 1, 0), -1);
-  EXPECT_EQ(fret(1, 2, 24), -1);
-  EXPECT_EQ(fret(1, 1, 48), 7) << "the later note keeps its place";
+  EXPECT_EQ(std::pair(frets(1, 1), frets(1, 2)), std::pair(Frets{{48, 7}}, Frets{}))
+      << "the later note keeps its place";
   curseur(1, 96, 1);
   touche(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(fret(1, 1, 96), 3);
-  EXPECT_EQ(fret(1, 2, 120), 5);
+  EXPECT_EQ(std::pair(frets(1, 1), frets(1, 2)),
+            std::pair(Frets{{48, 7}, {96, 3}}, Frets{{120, 5}}));
   touche(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(fret(1, 1, 96), -1) << "Ctrl+Z undoes the paste";
   touche(Qt::Key_Y, Qt::ControlModifier);
@@ -60,8 +60,7 @@ TEST_F(Edition, CtrlXCAndVCutCopyAndPasteTheSelection) {
   touche(Qt::Key_Right);
   ASSERT_EQ(doc().CurseurMesure(), 2);
   ftab->bouton("tbToolbar", "coller")->trigger();
-  EXPECT_EQ(fret(2, 1, 0), 3);
-  EXPECT_EQ(fret(2, 2, 24), 5);
+  EXPECT_EQ(std::pair(frets(2, 1), frets(2, 2)), std::pair(Frets{{0, 3}}, Frets{{24, 5}}));
 
   // Another Ctrl chord ends a selection before it acts.
   glisse(cellule(1, 0, 1), cellule(1, 1, 2));
@@ -90,16 +89,14 @@ TEST_F(Edition, BarCommandsTakeTheirRangeFromTheDialog) {
   // Insert two bars on every track at bar 1: the note moves to bar 3.
   réponse = {1, 2, true};
   ftab->mnuTabEdit(10);
-  EXPECT_EQ(doc().getMesureLast(), 3);
-  EXPECT_EQ(fret(3, 1, 0), 3);
+  EXPECT_EQ(std::pair(doc().getMesureLast(), fret(3, 1, 0)), std::pair(3, 3));
   // Copy bar 3, paste it at bar 1.
   réponse = {3, 1, false};
   ftab->mnuTabEdit(8);
   EXPECT_TRUE(actif("mnuTabEdit_9"));
   curseur(1, 0, 1);
   ftab->mnuTabEdit(9);
-  EXPECT_EQ(doc().getMesureLast(), 4);
-  EXPECT_EQ(fret(1, 1, 0), 3);
+  EXPECT_EQ(std::pair(doc().getMesureLast(), fret(1, 1, 0)), std::pair(4, 3));
   // Cancelled: nothing happens.
   ok = false;
   ftab->mnuTabEdit(11);
@@ -109,8 +106,8 @@ TEST_F(Edition, BarCommandsTakeTheirRangeFromTheDialog) {
   réponse = {2, 3, true};
   curseur(4, 0, 1);
   ftab->mnuTabEdit(11);
+  EXPECT_EQ(place(), (Place{1, 0, 1}));
   EXPECT_EQ(doc().getMesureLast(), 1);
-  EXPECT_EQ(doc().CurseurMesure(), 1);
   EXPECT_EQ(modes, (std::vector<int>{1, 2, 4, 4}));
 }
 

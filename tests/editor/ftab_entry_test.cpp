@@ -3,6 +3,7 @@
 // another string, opening and closing time, and undo from the keys.
 #include <QLabel>
 #include <QScrollBar>
+#include <tuple>
 
 #include "ftab_banc.h"
 
@@ -32,8 +33,7 @@ TEST_F(Entree, InOverwriteModeTwoDigitsMakeOneFretOnlyAfterAOneOrATwoOrOnADrumSt
       doc().setStaffType(1, c.batterie ? kStaffBatterie : kStaffGuitare);
     }
     tape(QString::fromLatin1(c.touches));
-    EXPECT_EQ(fret(1, 1, 0), c.fret);
-    EXPECT_EQ(doc().getNoteLast(1, 1, 1), 1);
+    EXPECT_EQ(frets(1, 1), (Frets{{0, c.fret}}));
   }
   // A held key does not type twice.
   ftab->DebugInitialisation();
@@ -47,8 +47,8 @@ TEST_F(Entree, InInsertModeASecondDigitExtendsTheNoteJustTypedSoFretsAboveNineCa
   const struct {
     const char* touches;  // digits, and "r" for the Right key
     bool batterie;
-    std::vector<std::pair<int, int>> frets;  // (tick, fret) of string 1 in bar 1
-    int curseur;                             // the cursor's tick after them
+    Frets frets;  // of string 1 in bar 1
+    int curseur;  // the cursor's tick after them
   } kCas[] = {
       {"12", false, {{0, 12}}, 24},
       {"123", false, {{0, 12}, {24, 3}}, 48},  // 12 takes no third digit
@@ -65,10 +65,7 @@ TEST_F(Entree, InInsertModeASecondDigitExtendsTheNoteJustTypedSoFretsAboveNineCa
     doc().setStaffType(1, c.batterie ? kStaffBatterie : kStaffGuitare);
     for (const char* t = c.touches; *t != 0; ++t)
       touche(*t == 'r' ? int(Qt::Key_Right) : Qt::Key_0 + (*t - '0'));
-    std::vector<std::pair<int, int>> lu;
-    for (int n = 1; n <= doc().getNoteLast(1, 1, 1); ++n)
-      lu.emplace_back(doc().getNoteX(1, 1, 1, n), doc().getNoteCase(1, 1, 1, n));
-    EXPECT_EQ(lu, c.frets);
+    EXPECT_EQ(frets(1, 1), c.frets);
     EXPECT_EQ(doc().CurseurX(), c.curseur);
   }
   // The second digit is an edit of its own: undone, the first digit's note stays.
@@ -79,7 +76,7 @@ TEST_F(Entree, InInsertModeASecondDigitExtendsTheNoteJustTypedSoFretsAboveNineCa
   // The first digit, in the bar's last column, sent the cursor to a new bar.
   curseur(1, 168, 2);
   tape("12");
-  EXPECT_EQ(doc().getNote(1, 1, 2, doc().searchNote(1, 1, 2, 168))->bytCase, 12);
+  EXPECT_EQ(frets(1, 2), (Frets{{168, 12}}));
   EXPECT_EQ(doc().CurseurMesure(), 2);
   EXPECT_EQ(doc().getNoteLast(1, 2, 2), 0);
 }
@@ -133,19 +130,21 @@ TEST_F(Entree, KeysAreReadByTheirPlaceSoThatAFrenchKeyboardTypesFretsAndRhythms)
 TEST_F(Entree, TheKeypadRaisesToTwentyNineAndLowersToZero) {
   ouvre();
   tape("28");
-  touche(Qt::Key_Plus, Qt::KeypadModifier);
+  const auto plus = [this] { touche(Qt::Key_Plus, Qt::KeypadModifier); };
+  const auto moins = [this] { touche(Qt::Key_Minus, Qt::KeypadModifier); };
+  plus();
   EXPECT_EQ(fret(1, 1, 0), 29);
   const int profondeur = doc().getUndoDepth();
-  touche(Qt::Key_Plus, Qt::KeypadModifier);
+  plus();
   EXPECT_EQ(fret(1, 1, 0), 29);
   EXPECT_EQ(doc().getUndoDepth(), profondeur) << "nothing changed, nothing to undo";
   tape("1");
-  touche(Qt::Key_Minus, Qt::KeypadModifier);
-  touche(Qt::Key_Minus, Qt::KeypadModifier);
+  moins();
+  moins();
   EXPECT_EQ(fret(1, 1, 0), 0);
   // On an empty place the keys do nothing.
   curseur(1, 24, 1);
-  touche(Qt::Key_Plus, Qt::KeypadModifier);
+  plus();
   EXPECT_EQ(fret(1, 1, 24), -1);
 }
 
@@ -168,17 +167,16 @@ TEST_F(Entree, ARhythmChosenOnANoteKeepsItsValuesAndANoteTakesTheChosenRhythmAtt
   ASSERT_NE(note(1, 1, 0), nullptr);
   EXPECT_EQ(*note(1, 1, 0), (tNote{7, 48, 0, 0, 0, attaque::kHarmoniqueNaturelle, nuance::kMP}));
 
+  const Qt::KeyboardModifiers pavé = Qt::ControlModifier | Qt::KeypadModifier;
   curseur(1, 96, 2);
-  touche(Qt::Key_Period, Qt::ControlModifier | Qt::KeypadModifier);  // dotted
+  touche(Qt::Key_Period, pavé);  // dotted
   tape("5");
   EXPECT_EQ(note(1, 2, 96)->bytDurée, 72);
-  touche(Qt::Key_Period, Qt::ControlModifier | Qt::KeypadModifier);
-  touche(Qt::Key_9, Qt::ControlModifier | Qt::KeypadModifier);  // triplet
+  touches({{Qt::Key_Period, pavé}, {Qt::Key_9, pavé}});  // triplet
   curseur(1, 0, 3);
   tape("5");
   EXPECT_EQ(note(1, 3, 0)->bytDurée, 32);
-  touche(Qt::Key_X,
-         Qt::ShiftModifier);  // the attack of the note under the cursor follows
+  touche(Qt::Key_X, Qt::ShiftModifier);  // the attack of the note under the cursor follows
   EXPECT_EQ(note(1, 3, 0)->bytAttaque, attaque::kDeadNote);
 }
 
@@ -186,8 +184,7 @@ TEST_F(Entree, OverwriteReplacesInPlaceAndInsertOpensRoomAndMovesOn) {
   ouvre();
   pose(1, 1, 24, 9);
   tape("5");
-  EXPECT_EQ(fret(1, 1, 0), 5);
-  EXPECT_EQ(fret(1, 1, 24), 9);
+  EXPECT_EQ(frets(1, 1), (Frets{{0, 5}, {24, 9}}));
   EXPECT_EQ(doc().CurseurX(), 0);
   EXPECT_EQ(vt->panneau("insert")->text(), "EDIT");
 
@@ -197,17 +194,14 @@ TEST_F(Entree, OverwriteReplacesInPlaceAndInsertOpensRoomAndMovesOn) {
   ASSERT_TRUE(vt->booInsert());
   EXPECT_EQ(vt->panneau("insert")->text(), "INS");
   tape("5");  // an eighth, no longer than a column: the cursor moves one column
-  EXPECT_EQ(fret(1, 1, 0), 5);
-  EXPECT_EQ(fret(1, 1, 24), 9);
+  EXPECT_EQ(frets(1, 1), (Frets{{0, 5}, {24, 9}}));
   EXPECT_EQ(doc().CurseurX(), 24);
   tape("1");  // a 5 takes no second digit: a new note
-  EXPECT_EQ(fret(1, 1, 24), 1);
-  EXPECT_EQ(fret(1, 1, 48), 9);
+  EXPECT_EQ(frets(1, 1), (Frets{{0, 5}, {24, 1}, {48, 9}}));
   touche(Qt::Key_3, Qt::ControlModifier);  // a quarter moves on by its length
   tape("7");
   EXPECT_EQ(doc().CurseurX(), 96);
-  EXPECT_EQ(fret(1, 1, 48), 7);
-  EXPECT_EQ(fret(1, 1, 96), 9);
+  EXPECT_EQ(frets(1, 1), (Frets{{0, 5}, {24, 1}, {48, 7}, {96, 9}}));
 
   // The last quarter of the bar: the cursor goes to a new bar at the end.
   curseur(1, 144, 2);
@@ -226,9 +220,10 @@ TEST_F(Entree, EveryEffectKeyAndItsMenuEntrySetTheirCodeEvenOnAnEmptyPlace) {
   touche(Qt::Key_4, Qt::ControlModifier);
   touche(Qt::Key_H);
   ASSERT_NE(note(1, 1, 0), nullptr);
-  EXPECT_EQ(note(1, 1, 0)->bytCase, kCaseVide);
-  EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kHammerOn);
-  EXPECT_EQ(note(1, 1, 0)->bytDurée, 24);
+  const auto vue = [this] {
+    return std::tuple(note(1, 1, 0)->bytCase, note(1, 1, 0)->bytDurée, note(1, 1, 0)->bytEffet);
+  };
+  EXPECT_EQ(vue(), std::tuple(kCaseVide, 24, effet::kHammerOn));
   // The same key again changes nothing: it sets, it does not toggle.
   const int profondeur = doc().getUndoDepth();
   touche(Qt::Key_H);
@@ -254,32 +249,33 @@ TEST_F(Entree, EveryEffectKeyAndItsMenuEntrySetTheirCodeEvenOnAnEmptyPlace) {
 
 TEST_F(Entree, PageUpAndDownMoveANoteToTheNextStringAtTheSamePitch) {
   ouvre();
+  const auto colonne = [this] {
+    return std::vector<int>{fret(1, 1, 0), fret(1, 2, 0), fret(1, 3, 0), fret(1, 4, 0)};
+  };
   curseur(1, 0, 2);  // the B string, 59
   tape("5");
   touche(Qt::Key_L);
   touche(Qt::Key_PageUp);
-  EXPECT_EQ(fret(1, 2, 0), -1);
   // 59 + 5 = 64, the open E; the note keeps its values and the cursor goes with it.
+  EXPECT_EQ(colonne(), (std::vector<int>{0, -1, -1, -1}));
   EXPECT_EQ(*note(1, 1, 0), (tNote{0, 24, 0, effet::kLiaison, 0, 0, 127}));
   EXPECT_EQ(doc().CurseurCorde(), 1);
   touche(Qt::Key_PageUp);  // no string above the first
-  EXPECT_EQ(fret(1, 1, 0), 0);
+  EXPECT_EQ(colonne(), (std::vector<int>{0, -1, -1, -1}));
   touche(Qt::Key_PageDown);
-  EXPECT_EQ(fret(1, 2, 0), 5);
+  EXPECT_EQ(colonne(), (std::vector<int>{-1, 5, -1, -1}));
   // The open B cannot go up: it would need a fret below 0.
   tape("0");
   touche(Qt::Key_PageUp);
-  EXPECT_EQ(fret(1, 2, 0), 0);
-  EXPECT_EQ(fret(1, 1, 0), -1);
+  EXPECT_EQ(colonne(), (std::vector<int>{-1, 0, -1, -1}));
   // A note on the other string blocks the move.
   pose(1, 3, 0, 2);
   touche(Qt::Key_PageDown);
-  EXPECT_EQ(fret(1, 2, 0), 0);
-  EXPECT_EQ(fret(1, 3, 0), 2);
+  EXPECT_EQ(colonne(), (std::vector<int>{-1, 0, 2, -1}));
   // The pop-up's entries do the same.
   curseur(1, 0, 3);
   ftab->mnuTabPopUp(1);
-  EXPECT_EQ(fret(1, 4, 0), 7);  // 55 + 2 = 50 + 7
+  EXPECT_EQ(colonne(), (std::vector<int>{-1, 0, -1, 7}));  // 55 + 2 = 50 + 7
 }
 
 TEST_F(Entree, BackspaceClosesTheColumnBeforeTheCursorInsertOpensOneDeleteTakesANote) {
@@ -292,17 +288,15 @@ TEST_F(Entree, BackspaceClosesTheColumnBeforeTheCursorInsertOpensOneDeleteTakesA
   pose(2, 1, 0, 5);
   curseur(1, 48, 1);
   touche(Qt::Key_Backspace);
-  EXPECT_EQ(test::corde(doc(), 1, 1, 1),
-            (std::vector<test::NoteVue>{{0, 1, 24}, {24, 3, 24}, {168, 5, 24}}))
-      << "the next bar closes up too";
-  EXPECT_EQ(fret(1, 2, 24), 4);
+  EXPECT_EQ(frets(1, 1), (Frets{{0, 1}, {24, 3}, {168, 5}})) << "the next bar closes up too";
+  EXPECT_EQ(frets(1, 2), (Frets{{24, 4}}));
   EXPECT_EQ(doc().CurseurX(), 24);
   EXPECT_TRUE(doc().modifi);
 
   // At the start of a bar the last column of the bar before goes.
   curseur(2, 0, 1);
   touche(Qt::Key_Backspace);
-  EXPECT_EQ(fret(1, 1, 168), -1);
+  EXPECT_EQ(frets(1, 1), (Frets{{0, 1}, {24, 3}}));
   EXPECT_EQ(place(), (Place{1, 168, 1}));
 
   // Nothing stands before the first column of the piece, nor at an empty place.
@@ -314,13 +308,11 @@ TEST_F(Entree, BackspaceClosesTheColumnBeforeTheCursorInsertOpensOneDeleteTakesA
 
   // Insert opens one column on every string; Delete takes one note.
   touche(Qt::Key_Insert);
-  EXPECT_EQ(fret(1, 1, 0), -1);
-  EXPECT_EQ(fret(1, 1, 24), 1);
-  EXPECT_EQ(fret(1, 2, 48), 4);
+  EXPECT_EQ(frets(1, 1), (Frets{{24, 1}, {48, 3}}));
+  EXPECT_EQ(frets(1, 2), (Frets{{48, 4}}));
   curseur(1, 48, 2);
   touche(Qt::Key_Delete);
-  EXPECT_EQ(fret(1, 2, 48), -1);
-  EXPECT_EQ(fret(1, 1, 48), 3);
+  EXPECT_EQ(frets(1, 2), Frets{});
   profondeur = doc().getUndoDepth();
   touche(Qt::Key_Delete);
   EXPECT_EQ(doc().getUndoDepth(), profondeur);

@@ -1,7 +1,6 @@
-// The export commands of the editor: a broken repeat writes nothing and
-// offers to show it; the MIDI file is proposed beside the tablature, with or
-// without the tablature's meta-events; the text tablature is the cursor's
-// track.
+// The export and import commands of the editor: a broken repeat writes nothing
+// and offers to show it; MIDI with or without the tablature's meta-events; the
+// text tablature of the cursor's track; WAV as the command line writes it.
 #include <QAbstractButton>
 #include <QDir>
 #include <QFile>
@@ -49,19 +48,18 @@ class Exports : public Editeur {
 
 TEST_F(Exports, ABrokenRepeatWritesNothingAndYesShowsIt) {
   prépare();
-  for (int i = 0; i < 3; ++i)
-    doc().addMesure();
+  mesures(4);
   doc().setMesureLoopGaucheType(2, 2);
   doc().setMesureLoopGaucheType(3, 2);  // a start inside an open repeat
   chemin = dossier.filePath("x.mid");
-  réponses = {QMessageBox::No};
+  réponses = {QMessageBox::No, QMessageBox::Yes};
   ftab->mnuTabFileExportMIDI();
-  ASSERT_EQ(questions.size(), 1u);
-  EXPECT_EQ(questions[0], "There is a problem of repeat bar at measure 3. Go to this measure?");
-  EXPECT_TRUE(proposés.empty()) << "no dialog";
   EXPECT_EQ(doc().CurseurMesure(), 1);
-  réponses = {QMessageBox::Yes};
   ftab->entrée("mnuTabFileExportMIDI")->trigger();
+  EXPECT_EQ(questions, std::vector<QString>(2,
+                                            "There is a problem of repeat bar at measure 3. "
+                                            "Go to this measure?"));
+  EXPECT_TRUE(proposés.empty()) << "no dialog";
   EXPECT_EQ(doc().CurseurMesure(), 3);
   EXPECT_FALSE(QFile::exists(chemin));
 }
@@ -69,25 +67,21 @@ TEST_F(Exports, ABrokenRepeatWritesNothingAndYesShowsIt) {
 TEST_F(Exports, TheMidiFileTakesTheMetaEventsOnlyWhenAsked) {
   prépare();
   tape("5");
-  chemin = dossier.filePath("avec.mid");
-  réponses = {QMessageBox::Yes};
-  ftab->mnuTabFileExportMIDI();
-  ASSERT_EQ(questions.size(), 1u);
+  réponses = {QMessageBox::Yes, QMessageBox::No};
+  QByteArray fichiers[2];
+  for (QByteArray& octets : fichiers) {
+    chemin = dossier.filePath(QStringLiteral("f%1.mid").arg(&octets - fichiers));
+    ftab->mnuTabFileExportMIDI();
+    octets = contenu(chemin);
+    ASSERT_TRUE(octets.startsWith("MThd"));
+  }
   EXPECT_TRUE(questions[0].startsWith("Add Rich MIDI Tablature Format (RMTF) information?"));
   EXPECT_EQ(boutons[0], QMessageBox::Yes | QMessageBox::No | QMessageBox::Help);
   EXPECT_EQ(titres[0], "Export as a MIDI file");
   EXPECT_EQ(proposés[0], dossierDocuments()) << "an unnamed tablature proposes no name";
-  const QByteArray avec = contenu(chemin);
-  ASSERT_TRUE(avec.startsWith("MThd"));
-
-  chemin = dossier.filePath("sans.mid");
-  réponses = {QMessageBox::No};
-  ftab->mnuTabFileExportMIDI();
-  const QByteArray sans = contenu(chemin);
-  ASSERT_TRUE(sans.startsWith("MThd"));
   // FF 11 carries each note's string: only the file with the meta-events has it.
-  EXPECT_TRUE(avec.contains(QByteArray("\xFF\x11", 2)));
-  EXPECT_FALSE(sans.contains(QByteArray("\xFF\x11", 2)));
+  EXPECT_TRUE(fichiers[0].contains(QByteArray("\xFF\x11", 2)));
+  EXPECT_FALSE(fichiers[1].contains(QByteArray("\xFF\x11", 2)));
   EXPECT_TRUE(messages.empty());
   EXPECT_TRUE(doc().modifi) << "an export is no save";
 }
@@ -100,10 +94,8 @@ TEST_F(Exports, TheTextTablatureIsTheCursorsTrackBesideTheFile) {
   ftab->mnutabPistes(6);
   chemin = dossier.filePath("piste.txt");
   ftab->mnuTabFileExportASCII();
-  const QByteArray texte = contenu(chemin);
-  EXPECT_TRUE(texte.contains("12")) << texte.toStdString();
+  EXPECT_TRUE(contenu(chemin).contains("12"));
   EXPECT_EQ(titres[0], "Export as an ASCII tablature");
-
   // Cancelled: nothing is written.
   chemin.clear();
   QFile::remove(dossier.filePath("piste.txt"));
@@ -116,41 +108,27 @@ TEST_F(Exports, AnImportAsksAboutTheChangesAndLeavesThePieceUnnamed) {
   tape("5");
   chemin = dossier.filePath("piece.mid");
   std::vector<std::pair<bool, QString>> imports;
-  bool remplace = false;
   ftab->dialogueImport = [&](bool midi, const QString& c) {
     imports.emplace_back(midi, c);
-    if (remplace) {
-      CVantoroTablature nouveau(vt->guitare());
-      nouveau.addPiste(1, vt->guitare());
-      nouveau.setNoteWhole(2, 1, 1, 0, 9, 48);
-      vt->document() = std::move(nouveau);
-    }
-    return remplace;
+    if (midi) return false;
+    CVantoroTablature nouveau(vt->guitare());
+    nouveau.addPiste(1, vt->guitare());
+    vt->document() = std::move(nouveau);
+    return true;
   };
-  // Cancel in the question: no dialog at all.
-  réponses = {QMessageBox::Cancel};
+  // Cancel in the question: no dialog at all; No, then the MIDI dialog turned
+  // down: the document stays; the text tablature replaces it, unnamed.
+  réponses = {QMessageBox::Cancel, QMessageBox::No, QMessageBox::No};
   ftab->entrée("mnuTabFileImportMIDI")->trigger();
   EXPECT_TRUE(imports.empty());
-  EXPECT_TRUE(titres.empty());
-  // No, then the dialog turned down: the document stays.
-  réponses = {QMessageBox::No};
   ftab->mnuTabFileImportMIDI();
-  ASSERT_EQ(imports.size(), 1u);
-  EXPECT_TRUE(imports[0].first);
-  EXPECT_EQ(imports[0].second, chemin);
-  EXPECT_EQ(titres.back(), "Import a MIDI file");
   EXPECT_EQ(fret(1, 1, 0), 5);
-  // The text tablature replaces it: two tracks, no name, the buttons rebuilt.
-  remplace = true;
   chemin = dossier.filePath("piece.txt");
-  réponses = {QMessageBox::No};
   ftab->mnuTabFileImportASCII();
-  ASSERT_EQ(imports.size(), 2u);
-  EXPECT_FALSE(imports[1].first);
-  EXPECT_EQ(titres.back(), "Import an ASCII tablature");
-  EXPECT_EQ(doc().getPisteLast(), 2);
-  EXPECT_NE(ftab->bouton("tbPistes", "2"), nullptr);
-  EXPECT_TRUE(ftab->fichier().isEmpty());
+  EXPECT_EQ(imports, (std::vector<std::pair<bool, QString>>{{true, dossier.filePath("piece.mid")},
+                                                            {false, chemin}}));
+  EXPECT_EQ(titres, (std::vector<QString>{"Import a MIDI file", "Import an ASCII tablature"}));
+  EXPECT_NE(ftab->bouton("tbPistes", "2"), nullptr) << "the buttons rebuilt";
   EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
 }
 
@@ -169,18 +147,15 @@ TEST_F(Exports, TheWavExportWritesWhatTheCommandLineWritesAndCancelKeepsTheOldFi
   ftab->entrée("mnuTabFileExportWAV")->trigger();
   EXPECT_EQ(titres.back(), "Export as a WAV audio file");
   EXPECT_EQ(titreProgrès, "Export as a WAV audio file");
-  EXPECT_TRUE(messages.empty());
   const QByteArray menu = contenu(chemin + ".wav");
   ASSERT_GT(menu.size(), 44);
   const QString cli = dossier.filePath("cli.wav");
   ASSERT_TRUE(exporterWav(doc(), QFile::encodeName(cli).toStdString()).ok);
   EXPECT_TRUE(menu == contenu(cli)) << "the same rendering as the command line";
-  EXPECT_TRUE(doc().modifi) << "an export is not a save";
 
   // A long piece, cancelled as soon as the bar shows: the earlier file stays.
   doc().tempo = 40;
-  for (int i = 0; i < 150; ++i)
-    doc().addMesure();
+  mesures(151);
   for (int m = 1; m <= doc().getMesureLast(); ++m)
     pose(m, 1, 0, 3, 192);
   chemin += ".wav";
@@ -197,14 +172,10 @@ TEST_F(Exports, TheWavExportWritesWhatTheCommandLineWritesAndCancelKeepsTheOldFi
 TEST_F(Exports, TheEditorsQuestionKeepsItsBoxOpenForHelpAndWarnsOnlyBeforeWorkIsDropped) {
   ouvre();
   FTab propre(*vt);  // the editor's own boxes
-  const struct {
-    QMessageBox::StandardButtons boutons;
-    QMessageBox::Icon icône;
-  } kCas[] = {
+  const std::pair<QMessageBox::StandardButtons, QMessageBox::Icon> kCas[] = {
       {QMessageBox::Yes | QMessageBox::No | QMessageBox::Help, QMessageBox::Question},
-      {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Warning},
-  };
-  for (const auto& c : kCas) {
+      {QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Warning}};
+  for (const auto& [types, icône] : kCas) {
     // Should the box not come, the guard closes whatever is modal.
     QTimer garde;
     garde.setSingleShot(true);
@@ -212,20 +183,17 @@ TEST_F(Exports, TheEditorsQuestionKeepsItsBoxOpenForHelpAndWarnsOnlyBeforeWorkIs
       if (QWidget* w = QApplication::activeModalWidget()) w->close();
     });
     garde.start(5000);
-    QTimer::singleShot(0, [&] {
+    QTimer::singleShot(0, [&, icône = icône] {
       auto* boîte = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (boîte == nullptr) {
-        ADD_FAILURE() << "no box";
-        return;
-      }
-      EXPECT_EQ(boîte->icon(), c.icône);
+      ASSERT_NE(boîte, nullptr);
+      EXPECT_EQ(boîte->icon(), icône);
       if (QAbstractButton* aide = boîte->button(QMessageBox::Help)) {
         aide->click();
         EXPECT_TRUE(boîte->isVisible()) << "Help leaves the question open";
       }
       boîte->button(QMessageBox::No)->click();
     });
-    EXPECT_EQ(propre.question("?", c.boutons), QMessageBox::No);
+    EXPECT_EQ(propre.question("?", types), QMessageBox::No);
   }
 }
 

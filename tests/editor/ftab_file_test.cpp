@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <deque>
 #include <functional>
+#include <tuple>
 
 #include "../formats/old_files.h"
 #include "formats/vtb.h"
@@ -14,6 +15,22 @@
 
 namespace vt::essai {
 namespace {
+
+// The next of a script of answers; none left fails the test and gives `sinon`.
+template <class T>
+T suivant(std::deque<T>& l, T sinon) {
+  if (l.empty()) {
+    ADD_FAILURE() << "the script of answers ran out";
+    return sinon;
+  }
+  T r = l.front();
+  l.pop_front();
+  return r;
+}
+
+// The editor as the user sees it: the fret at bar 1, string 1, tick 0 (-1 for
+// none), changed or not, the caption and the file.
+using Vue = std::tuple<int, bool, QString, QString>;
 
 class Fichiers : public Editeur {
  protected:
@@ -23,24 +40,12 @@ class Fichiers : public Editeur {
     ouvre();
     ftab->question = [this](const QString& texte, QMessageBox::StandardButtons) {
       questions.push_back(texte);
-      if (réponses.empty()) {
-        ADD_FAILURE() << "no answer for " << texte.toStdString();
-        return QMessageBox::Cancel;
-      }
-      const QMessageBox::StandardButton r = réponses.front();
-      réponses.pop_front();
-      return r;
+      return suivant(réponses, QMessageBox::Cancel);
     };
-    ftab->choisitFichier = [this](bool enregistrer, const QString& dossierDialogue,
-                                  const QString& filtre, const QString&) {
-      dialogues.push_back({enregistrer, dossierDialogue, filtre});
-      if (chemins.empty()) {
-        ADD_FAILURE() << "no path for the file dialog";
-        return QString();
-      }
-      const QString c = chemins.front();
-      chemins.pop_front();
-      return c;
+    ftab->choisitFichier = [this](bool, const QString& dossierDialogue, const QString&,
+                                  const QString&) {
+      dialogues.push_back(dossierDialogue);
+      return suivant(chemins, QString());
     };
     ftab->message = [this](const QString& t, QMessageBox::Icon i) {
       messages.push_back(t);
@@ -48,7 +53,10 @@ class Fichiers : public Editeur {
     };
     return *ftab;
   }
-
+  Vue vue() { return {fret(1, 1, 0), doc().modifi != kFaux, ftab->windowTitle(), ftab->fichier()}; }
+  static QString titre(const QString& chemin) {
+    return chemin.isEmpty() ? "Tablature[*]" : "Tablature - " + chemin + "[*]";
+  }
   // A tablature on disk whose bar 1, string 1 holds `f` at tick 0.
   QString fichier(const QString& nom, int f) {
     CVantoroTablature source(vt->guitare());
@@ -90,18 +98,15 @@ class Fichiers : public Editeur {
       l << vt->settings().setTabLastOpenFile[static_cast<std::size_t>(i)];
     return l;
   }
+  void fermeEditeur() {
+    qobject_cast<QMdiSubWindow*>(ftab->parentWidget())->close();
+    QCoreApplication::processEvents();
+  }
 
-  struct Dialogue {
-    bool enregistrer;
-    QString dossier;
-    QString filtre;
-  };
   QTemporaryDir dossier;
   std::deque<QMessageBox::StandardButton> réponses;
   std::deque<QString> chemins;
-  std::vector<QString> questions;
-  std::vector<Dialogue> dialogues;
-  std::vector<QString> messages;
+  std::vector<QString> questions, dialogues, messages;  // dialogues: the folder each opened in
   std::vector<QMessageBox::Icon> icônes;
 };
 
@@ -109,29 +114,23 @@ TEST_F(Fichiers, CancelKeepsTheChangesNoDropsThemYesSavesThemFirst) {
   prépare();
   const QString a = fichier("a.vtb", 9);
   ftab->MenuTabFileOpenLast(a);
-  ASSERT_EQ(ftab->windowTitle(), "Tablature - " + a + "[*]");
   change();
   // Cancel: a new tablature, open, a dropped file and closing the editor stop.
   réponses.assign(4, QMessageBox::Cancel);
   ftab->MenuTabFile(0);
   ftab->MenuTabFile(1);
   ftab->ouvreFichierDéposé(a);
-  qobject_cast<QMdiSubWindow*>(ftab->parentWidget())->close();
-  QCoreApplication::processEvents();
+  fermeEditeur();
   ASSERT_EQ(questions, std::vector<QString>(4, "Do you want to save the current tablature?"));
   EXPECT_TRUE(dialogues.empty()) << "Cancel ends open before its dialog";
   ASSERT_TRUE(vt->isFormLoaded(fen::FTab));
-  EXPECT_EQ(fret(1, 1, 0), 3);
-  EXPECT_TRUE(doc().modifi);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a + "[*]");
-  EXPECT_EQ(ftab->fichier(), a);
+  EXPECT_EQ(vue(), Vue(3, true, titre(a), a));
 
   // No: the dropped file opens as it was on disk.
   réponses = {QMessageBox::No};
   curseur(1, 0, 3);
   ftab->ouvreFichierDéposé(a);
-  EXPECT_EQ(fret(1, 1, 0), 9);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + a + "[*]");
+  EXPECT_EQ(vue(), Vue(9, false, titre(a), a));
   EXPECT_EQ(doc().CurseurCorde(), 1);
 
   // Yes saves the named file, without a dialog, before the new tablature.
@@ -140,9 +139,7 @@ TEST_F(Fichiers, CancelKeepsTheChangesNoDropsThemYesSavesThemFirst) {
   ftab->MenuTabFile(0);
   EXPECT_EQ(fretDans(a), 3);
   EXPECT_TRUE(dialogues.empty());
-  EXPECT_EQ(fret(1, 1, 0), -1) << "a new tablature";
-  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
-  EXPECT_TRUE(ftab->fichier().isEmpty());
+  EXPECT_EQ(vue(), Vue(-1, false, titre(""), ""));
   EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
   // The title bar marks unsaved changes, an undo as well.
   auto* cadre = qobject_cast<QMdiSubWindow*>(ftab->parentWidget());
@@ -171,24 +168,17 @@ TEST_F(Fichiers, CancelKeepsTheChangesNoDropsThemYesSavesThemFirst) {
 // asks stops as on Cancel, and the changes stay in the editor.
 TEST_F(Fichiers, ASaveThatDidNotHappenStopsEveryCommandThatAsked) {
   prépare();
-  struct Appelant {
-    const char* nom;
-    std::function<void(const QString& autre)> lance;
-  };
-  const std::vector<Appelant> appelants = {
-      {"new", [this](const QString&) { ftab->MenuTabFile(0); }},
-      {"open", [this](const QString&) { ftab->MenuTabFile(1); }},
-      {"recent file", [this](const QString& a) { ftab->MenuTabFileOpenLast(a); }},
-      {"import MIDI", [this](const QString&) { ftab->mnuTabFileImportMIDI(); }},
-      {"import ASCII", [this](const QString&) { ftab->mnuTabFileImportASCII(); }},
-      {"dropped file", [this](const QString& a) { ftab->ouvreFichierDéposé(a); }},
-      {"closing the editor",
-       [this](const QString&) {
-         qobject_cast<QMdiSubWindow*>(ftab->parentWidget())->close();
-         QCoreApplication::processEvents();
-       }},
+  const QString a = fichier("a.vtb", 9);
+  const std::vector<std::pair<const char*, std::function<void()>>> appelants = {
+      {"new", [this] { ftab->MenuTabFile(0); }},
+      {"open", [this] { ftab->MenuTabFile(1); }},
+      {"recent file", [&] { ftab->MenuTabFileOpenLast(a); }},
+      {"import MIDI", [this] { ftab->mnuTabFileImportMIDI(); }},
+      {"import ASCII", [this] { ftab->mnuTabFileImportASCII(); }},
+      {"dropped file", [&] { ftab->ouvreFichierDéposé(a); }},
+      {"closing the editor", [this] { fermeEditeur(); }},
       {"exit",
-       [this](const QString&) {
+       [this] {
          vt->montreFenetre(fen::FAide);
          vt->MenuGlobalFile(5);
          EXPECT_TRUE(vt->isFormLoaded(fen::FAide)) << "the other windows stay open too";
@@ -198,24 +188,21 @@ TEST_F(Fichiers, ASaveThatDidNotHappenStopsEveryCommandThatAsked) {
     ADD_FAILURE() << "the import went on";
     return false;
   };
-  const QString a = fichier("a.vtb", 9);
   change();
-  for (const Appelant& appelant : appelants) {
+  for (const auto& [nomAppelant, lance] : appelants) {
     // The save dialog cancelled, then a folder that does not exist.
     for (const QString& nom : {QString(), dossier.filePath("missing/x.vtb")}) {
-      SCOPED_TRACE(std::string(appelant.nom) + (nom.isEmpty() ? ", cancelled" : ", failed"));
+      SCOPED_TRACE(std::string(nomAppelant) + (nom.isEmpty() ? ", cancelled" : ", failed"));
       dialogues.clear();
       messages.clear();
       réponses = {QMessageBox::Yes};
       chemins = {nom};
-      appelant.lance(a);
+      lance();
       EXPECT_EQ(dialogues.size(), 1u) << "only the save dialog";
       EXPECT_EQ(messages.size(), nom.isEmpty() ? 0u : 1u);
       ASSERT_TRUE(vt->isFormLoaded(fen::FTab));
       EXPECT_TRUE(vt->isVisible());
-      EXPECT_EQ(fret(1, 1, 0), 3);
-      EXPECT_TRUE(doc().modifi);
-      EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
+      EXPECT_EQ(vue(), Vue(3, true, titre(""), ""));
       EXPECT_EQ(fretDans(a), 9);
     }
   }
@@ -229,7 +216,7 @@ TEST_F(Fichiers, SaveAsNamesTheFileAndAPlainSaveWritesOverIt) {
   // Cancelled, Save as leaves the document unnamed, and the file as it was.
   chemins = {QString()};
   ftab->MenuTabFile(3);
-  EXPECT_TRUE(ftab->fichier().isEmpty());
+  EXPECT_EQ(vue(), Vue(3, true, titre(""), ""));
   EXPECT_EQ(fretDans(a), 9);
   // A save that fails says why and keeps the changes.
   chemins = {dossier.filePath("missing/folder/e.vtb")};
@@ -239,15 +226,13 @@ TEST_F(Fichiers, SaveAsNamesTheFileAndAPlainSaveWritesOverIt) {
   EXPECT_TRUE(doc().modifi);
 
   // The next plain save asks for a name; the extension is added.
-  const QString c = dossier.filePath("c");
+  const QString c = dossier.filePath("c.vtb");
   const QStringList avant = récents();
-  chemins = {c};
+  chemins = {dossier.filePath("c")};
   ftab->MenuTabFile(2);
   ASSERT_EQ(dialogues.size(), 3u);
-  EXPECT_EQ(ftab->fichier(), c + ".vtb");
-  EXPECT_EQ(ftab->windowTitle(), "Tablature - " + c + ".vtb" + "[*]");
-  EXPECT_FALSE(doc().modifi);
-  EXPECT_EQ(fretDans(c + ".vtb"), 3);
+  EXPECT_EQ(vue(), Vue(3, false, titre(c), c));
+  EXPECT_EQ(fretDans(c), 3);
   EXPECT_EQ(récents(), avant) << "a save does not touch the recent files";
 
   // Typed over, saved again without a dialog: the file holds the new fret and
@@ -255,7 +240,7 @@ TEST_F(Fichiers, SaveAsNamesTheFileAndAPlainSaveWritesOverIt) {
   touche(Qt::Key_7);
   touche(Qt::Key_S, Qt::ControlModifier);
   EXPECT_EQ(dialogues.size(), 3u);
-  EXPECT_EQ(fretDans(c + ".vtb"), 7);
+  EXPECT_EQ(fretDans(c), 7);
   EXPECT_EQ(QDir(dossier.path()).entryList(QDir::Files), (QStringList{"a.vtb", "c.vtb"}));
 }
 
@@ -272,7 +257,7 @@ TEST_F(Fichiers, TheRecentFilesMoveDownOnOpenAndKeepTheirOrderOnReopen) {
   }
   EXPECT_EQ(récents(), (QStringList{f[4], f[3], f[2], f[1]}));
   EXPECT_EQ(vt->settings().setTabFolderOpen, dossier.path() + "/");
-  EXPECT_EQ(dialogues.back().dossier, dossier.path() + "/") << "the folder is remembered";
+  EXPECT_EQ(dialogues.back(), dossier.path() + "/") << "the folder is remembered";
   EXPECT_TRUE(ftab->entrée("mnuTabFile_18")->isVisible());
   QAction* trois = ftab->entrée("mnuTabFile_21");
   EXPECT_EQ(trois->text(), "&3 " + f[2]);
@@ -322,9 +307,7 @@ TEST_F(Fichiers, FilesThatCannotBeReadSayWhyWithTheCriticalIconAndKeepTheDocumen
   chemins = {abîmé};
   ftab->MenuTabFile(1);
   ASSERT_FALSE(messages.empty());
-  EXPECT_EQ(fret(1, 1, 0), 9);
-  EXPECT_EQ(ftab->windowTitle(), "Tablature[*]");
-  EXPECT_TRUE(ftab->fichier().isEmpty());
+  EXPECT_EQ(vue(), Vue(9, false, titre(""), ""));
 }
 
 TEST_F(Fichiers, AnOpenedPieceBringsTheInstrumentOfItsTracks) {
@@ -363,6 +346,8 @@ TEST_F(Fichiers, AnOpenedPieceBringsTheInstrumentOfItsTracks) {
       {"no track known: the instrument stays", écrit("d.vtb", {inconnue}), 1},
       {"a version 6 track, its strings alone", version6(), 2},
   };
+  const CatalogueGuitares catalogue =
+      CatalogueGuitares::load(QFile::encodeName(vt->strAppPath() + "vt.ini").toStdString());
   for (const auto& c : kCas) {
     SCOPED_TRACE(c.quoi);
     vt->settings().setGuitare = 1;
@@ -370,9 +355,7 @@ TEST_F(Fichiers, AnOpenedPieceBringsTheInstrumentOfItsTracks) {
     ftab->MenuTabFileOpenLast(c.chemin);
     ASSERT_EQ(ftab->fichier(), c.chemin);
     EXPECT_EQ(vt->settings().setGuitare, c.instrument);
-    const tGuitare attendu =
-        CatalogueGuitares::load(QFile::encodeName(vt->strAppPath() + "vt.ini").toStdString())
-            .loadGuitare(c.instrument, vt->setLang());
+    const tGuitare attendu = catalogue.loadGuitare(c.instrument, vt->setLang());
     EXPECT_EQ(vt->guitare().nbrCordes, attendu.nbrCordes);
     EXPECT_EQ(vt->guitare().corde, attendu.corde);
   }
@@ -398,26 +381,34 @@ TEST_F(Fichiers, TheDialogsOpenAmongTheUsersDocumentsThenInTheRememberedFolder) 
   chemins = {dossier.filePath("premier.vtb")};
   ftab->MenuTabFile(2);
   ASSERT_EQ(dialogues.size(), 1u);
-  EXPECT_EQ(dialogues[0].dossier, dossierDocuments()) << "not the program's folder";
-  EXPECT_NE(dialogues[0].dossier, vt->strAppPath());
-  // The folder of that save is the next dialog's.
-  chemins = {QString()};
-  ftab->MenuTabFile(1);
-  EXPECT_EQ(dialogues.back().dossier, dossier.path() + "/");
-  // Without the folder kept, or with a folder gone, the documents again.
-  vt->settings().setTabFolderOpen = dossier.filePath("gone/");
-  chemins = {QString()};
-  ftab->mnuTabFileExportASCII();
-  EXPECT_TRUE(dialogues.back().dossier.endsWith("premier.txt")) << "a named piece: its name";
-  ftab->MenuTabFile(0);
-  chemins = {QString()};
-  ftab->mnuTabFileExportMIDI();
-  EXPECT_EQ(dialogues.back().dossier, dossierDocuments());
-  vt->settings().setTabFolderOpen = dossier.path() + "/";
-  vt->settings().setTabRememberFolder = kFaux;
-  chemins = {QString()};
-  ftab->MenuTabFile(1);
-  EXPECT_EQ(dialogues.back().dossier, dossierDocuments());
+  EXPECT_EQ(dialogues[0], dossierDocuments()) << "not the program's folder";
+  EXPECT_NE(dialogues[0], vt->strAppPath());
+  // The folder of that save is the next dialog's; without the folder kept, or
+  // with a folder gone, the documents again (a named piece: its name).
+  const std::pair<std::function<void()>, QString> kCas[] = {
+      {[this] { ftab->MenuTabFile(1); }, dossier.path() + "/"},
+      {[this] {
+         vt->settings().setTabFolderOpen = dossier.filePath("gone/");
+         ftab->mnuTabFileExportASCII();
+       },
+       dossier.filePath("premier.txt")},
+      {[this] {
+         ftab->MenuTabFile(0);
+         ftab->mnuTabFileExportMIDI();
+       },
+       dossierDocuments()},
+      {[this] {
+         vt->settings().setTabFolderOpen = dossier.path() + "/";
+         vt->settings().setTabRememberFolder = kFaux;
+         ftab->MenuTabFile(1);
+       },
+       dossierDocuments()},
+  };
+  for (const auto& [commande, attendu] : kCas) {
+    chemins = {QString()};
+    commande();
+    EXPECT_EQ(dialogues.back(), attendu);
+  }
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
-// Playback from the editor: the play commands, their buttons and the repeat
-// check; the screen timer following a stand-in player whose position the test
-// sets; the fretboard during play; the stop that puts the cursor back on the
-// grid; the recording of the MIDI input; and the real player heard through the logging output.
+// Playback from the editor, with a stand-in player whose position the test sets
+// (the commands, the screen timer, the fretboard, the stop, recording), then
+// with the real player heard through the logging output.
 #include <QAction>
 #include <QScrollBar>
 #include <algorithm>
@@ -22,10 +21,9 @@ namespace {
 // A player whose position the test sets by hand; it writes down what the editor asks of it.
 class JoueurEssai : public JoueurTab {
  public:
-  void start(const CVantoroTablature&, PlayArrays&, const OptionsJeu& o,
+  void start(const CVantoroTablature&, PlayArrays&, const OptionsJeu&,
              const DemandeJeu& d) override {
     demandes.push_back(d);
-    options = o;
   }
   void stop() override { ++arrêts; }
   std::int32_t x() override { return posX; }
@@ -36,13 +34,9 @@ class JoueurEssai : public JoueurTab {
   void piste(std::int16_t p) override { pistes.push_back(p); }
 
   std::vector<DemandeJeu> demandes;
-  OptionsJeu options;
   int arrêts = 0;
-  std::int32_t posX = 0;
-  std::int32_t posMesure = 1;
-  std::int32_t saut = 0;
-  std::array<std::int32_t, kMaxCordes + 1> notes{};
-  std::array<std::int32_t, kMaxCordes + 1> durées{};
+  std::int32_t posX = 0, posMesure = 1, saut = 0;
+  std::array<std::int32_t, kMaxCordes + 1> notes{}, durées{};
   std::vector<int> pistes;
 };
 
@@ -68,11 +62,14 @@ class Peintures : public QObject {
   int n = 0;
 };
 
+using Etat = std::array<bool, 3>;  // playing, "joue" down, the screen timer running
+using Ecrite = std::tuple<int, int, int>;
+
 class Jeu : public Editeur {
  protected:
-  // The editor with the stand-in player; the questions are answered by
-  // `réponse` and written down, as the messages are.
-  void ouvreEssai(int mesures = 1) {
+  // The editor with the stand-in player and `n` bars; the questions are
+  // answered by `réponse` and written down.
+  void ouvreEssai(int n = 1) {
     ouvre();
     auto j = std::make_unique<JoueurEssai>();
     joueur = j.get();
@@ -81,15 +78,18 @@ class Jeu : public Editeur {
       questions.push_back(t);
       return réponse;
     };
-    ftab->message = [this](const QString& t, QMessageBox::Icon) { messages.push_back(t); };
-    for (int m = 2; m <= mesures; ++m)
-      doc().addMesure();
-    ftab->refreshPicture();
+    mesures(n);
   }
   QAction* bouton(const char* clé) { return ftab->bouton("tbToolbar", clé); }
   QAction* menu(int i) { return ftab->entrée(QStringLiteral("mnuTabPlay_%1").arg(i)); }
-  // The timer is left to the test, which ticks by hand.
-  void arrêteMinuterie() { ftab->lecture().tmrGFX.stop(); }
+  Etat état() {
+    return {ftab->isPlaying(), bouton("joue")->isChecked(), ftab->lecture().tmrGFX.isActive()};
+  }
+  // Space, the timer left to the test, which ticks by hand.
+  void lance() {
+    touche(Qt::Key_Space);
+    ftab->lecture().tmrGFX.stop();
+  }
   void tick(int mesure, int x) {
     joueur->posMesure = mesure;
     joueur->posX = x;
@@ -104,20 +104,29 @@ class Jeu : public Editeur {
     }
   }
   int corde(int c) { return doc().getGuitareCorde(1, c); }
-  // A start asked of the player: tick period, repeats, loop, count-in and its
-  // beat, between the markers.
-  static std::tuple<int, bool, bool, bool, int, bool> vue(const DemandeJeu& d) {
+  void midi(int c, int fret, bool enfoncée) { vt->noteMidiEntrante(c, corde(c) + fret, enfoncée); }
+  // The last start asked of the player: tick period, repeats, loop, count-in
+  // and its beat, between the markers.
+  std::tuple<int, bool, bool, bool, int, bool> demande() {
+    const DemandeJeu& d = joueur->demandes.back();
     return {d.périodeTick, d.renvois, d.loop, d.beatsAtStart, d.beatDurée, d.marker};
   }
   // The note recorded at a place: fret, length and effect; -1 and zeros for none.
-  std::tuple<int, int, int> écrite(int mesure, int corde, int x) {
+  Ecrite écrite(int mesure, int corde, int x) {
     const tNote* n = note(mesure, corde, x);
-    return n == nullptr ? std::tuple(-1, 0, 0)
-                        : std::tuple(+n->bytCase, +n->bytDurée, +n->bytEffet);
+    return n == nullptr ? Ecrite(-1, 0, 0) : Ecrite(n->bytCase, n->bytDurée, n->bytEffet);
+  }
+  // The notes of strings 1 to 6 in every bar.
+  int compte() {
+    int n = 0;
+    for (int m = 1; m <= doc().getMesureLast(); ++m)
+      for (int c = 1; c <= 6; ++c)
+        n += doc().getNoteLast(1, m, c);
+    return n;
   }
 
   JoueurEssai* joueur = nullptr;
-  std::vector<QString> questions, messages;
+  std::vector<QString> questions;
   QMessageBox::StandardButton réponse = QMessageBox::No;
 };
 
@@ -127,78 +136,61 @@ TEST_F(Jeu, SpaceStartsFromTheCursorWithTheChecksOfThePlayMenu) {
   curseur(2, 48, 1);
   menu(4)->trigger();  // beats at start
   touche(Qt::Key_Space);
-  ASSERT_TRUE(ftab->isPlaying());
-  EXPECT_TRUE(bouton("joue")->isChecked());
-  EXPECT_TRUE(ftab->lecture().tmrGFX.isActive());
+  ASSERT_EQ(état(), (Etat{true, true, true}));
   EXPECT_EQ(ftab->lecture().tmrGFX.interval(), 12);
-  ASSERT_EQ(joueur->demandes.size(), 1u);
   // 60000 / (100 * 48), truncated; a start in the middle runs through the repeats.
-  EXPECT_EQ(vue(joueur->demandes[0]), std::tuple(12, false, false, true, 600, false));
+  EXPECT_EQ(demande(), std::tuple(12, false, false, true, 600, false));
   EXPECT_EQ(joueur->pistes, std::vector<int>{1});
   // The moves wait; play, the markers, the checks and recording stay.
-  for (int i : {1, 2, 7, 8})
-    EXPECT_FALSE(menu(i)->isEnabled()) << i;
-  for (int i : {0, 3, 4, 5, 10})
-    EXPECT_TRUE(menu(i)->isEnabled()) << i;
+  for (int i : {0, 1, 2, 3, 4, 5, 7, 8, 10})
+    EXPECT_EQ(menu(i)->isEnabled(), i != 1 && i != 2 && i != 7 && i != 8) << i;
   EXPECT_FALSE(bouton("arriere")->isEnabled());
   touche(Qt::Key_Home);
   EXPECT_EQ(doc().CurseurMesure(), 2);
 
   // Space again stops; the next start reads the checks again.
   touche(Qt::Key_Space);
-  EXPECT_FALSE(ftab->isPlaying());
-  EXPECT_FALSE(bouton("joue")->isChecked());
-  EXPECT_FALSE(ftab->lecture().tmrGFX.isActive());
+  EXPECT_EQ(état(), (Etat{false, false, false}));
   EXPECT_EQ(joueur->arrêts, 1);
-  EXPECT_TRUE(menu(1)->isEnabled());
   EXPECT_TRUE(bouton("arriere")->isEnabled());
   menu(4)->trigger();
   menu(5)->trigger();  // loop
   bouton("joue")->trigger();
-  ASSERT_EQ(joueur->demandes.size(), 2u);
-  EXPECT_EQ(vue(joueur->demandes[1]), std::tuple(12, false, true, false, 0, false));
-  bouton("joue")->trigger();
-  EXPECT_FALSE(ftab->isPlaying());
+  EXPECT_EQ(demande(), std::tuple(12, false, true, false, 0, false));
 }
 
 TEST_F(Jeu, RepeatsAreHonouredFromTheFirstBarOnlyAndABrokenOneIsAskedAbout) {
   ouvreEssai(4);
   reprise(1, true);
   reprise(2, false);
-  touche(Qt::Key_Space);
-  ASSERT_EQ(joueur->demandes.size(), 1u);
-  EXPECT_TRUE(joueur->demandes[0].renvois);
-  EXPECT_TRUE(questions.empty());
-  touche(Qt::Key_Space);
-
-  // A second end of repeat with no start before it: broken at bar 3.
-  reprise(3, false);
-  ASSERT_EQ(doc().checkMesureRenvois(), 3);
-  curseur(2, 0, 1);
-  touche(Qt::Key_Space);
-  EXPECT_TRUE(questions.empty()) << "no check away from the first bar";
-  EXPECT_FALSE(joueur->demandes.back().renvois);
-  touche(Qt::Key_Space);
-
-  // No: it plays, straight through.
-  curseur(1, 0, 1);
-  réponse = QMessageBox::No;
-  touche(Qt::Key_Space);
-  ASSERT_EQ(questions.size(), 1u);
-  EXPECT_EQ(questions[0], "There is a problem of repeat bar at measure 3. Go to this measure?");
-  EXPECT_TRUE(ftab->isPlaying());
-  EXPECT_FALSE(joueur->demandes.back().renvois);
-  touche(Qt::Key_Space);
-
-  // Yes: the cursor goes there, and nothing plays.
-  const std::size_t avant = joueur->demandes.size();
-  curseur(1, 48, 1);
-  réponse = QMessageBox::Yes;
-  bouton("joue")->trigger();
-  EXPECT_EQ(questions.size(), 2u);
-  EXPECT_FALSE(ftab->isPlaying());
-  EXPECT_FALSE(bouton("joue")->isChecked());
-  EXPECT_EQ(joueur->demandes.size(), avant);
+  // From the second row on, an end of repeat with no start before it breaks
+  // them at bar 3: no check away from the first bar; No plays straight
+  // through; Yes goes there and plays nothing.
+  const struct {
+    int mesure, x;
+    QMessageBox::StandardButton réponse;
+    bool renvois, joue;
+  } kCas[] = {{1, 0, QMessageBox::No, true, true},
+              {2, 0, QMessageBox::No, false, true},
+              {1, 0, QMessageBox::No, false, true},
+              {1, 48, QMessageBox::Yes, false, false}};
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(testing::Message() << c.mesure << " " << c.réponse);
+    if (&c == &kCas[1]) reprise(3, false);
+    curseur(c.mesure, c.x, 1);
+    réponse = c.réponse;
+    const std::size_t avant = joueur->demandes.size();
+    bouton("joue")->trigger();
+    EXPECT_EQ(état(), (Etat{c.joue, c.joue, c.joue}));
+    ASSERT_EQ(joueur->demandes.size(), avant + (c.joue ? 1 : 0));
+    if (c.joue) {
+      EXPECT_EQ(joueur->demandes.back().renvois, c.renvois);
+      touche(Qt::Key_Space);
+    }
+  }
+  EXPECT_EQ(questions, std::vector<QString>(2,
+                                            "There is a problem of repeat bar at measure 3. "
+                                            "Go to this measure?"));
   EXPECT_EQ(place(), (Place{3, 0, 1}));
 }
 
@@ -206,34 +198,27 @@ TEST_F(Jeu, BetweenTheMarkersTheCursorGoesToTheStartAndWrongMarkersSayNothing) {
   ouvreEssai(12);
   // Equal markers mark nothing: the button comes up again, without a word.
   bouton("jouemarker")->trigger();
-  EXPECT_FALSE(ftab->isPlaying());
   EXPECT_FALSE(bouton("jouemarker")->isChecked());
   EXPECT_TRUE(joueur->demandes.empty());
-  EXPECT_TRUE(messages.empty());
-  EXPECT_TRUE(questions.empty());
-
   // Broken repeats are not looked at between the markers.
   reprise(2, true);
   reprise(3, true);
   doc().setMarqueurStart(11, 24);
   doc().setMarqueurStop(12, 96);
-  ASSERT_EQ(premièreMontrée(), 1);
   bouton("jouemarker")->trigger();
-  ASSERT_TRUE(ftab->isPlaying());
+  ASSERT_EQ(état(), (Etat{true, false, true}));
   EXPECT_TRUE(bouton("jouemarker")->isChecked());
-  EXPECT_FALSE(bouton("joue")->isChecked());
   EXPECT_TRUE(questions.empty());
-  ASSERT_EQ(joueur->demandes.size(), 1u);
-  EXPECT_EQ(vue(joueur->demandes[0]), std::tuple(10, false, false, false, 0, true));
+  EXPECT_EQ(demande(), std::tuple(10, false, false, false, 0, true));
   EXPECT_EQ(place(), (Place{11, 24, 1}));
   EXPECT_EQ(premièreMontrée(), 11) << "the marker's bar was off the screen";
 }
 
 TEST_F(Jeu, ThePlayEntriesAndSpaceDoWhatTheirButtonsDoInEveryState) {
-  enum Etat { Arrêt, Joue, Marqueurs };
+  enum Mode { Arrêt, Joue, Marqueurs };
   const struct {
-    Etat avant;
-    Etat après[5];  // after menu 0, "joue", Space, menu 3, "jouemarker"
+    Mode avant;
+    Mode après[5];  // after menu 0, "joue", Space, menu 3, "jouemarker"
   } kCas[] = {
       {Arrêt, {Joue, Joue, Joue, Marqueurs, Marqueurs}},
       {Joue, {Arrêt, Arrêt, Arrêt, Marqueurs, Marqueurs}},
@@ -246,7 +231,7 @@ TEST_F(Jeu, ThePlayEntriesAndSpaceDoWhatTheirButtonsDoInEveryState) {
   ouvreEssai(3);
   doc().setMarqueurStart(1, 24);
   doc().setMarqueurStop(2, 48);
-  const auto état = [this] {
+  const auto mode = [this] {
     EXPECT_EQ(bouton("joue")->isChecked(), ftab->isPlaying() && !ftab->lecture().marker);
     EXPECT_EQ(bouton("jouemarker")->isChecked(), ftab->isPlaying() && ftab->lecture().marker);
     return !ftab->isPlaying() ? Arrêt : ftab->lecture().marker ? Marqueurs : Joue;
@@ -257,53 +242,48 @@ TEST_F(Jeu, ThePlayEntriesAndSpaceDoWhatTheirButtonsDoInEveryState) {
       ftab->TimerMIDIStop(true);
       if (c.avant == Joue) bouton("joue")->trigger();
       if (c.avant == Marqueurs) bouton("jouemarker")->trigger();
-      ASSERT_EQ(état(), c.avant);
+      ASSERT_EQ(mode(), c.avant);
       kCommandes[i]();
-      EXPECT_EQ(état(), c.après[i]);
+      EXPECT_EQ(mode(), c.après[i]);
     }
-  EXPECT_TRUE(questions.empty());
 }
 
+// The cursor follows the player, redrawn only when it changes column; the
+// track under the cursor is told to the player when it changes.
 TEST_F(Jeu, TheCursorFollowsThePlayerAndIsRedrawnOnlyWhenItChangesColumn) {
   ouvreEssai(2);
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
+  ASSERT_TRUE(doc().addPiste(1, vt->guitare()));
+  ftab->tbPistesUpdate();
+  lance();
   Peintures peintures;
   ftab->picTab()->installEventFilter(&peintures);
   QCoreApplication::processEvents();
-
-  tick(1, 30);
-  EXPECT_EQ(doc().CurseurX(), 30);
-  QCoreApplication::processEvents();
-  const QImage colonne1 = ftab->image().copy();
-  EXPECT_GT(peintures.n, 0);
-
-  // Within the same column (24 ticks at an eighth per column): not a pixel redrawn.
-  peintures.n = 0;
-  tick(1, 47);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(doc().CurseurX(), 47);
-  EXPECT_EQ(peintures.n, 0);
-  EXPECT_EQ(ftab->image(), colonne1);
-
-  tick(1, 48);
-  QCoreApplication::processEvents();
-  EXPECT_GT(peintures.n, 0);
-  EXPECT_NE(ftab->image(), colonne1);
-  tick(2, 0);
-  EXPECT_EQ(doc().CurseurMesure(), 2);
-  // A bar the player reports past the end keeps the cursor in the last one.
-  tick(3, 10);
-  EXPECT_EQ(doc().CurseurMesure(), 2);
-  EXPECT_EQ(doc().CurseurX(), 10);
+  const struct {
+    int mesure, x;
+    Place place;
+    bool peint;
+  } kCas[] = {
+      {1, 30, {1, 30, 1}, true},  {1, 47, {1, 47, 1}, false}, {1, 48, {1, 48, 1}, true},
+      {2, 0, {2, 0, 1}, true},  // a bar past the end keeps the cursor in the last one
+      {3, 10, {2, 10, 1}, false},
+  };
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(testing::Message() << c.mesure << " " << c.x);
+    const QImage avant = ftab->image().copy();
+    peintures.n = 0;
+    tick(c.mesure, c.x);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(place(), c.place);
+    EXPECT_EQ(std::pair(peintures.n > 0, ftab->image() != avant), std::pair(c.peint, c.peint));
+  }
   ftab->picTab()->removeEventFilter(&peintures);
-
+  doc().setCurseurPiste(2);
+  tick(2, 12);
+  EXPECT_EQ(joueur->pistes, (std::vector<int>{1, 2}));
   // The end of the piece stops everything.
   tick(2, -1);
-  EXPECT_FALSE(ftab->isPlaying());
-  EXPECT_FALSE(bouton("joue")->isChecked());
+  EXPECT_EQ(état(), (Etat{false, false, false}));
   EXPECT_EQ(joueur->arrêts, 1);
-  EXPECT_EQ(doc().CurseurX(), 0);
 }
 
 TEST_F(Jeu, TheViewFollowsThePieceForwardBackAndAtTheRepeats) {
@@ -313,50 +293,25 @@ TEST_F(Jeu, TheViewFollowsThePieceForwardBackAndAtTheRepeats) {
   ASSERT_LT(n, 10);
   reprise(1, true);
   reprise(2, false);
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
-  ASSERT_TRUE(joueur->demandes.back().renvois);
-
-  tick(n, 0);
-  EXPECT_EQ(premièreMontrée(), 1) << "the last whole bar shown";
-  tick(n + 1, 0);
-  EXPECT_EQ(premièreMontrée(), n + 1) << "past the edge, the bar becomes the first shown";
-  EXPECT_EQ(ftab->hScroll()->value(), n + 1);
-  // Back before the first bar shown (the repeat went back).
-  tick(2, 0);
-  EXPECT_EQ(premièreMontrée(), 2);
-  EXPECT_EQ(doc().CurseurMesure(), 2);
-  // A jump within the screen brings the bar to the front, with repeats on.
-  joueur->saut = -1;
-  tick(3, 0);
-  EXPECT_EQ(premièreMontrée(), 3);
-
+  lance();
+  // The bar reported, a jump of the repeats, the first bar shown after: the
+  // last whole bar shown moves nothing; past the edge the bar becomes the
+  // first shown; back before it (the repeat went back); a jump within the
+  // screen brings the bar to the front.
+  const std::array<int, 3> kCas[] = {{n, 0, 1}, {n + 1, 0, n + 1}, {2, 0, 2}, {3, -1, 3}};
+  for (const auto& [mesure, saut, premier] : kCas) {
+    joueur->saut = saut;
+    tick(mesure, 0);
+    EXPECT_EQ(std::pair(premièreMontrée(), ftab->hScroll()->value()), std::pair(premier, premier));
+  }
   // From another bar the repeats are off, and a jump reported moves nothing.
   touche(Qt::Key_Space);
   curseur(4, 0, 1);
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
-  ASSERT_FALSE(joueur->demandes.back().renvois);
+  lance();
   const int premier = premièreMontrée();
   joueur->saut = -1;
   tick(premier + 1, 0);
   EXPECT_EQ(premièreMontrée(), premier);
-  touche(Qt::Key_Space);
-}
-
-TEST_F(Jeu, TheTrackUnderTheCursorIsToldToThePlayerWhenItChanges) {
-  ouvreEssai();
-  ASSERT_TRUE(doc().addPiste(1, vt->guitare()));
-  ftab->tbPistesUpdate();
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
-  EXPECT_EQ(joueur->pistes, std::vector<int>{1});
-  tick(1, 0);
-  EXPECT_EQ(joueur->pistes, std::vector<int>{1});
-  doc().setCurseurPiste(2);
-  tick(1, 4);
-  EXPECT_EQ(joueur->pistes, (std::vector<int>{1, 2}));
-  touche(Qt::Key_Space);
 }
 
 TEST_F(Jeu, TheStopPutsTheCursorOnTheGridAndInsideThePiece) {
@@ -366,66 +321,50 @@ TEST_F(Jeu, TheStopPutsTheCursorOnTheGridAndInsideThePiece) {
   ftab->TimerMIDIStop(true);
   EXPECT_FALSE(bouton("joue")->isChecked());
   EXPECT_EQ(joueur->arrêts, 0);
-
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
-  tick(2, 37);
-  touche(Qt::Key_Space);
-  EXPECT_EQ(place(), (Place{2, 24, 1})) << "back on the eighth before";
-
-  // The grid is the view's: at a sixteenth per column the same place is 36.
-  ftab->mnuTabDisplay(2);
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
-  tick(2, 37);
-  ftab->TimerMIDIStop(true);
-  EXPECT_EQ(doc().CurseurX(), 36);
-  ftab->mnuTabDisplay(1);
-
-  // A place past the bar's width, or past the last bar, starts its bar again.
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
-  tick(3, 240);
-  ftab->TimerMIDIStop(true);
-  EXPECT_EQ(place(), (Place{3, 0, 1}));
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
-  tick(3, 48);
-  doc().setCurseurMesure(9);
-  ftab->TimerMIDIStop(false);
-  EXPECT_EQ(place(), (Place{3, 0, 1}));
-  EXPECT_FALSE(ftab->isPlaying());
-  EXPECT_TRUE(bouton("joue")->isChecked()) << "without its flag the buttons stay as they are";
+  // The view (2: a sixteenth a column), the place reported, the place after
+  // the stop: back on the column before; a place past the bar's width, or
+  // past the last bar, starts its bar again.
+  const struct {
+    int vue, mesure, x, curseurMesure;
+    Place place;
+  } kCas[] = {{1, 2, 37, 0, {2, 24, 1}},
+              {2, 2, 37, 0, {2, 36, 1}},
+              {1, 3, 240, 0, {3, 0, 1}},
+              {1, 3, 48, 9, {3, 0, 1}}};
+  for (const auto& c : kCas) {
+    ftab->mnuTabDisplay(c.vue);
+    lance();
+    tick(c.mesure, c.x);
+    if (c.curseurMesure != 0) doc().setCurseurMesure(static_cast<i16>(c.curseurMesure));
+    ftab->TimerMIDIStop(c.curseurMesure == 0);
+    EXPECT_EQ(place(), c.place) << c.x;
+  }
+  EXPECT_EQ(état(), (Etat{false, true, false})) << "without its flag the buttons stay";
 }
 
 TEST_F(Jeu, WhilePlayingOnlyTheFretsOfInsertModeAreTaken) {
   ouvreEssai(2);
   curseur(1, 48, 1);
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
+  lance();
   insertion(false);
   tape("5");
-  touche(Qt::Key_Right, Qt::ShiftModifier);
-  touche(Qt::Key_Right);
-  touche(Qt::Key_End);
-  touche(Qt::Key_Right, Qt::ControlModifier);
+  touches({{Qt::Key_Right, Qt::ShiftModifier},
+           {Qt::Key_Right, Qt::NoModifier},
+           {Qt::Key_End, Qt::NoModifier},
+           {Qt::Key_Right, Qt::ControlModifier}});
   EXPECT_EQ(fret(1, 1, 48), -1);
   EXPECT_EQ(place(), (Place{1, 48, 1}));
-
   insertion(true);
   tape("5");
   EXPECT_EQ(fret(1, 1, 48), 5);
   EXPECT_EQ(doc().getUndoDepth(), 0) << "no undo is kept while the piece plays";
-  touche(Qt::Key_Space);
-  EXPECT_FALSE(ftab->isPlaying());
 }
 
 TEST_F(Jeu, TheFretboardShowsWhatSoundsOpenStringsExceptedAndKeepsAStringTheLibraryLeaves) {
   ouvreEssai();
   vt->setMancheVisible(true);
   QCoreApplication::processEvents();
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
+  lance();
   EXPECT_EQ(vt->mancheContenu(), 4);
   const auto points = [this](std::initializer_list<std::pair<int, int>> l) {
     vt->clearManche();
@@ -433,54 +372,38 @@ TEST_F(Jeu, TheFretboardShowsWhatSoundsOpenStringsExceptedAndKeepsAStringTheLibr
       vt->drawRond(f, c, kRondJaune);
     return vt->manche().image().copy();
   };
+  const auto joue = [this](int c, int f, int durée) {
+    joueur->notes[static_cast<std::size_t>(c)] = corde(c) + f;
+    joueur->durées[static_cast<std::size_t>(c)] = durée;
+  };
+  const auto montré = [this](int x) {
+    vt->clearManche();
+    tick(1, x);
+    return vt->manche().image().copy();
+  };
   const QImage vide = points({});
-
   // String 1 at fret 5, string 2 open: one dot.
-  joueur->notes[1] = corde(1) + 5;
-  joueur->durées[1] = 20;
-  joueur->notes[2] = corde(2);
-  joueur->durées[2] = 20;
-  const QImage cinq = points({{5, 1}});
-  vt->clearManche();
-  tick(1, 0);
-  EXPECT_EQ(vt->manche().image(), cinq);
-  EXPECT_NE(cinq, vide);
-
+  joue(1, 5, 20);
+  joue(2, 0, 20);
+  EXPECT_EQ(montré(0), points({{5, 1}}));
   // 32767 on string 1 leaves its dot, while string 3 starts at fret 2.
-  joueur->notes[1] = corde(1) + 9;
-  joueur->durées[1] = 32767;
-  joueur->notes[3] = corde(3) + 2;
-  joueur->durées[3] = 10;
-  const QImage deux = points({{5, 1}, {2, 3}});
-  vt->clearManche();
-  tick(1, 4);
-  EXPECT_EQ(vt->manche().image(), deux);
-
+  joue(1, 9, 32767);
+  joue(3, 2, 10);
+  EXPECT_EQ(montré(4), points({{5, 1}, {2, 3}}));
   // Nothing changed: the board is not cleared and drawn again.
-  vt->clearManche();
-  tick(1, 8);
-  EXPECT_EQ(vt->manche().image(), vide);
-
+  EXPECT_EQ(montré(8), vide);
   // A string falling silent is no change; a new note is.
-  joueur->durées[3] = 0;
-  joueur->durées[1] = 5;
-  joueur->notes[1] = corde(1) + 7;
-  tick(1, 12);
-  EXPECT_EQ(vt->manche().image(), points({{7, 1}}));
-
+  joue(3, 2, 0);
+  joue(1, 7, 5);
+  EXPECT_EQ(montré(12), points({{7, 1}}));
   // The stop gives the board back to the cursor's column (empty here).
   touche(Qt::Key_Space);
   EXPECT_EQ(vt->manche().image(), vide);
-
   // A drum track shows nothing.
   doc().setStaffType(1, kStaffBatterie);
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
-  joueur->notes[1] = corde(1) + 3;
-  vt->clearManche();
-  tick(1, 0);
-  EXPECT_EQ(vt->manche().image(), vide);
-  touche(Qt::Key_Space);
+  lance();
+  joue(1, 3, 5);
+  EXPECT_EQ(montré(0), vide);
 }
 
 TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorAndTiedAcrossBarLines) {
@@ -489,180 +412,142 @@ TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorAndTiedAcrossBarLine
   ASSERT_TRUE(bouton("record")->isChecked());
   EXPECT_TRUE(menu(10)->isChecked());
   ftab->mnuTabToolVolume(4);  // mf
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
-
+  lance();
   // Held from tick 0 to tick 40: a dotted eighth, the longest length that fits.
   tick(1, 0);
-  vt->noteMidiEntrante(1, corde(1) + 5, true);
+  midi(1, 5, true);
   tick(1, 40);
   EXPECT_EQ(fret(1, 1, 0), -1) << "written when it is released";
-  vt->noteMidiEntrante(1, corde(1) + 5, false);
+  midi(1, 5, false);
   ASSERT_NE(note(1, 1, 0), nullptr);
   EXPECT_EQ(*note(1, 1, 0), (tNote{5, 36, 0, effet::kAucun, 0, attaque::kStandard, 79}));
-  EXPECT_TRUE(doc().modifi);
-
   // Across two bar lines: cut at each, tied over.
   tick(1, 144);
-  vt->noteMidiEntrante(2, corde(2) + 1, true);
+  midi(2, 1, true);
   tick(3, 30);
-  vt->noteMidiEntrante(2, corde(2) + 1, false);
-  EXPECT_EQ(écrite(1, 2, 144), std::tuple(1, 48, +effet::kLiaison));
-  EXPECT_EQ(écrite(2, 2, 0), std::tuple(1, 192, +effet::kLiaison));
-  EXPECT_EQ(écrite(3, 2, 0), std::tuple(1, 24, +effet::kAucun));
-
+  midi(2, 1, false);
   // What nobody holds is not written: a release alone, a note below the
   // open string, a string the instrument lacks.
-  vt->noteMidiEntrante(4, corde(4) + 3, false);
-  vt->noteMidiEntrante(5, corde(5) - 1, true);
+  midi(4, 3, false);
+  midi(5, -1, true);
   vt->noteMidiEntrante(7, 60, true);
-
   // Still held when the piece stops: closed at the cursor, over the bar line.
   tick(3, 96);
-  vt->noteMidiEntrante(3, corde(3) + 2, true);
+  midi(3, 2, true);
   tick(4, 50);
   touche(Qt::Key_Space);
-  EXPECT_EQ(écrite(3, 3, 96), std::tuple(2, 96, +effet::kLiaison));
-  EXPECT_EQ(écrite(4, 3, 0), std::tuple(2, 48, +effet::kAucun));
-  EXPECT_EQ(fret(3, 5, 96), -1);
-  for (int m = 1; m <= 4; ++m)
-    EXPECT_EQ(doc().getNoteLast(1, m, 4) + doc().getNoteLast(1, m, 5), 0) << m;
+  const Ecrite kLiées[][2] = {{écrite(1, 2, 144), {1, 48, effet::kLiaison}},
+                              {écrite(2, 2, 0), {1, 192, effet::kLiaison}},
+                              {écrite(3, 2, 0), {1, 24, effet::kAucun}},
+                              {écrite(3, 3, 96), {2, 96, effet::kLiaison}},
+                              {écrite(4, 3, 0), {2, 48, effet::kAucun}}};
+  for (const auto& [lue, attendue] : kLiées)
+    EXPECT_EQ(lue, attendue);
+  EXPECT_EQ(compte(), 6) << "nothing else";
   EXPECT_EQ(doc().CurseurX(), 48);
-
   // The whole take is one undo.
   EXPECT_EQ(doc().getUndoDepth(), 1);
   touche(Qt::Key_Z, Qt::ControlModifier);
-  for (int m = 1; m <= 4; ++m)
-    for (int c = 1; c <= 3; ++c)
-      EXPECT_EQ(doc().getNoteLast(1, m, c), 0) << m << " " << c;
+  EXPECT_EQ(compte(), 0);
 }
 
 TEST_F(Jeu, RecordingFollowsItsButton) {
   ouvreEssai(2);
   // Record up: the notes received only sound.
-  touche(Qt::Key_Space);
-  arrêteMinuterie();
+  lance();
   tick(1, 0);
-  vt->noteMidiEntrante(1, corde(1) + 3, true);
+  midi(1, 3, true);
   tick(1, 48);
-  vt->noteMidiEntrante(1, corde(1) + 3, false);
-  EXPECT_EQ(fret(1, 1, 0), -1);
+  midi(1, 3, false);
   EXPECT_FALSE(doc().modifi);
-
   // Record goes down during the piece and up again with a note held: the
   // note ends where the cursor stands then, and its release does nothing.
   bouton("record")->trigger();
   EXPECT_TRUE(menu(10)->isChecked());
-  vt->noteMidiEntrante(1, corde(1) + 3, true);
+  midi(1, 3, true);
   tick(1, 144);
   bouton("record")->trigger();
   EXPECT_FALSE(menu(10)->isChecked());
-  EXPECT_EQ(écrite(1, 1, 48), std::tuple(3, 96, 0));
   tick(2, 24);
-  vt->noteMidiEntrante(1, corde(1) + 3, false);
-  EXPECT_EQ(écrite(1, 1, 48), std::tuple(3, 96, 0));
-  EXPECT_EQ(doc().getNoteLast(1, 2, 1), 0);
+  midi(1, 3, false);
+  EXPECT_EQ(écrite(1, 1, 48), Ecrite(3, 96, 0));
+  EXPECT_EQ(compte(), 1);
   touche(Qt::Key_Space);
-
   // Nothing plays: a note received is written at once at the cursor, with
   // the rhythm toolbar's length, and the cursor stays.
   menu(10)->trigger();
-  ASSERT_TRUE(bouton("record")->isChecked());
   curseur(2, 96, 1);
-  const int profondeur = doc().getUndoDepth();
-  vt->noteMidiEntrante(4, corde(4) + 7, true);
-  EXPECT_EQ(écrite(2, 4, 96), std::tuple(7, ftab->outils().tbGetNoteDurée(), 0));
-  EXPECT_EQ(doc().getUndoDepth(), profondeur + 1);
+  midi(4, 7, true);
+  EXPECT_EQ(écrite(2, 4, 96), Ecrite(7, ftab->outils().tbGetNoteDurée(), 0));
+  EXPECT_EQ(doc().getUndoDepth(), 2);
   EXPECT_EQ(doc().CurseurX(), 96);
-  vt->noteMidiEntrante(4, corde(4) + 7, false);
-  EXPECT_EQ(doc().getNoteLast(1, 2, 4), 1);
+  midi(4, 7, false);
+  EXPECT_EQ(compte(), 2);
 }
 
 TEST_F(Jeu, AMidiNoteReachesTheOpenHarmonizerAndSoundsUnlessItIsRecorded) {
   ouvreEssai();
   const int n = corde(2) + 3;
-  // No harmonizer open: the note only sounds, on the track's channel.
-  vt->noteMidiEntrante(2, n, true);
-  vt->noteMidiEntrante(2, n, false);
-  EXPECT_TRUE(contient(sons, QStringLiteral("noteOn %1 1 127").arg(n)));
   vt->fenetres().enregistrer(fen::FHarmony,
                              [this](VT& v) { return new FenetreEssai(v, fen::FHarmony, journal); });
-  ASSERT_NE(vt->montreFenetre(fen::FHarmony), nullptr);
-
-  const struct {
-    bool enregistre, enfoncée;
-    bool entendue, sonnée;
-  } kCas[] = {
-      {false, true, true, true},
-      {false, false, false, true},
-      {true, true, false, false},
-      {true, false, false, false},
-  };
-  for (const auto& c : kCas) {
-    SCOPED_TRACE(testing::Message() << "record " << c.enregistre << ", pressed " << c.enfoncée);
-    if (ftab->enregistre() != c.enregistre) bouton("record")->trigger();
+  // Open or not, record, pressed; heard by the harmonizer, sounded on the track's channel.
+  const std::array<bool, 5> kCas[] = {{false, false, true, false, true},
+                                      {true, false, true, true, true},
+                                      {true, false, false, false, true},
+                                      {true, true, true, false, false},
+                                      {true, true, false, false, false}};
+  for (const auto& [ouvert, enregistre, enfoncée, entendue, sonnée] : kCas) {
+    SCOPED_TRACE(testing::Message() << ouvert << enregistre << enfoncée);
+    if (ouvert) vt->montreFenetre(fen::FHarmony);
+    if (ftab->enregistre() != enregistre) bouton("record")->trigger();
     journal.clear();
     sons.clear();
-    vt->noteMidiEntrante(2, n, c.enfoncée);
-    EXPECT_EQ(contient(journal, QStringLiteral("FHarmony receiveNote %1").arg(n)), c.entendue);
-    const QString son = c.enfoncée ? QStringLiteral("noteOn %1 1 127").arg(n)
-                                   : QStringLiteral("noteOff %1 1").arg(n);
-    EXPECT_EQ(contient(sons, son), c.sonnée);
+    vt->noteMidiEntrante(2, n, enfoncée);
+    EXPECT_EQ(contient(journal, QStringLiteral("FHarmony receiveNote %1").arg(n)), entendue);
+    const QString son =
+        enfoncée ? QStringLiteral("noteOn %1 1 127").arg(n) : QStringLiteral("noteOff %1 1").arg(n);
+    EXPECT_EQ(contient(sons, son), sonnée);
   }
   EXPECT_EQ(fret(1, 2, 0), 3) << "the note recorded was written";
 }
 
-class JeuEntendu : public Jeu {
- protected:
-  void SetUp() override {
-    Jeu::SetUp();
-    ouvre();
-    sortie = std::make_shared<SortieJournal>();
-    vt->setSon(std::make_unique<SonJournal>(sons, sortie));
-    // Two short bars at the fastest tempo, 144 ticks of 4.9 ms: 0.7 s.
-    doc().tempo = 255;
-    doc().addMesure();
-    ASSERT_TRUE(doc().setMesureSignature(1, 1, 4));
-    ASSERT_TRUE(doc().setMesureSignature(2, 2, 4));
-    pose(1, 1, 0, 5, 24);
-    pose(1, 1, 24, 7, 24);
-    pose(2, 2, 0, 3, 48);
-    ftab->refreshPicture();
-  }
+// Two short bars at the fastest tempo, 144 ticks of 4.9 ms (0.7 s), played
+// to their end, then in a loop that only its button ends.
+TEST_F(Jeu, ThePieceIsHeardTheCursorFollowsItAndALoopEndsOnItsButton) {
+  ouvre();
+  auto sortie = std::make_shared<SortieJournal>();
+  vt->setSon(std::make_unique<SonJournal>(sons, sortie));
+  doc().tempo = 255;
+  doc().addMesure();
+  ASSERT_TRUE(doc().setMesureSignature(1, 1, 4));
+  ASSERT_TRUE(doc().setMesureSignature(2, 2, 4));
+  pose(1, 1, 0, 5, 24);
+  pose(1, 1, 24, 7, 24);
+  pose(2, 2, 0, 3, 48);
+  ftab->refreshPicture();
   // The note-ons heard, in order (a velocity of 0 is a release).
-  std::vector<int> notesJouées() const {
+  const auto notesJouées = [&] {
     std::vector<int> r;
     for (const MessageDate& m : sortie->messages())
       if ((midiStatus(m.message) & 0xF0) == 0x90 && midiData2(m.message) > 0)
         r.push_back(midiData1(m.message));
     return r;
-  }
-  std::shared_ptr<SortieJournal> sortie;
-};
-
-TEST_F(JeuEntendu, ThePieceIsHeardAndTheCursorFollowsItToTheEnd) {
+  };
   touche(Qt::Key_Space);
-  ASSERT_TRUE(ftab->isPlaying());
   EXPECT_EQ(ftab->lecture().tmrGFX.interval(), 4) << "60000 / (255 * 48)";
   EXPECT_TRUE(QTest::qWaitFor([this] { return doc().CurseurMesure() == 2; }, 2000));
-  EXPECT_TRUE(ftab->isPlaying());
   EXPECT_TRUE(QTest::qWaitFor([this] { return !ftab->isPlaying(); }, 2000));
   EXPECT_FALSE(bouton("joue")->isChecked());
-  const int mi = doc().getGuitareCorde(1, 1);
-  const int si = doc().getGuitareCorde(1, 2);
-  EXPECT_EQ(notesJouées(), (std::vector<int>{mi + 5, mi + 7, si + 3}));
-  EXPECT_LE(doc().CurseurMesure(), 2);
+  EXPECT_EQ(notesJouées(), (std::vector<int>{corde(1) + 5, corde(1) + 7, corde(2) + 3}));
   EXPECT_EQ(doc().CurseurX() % 24, 0);
-}
 
-TEST_F(JeuEntendu, ALoopNeverEndsByItselfAndItsButtonSilencesIt) {
   menu(5)->trigger();
+  curseur(1, 0, 1);
   touche(Qt::Key_Space);
-  const int mi = doc().getGuitareCorde(1, 1);
   EXPECT_TRUE(QTest::qWaitFor(
       [&] {
         const auto n = notesJouées();
-        return std::count(n.begin(), n.end(), mi + 5) >= 2;
+        return std::count(n.begin(), n.end(), corde(1) + 5) >= 3;
       },
       2000));
   EXPECT_TRUE(ftab->isPlaying()) << "gone round again";
@@ -672,10 +557,9 @@ TEST_F(JeuEntendu, ALoopNeverEndsByItselfAndItsButtonSilencesIt) {
   std::array<int, 128> sonnent{};
   for (const MessageDate& m : sortie->messages()) {
     const int s = midiStatus(m.message) & 0xF0;
-    const int n = midiData1(m.message);
-    if (s == 0x90 && midiData2(m.message) > 0) ++sonnent[static_cast<std::size_t>(n)];
-    if (s == 0x80 || (s == 0x90 && midiData2(m.message) == 0))
-      sonnent[static_cast<std::size_t>(n)] = 0;
+    const auto n = static_cast<std::size_t>(midiData1(m.message));
+    if (s == 0x90 && midiData2(m.message) > 0) ++sonnent[n];
+    if (s == 0x80 || (s == 0x90 && midiData2(m.message) == 0)) sonnent[n] = 0;
   }
   EXPECT_EQ(std::count(sonnent.begin(), sonnent.end(), 0), 128);
 }

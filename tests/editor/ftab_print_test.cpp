@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QToolButton>
 #include <cstdio>
+#include <tuple>
 
 #include "dialogs/ftab_page_setup.h"
 #include "dialogs/ftab_print.h"
@@ -41,8 +42,7 @@ class Impressions : public Editeur {
   void prépare(int mesures) {
     ouvre();
     ftab->message = [this](const QString& t, QMessageBox::Icon) { messages.push_back(t); };
-    for (int m = 2; m <= mesures; ++m)
-      doc().addMesure();
+    Editeur::mesures(mesures);
     for (int m = 1; m <= mesures; ++m)
       for (int k = 0; k < 8; ++k)
         pose(m, 1 + k % 6, k * 24, (m + k) % 12);
@@ -63,10 +63,9 @@ TEST_F(Impressions, ThePrinterGetsThePagesAndCopiesOfTheDialog) {
   const struct {
     int de, à, copies, attendues;
   } cas[] = {{0, 0, 1, total}, {2, 3, 1, 2}, {2, 2, 2, 1}, {total + 1, total + 2, 1, -1}};
-  int n = 0;
   for (const auto& c : cas) {
-    SCOPED_TRACE(n);
-    const QString chemin = dossier.filePath(QStringLiteral("p%1.pdf").arg(n++));
+    SCOPED_TRACE(c.de);
+    const QString chemin = dossier.filePath(QStringLiteral("p%1-%2.pdf").arg(c.de).arg(c.copies));
     int copies = 1;
     ftab->dialogueImpression = [&](QPrinter& printer, int pages) {
       EXPECT_EQ(pages, total);
@@ -98,8 +97,7 @@ TEST_F(Impressions, AFailingPrinterSaysSoAndChangesNothing) {
     return true;
   };
   ftab->MenuTabFile(11);
-  ASSERT_EQ(messages.size(), 1U);
-  EXPECT_EQ(messages[0], vt->loadString(1378));
+  EXPECT_EQ(messages, std::vector<QString>{vt->loadString(1378)});
   EXPECT_EQ(doc(), avant);
   EXPECT_FALSE(QFile::exists(chemin));
 }
@@ -111,9 +109,8 @@ TEST_F(Impressions, PreviewPagesZoomAndCopy) {
                    [this](int id) { return vt->loadString(id); });
   const int pages = aperçu.nombrePages();
   EXPECT_EQ(pages, pagesPiste(1));
-  EXPECT_EQ(aperçu.hsbPage()->minimum(), 1);
-  EXPECT_EQ(aperçu.hsbPage()->maximum(), pages);
-  EXPECT_NE(aperçu.vsbPage(), nullptr);
+  EXPECT_EQ(std::pair(aperçu.hsbPage()->minimum(), aperçu.hsbPage()->maximum()),
+            std::pair(1, pages));
   const QImage page1 = aperçu.image();
   aperçu.hsbPage()->setValue(2);
   EXPECT_NE(aperçu.image(), page1);
@@ -158,28 +155,22 @@ TEST_F(Impressions, PageSetupWritesOnOkOnly) {
       d.reject();
   }
   EXPECT_FLOAT_EQ(s.cfgPrintFactor, 2.5f);
-  EXPECT_EQ(s.PRN_SET_VIEW_INTER_STRINGS, 16);
-  EXPECT_EQ(s.cfgPrint[3], 0);
-  EXPECT_EQ(s.cfgPrintAlign[3], 2);
-  EXPECT_EQ(s.cfgFont[3].nom, "Courier");
-  EXPECT_FLOAT_EQ(s.cfgFont[3].taille, 14);
-  EXPECT_NE(s.cfgFont[3].italique, 0);
-  EXPECT_EQ(s.cfgPrintNumpage, "p. %c");
-  EXPECT_EQ(s.cfgPrintAccords, 0);
-  // The other elements kept their own.
-  EXPECT_EQ(s.cfgFont[0].nom, avant.cfgFont[0].nom);
-  EXPECT_EQ(s.cfgPrint[0], avant.cfgPrint[0]);
-  const TabSettings r = ftab->réglagesPage();
-  EXPECT_EQ(r.cfgFont[3].nom, "Courier");
-  EXPECT_FALSE(r.cfgPrintAccords);
+  EXPECT_EQ(std::tuple(s.PRN_SET_VIEW_INTER_STRINGS, s.cfgPrint[3], s.cfgPrintAlign[3],
+                       s.cfgPrintNumpage, s.cfgPrintAccords),
+            std::tuple(16, 0, 2, "p. %c", 0));
+  EXPECT_EQ(std::tuple(s.cfgFont[3].nom, s.cfgFont[3].taille, s.cfgFont[3].italique != 0),
+            std::tuple("Courier", 14, true));
+  // The other elements kept their own; the editor's page settings follow.
+  EXPECT_EQ(std::tuple(s.cfgFont[0].nom, s.cfgPrint[0]),
+            std::tuple(avant.cfgFont[0].nom, avant.cfgPrint[0]));
+  EXPECT_EQ(ftab->réglagesPage().cfgFont[3].nom, "Courier");
 
   // Restore brings the layout's sliders back, not the head.
   FTabPageSetup d(Textes{vt->setLang()}, s);
   d.btnRestore_Click();
   d.accept();
   EXPECT_FLOAT_EQ(s.cfgPrintFactor, 3.0f);
-  EXPECT_EQ(s.PRN_SET_VIEW_INTER_STRINGS, 13);
-  EXPECT_EQ(s.cfgFont[3].nom, "Courier");
+  EXPECT_EQ(std::tuple(s.PRN_SET_VIEW_INTER_STRINGS, s.cfgFont[3].nom), std::tuple(13, "Courier"));
 }
 
 TEST_F(Impressions, PdfExportOfEveryTrackOrTheCurrentOne) {

@@ -1,8 +1,10 @@
 // The editor as a window of the main window: how it opens, its menus and their
-// captions, the entry mode, the fretboard, the live notes, the instrument of
-// the current track, the document's dialogs and a file from the command line.
+// captions, the fretboard's keys, the live notes, the instrument of the current
+// track, the document's dialogs, a file from the command line, and the chord
+// dictionary's To tab button.
 #include <QAction>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScrollArea>
@@ -12,6 +14,7 @@
 #include "formats/vtb.h"
 #include "ftab_banc.h"
 #include "shell/manche.h"
+#include "tools/faccords.h"
 
 namespace vt::essai {
 namespace {
@@ -22,32 +25,31 @@ TEST_F(Fenetre, TheWindowMenuOpensTheEditorOnAFreshDocument) {
   crée();
   vt->fenetres().enregistrer(fen::FTab, [](VT& v) { return new FTab(v); });
   ASSERT_TRUE(démarre());
-  EXPECT_TRUE(vt->mnuFen(5)->isEnabled());
   vt->document().addMesure();
   vt->mnuFen(5)->trigger();
-  ASSERT_TRUE(vt->isFormLoaded(fen::FTab));
   auto* f = vt->fenetres().interface<FTab>(fen::FTab);
   ASSERT_NE(f, nullptr);
   EXPECT_EQ(vt->document().getMesureLast(), 1) << "opening the editor starts a new tablature";
   EXPECT_EQ(f->windowTitle(), "Tablature[*]");
   EXPECT_EQ(f->image().format(), QImage::Format_RGB32);
-  EXPECT_EQ(f->réglagesVue().TAB_VIEW_SCALE, 24);
 }
 
 TEST_F(Fenetre, MenusCarryTheStringTableAndLaterCommandsAreDisabled) {
   ouvre();
-  EXPECT_TRUE(ftab->entrée("mnuTabEdit_0")->text().startsWith("&Undo\t"));
-  EXPECT_EQ(ftab->entrée("mnuTabFile_0")->text(), "&New tablature\tCtrl+N");
-  EXPECT_EQ(ftab->entrée("mnuTabPopUp_0")->text().section('\t', 0, 0), "&Upper string");
-  EXPECT_EQ(ftab->entrée("mnuTabToolAttaque_6")->text().section('\t', 0, 0), "&Natural harmonic");
-  for (const char* nom : {"mnuTabTool_6", "mnuTabEdit_3", "mnuTabEdit_9", "mnutabPistes_2"})
-    EXPECT_FALSE(ftab->entrée(nom)->isEnabled()) << nom;
-  for (const char* nom : {"mnuTabFile_0", "mnuTabFile_2", "mnuTabFile_11", "mnuTabFile_17",
-                          "mnuTabPlay_1", "mnuTabDisplay_0", "mnuTabEffet_0", "mnutabPistes_1"})
-    EXPECT_TRUE(ftab->entrée(nom)->isEnabled()) << nom;
-  // The toolbar's buttons follow their entries.
-  EXPECT_TRUE(ftab->bouton("tbToolbar", "nouveau")->isEnabled());
-  EXPECT_FALSE(ftab->bouton("tbToolbar", "couper")->isEnabled());
+  const std::pair<const char*, const char*> kTextes[] = {
+      {"mnuTabFile_0", "&New tablature"},
+      {"mnuTabEdit_0", "&Undo"},
+      {"mnuTabPopUp_0", "&Upper string"},
+      {"mnuTabToolAttaque_6", "&Natural harmonic"}};
+  for (const auto& [nom, texte] : kTextes)
+    EXPECT_EQ(ftab->entrée(nom)->text().section('\t', 0, 0), texte);
+  using Actif = std::pair<const char*, bool>;
+  for (const auto& [nom, actif] :
+       {Actif("mnuTabTool_6", false), Actif("mnuTabEdit_3", false), Actif("mnuTabEdit_9", false),
+        Actif("mnutabPistes_2", false), Actif("mnuTabFile_2", true), Actif("mnuTabFile_11", true),
+        Actif("mnuTabFile_17", true), Actif("mnuTabPlay_1", true), Actif("mnuTabDisplay_0", true),
+        Actif("mnuTabEffet_0", true), Actif("mnutabPistes_1", true)})
+    EXPECT_EQ(ftab->entrée(nom)->isEnabled(), actif) << nom;
   EXPECT_FALSE(ftab->bouton("tbPistes", "remove")->isEnabled());
   EXPECT_EQ(ftab->bouton("tbToolbar", "enregistrer")->toolTip(), "Save the tablature");
   // Without the document's dialogs their entries and keys do nothing.
@@ -75,25 +77,22 @@ TEST_F(Fenetre, AfterTilingTheStripScrollsDownToTheStaff) {
   vt->resize(1300, 760);
   vt->mnuFen(9)->trigger();
   QCoreApplication::processEvents();
-  // The staff's bottom line in the default layout.
-  const int basPortée = 140 + 150 + 4 * 2 * 4;
+  const auto montrée = [&](int y) {
+    const int y0 = ftab->picTab()->mapTo(vue, QPoint(0, y)).y();
+    return y0 >= 0 && y0 < vue->height();
+  };
+  const int basPortée = 140 + 150 + 4 * 2 * 4;  // in the default layout
   ASSERT_LT(vue->height(), basPortée) << "a short strip";
-  EXPECT_GT(ftab->picTab()->height(), basPortée);
   ASSERT_TRUE(barre->isVisible());
   barre->setValue(barre->maximum());
-  const int y = ftab->picTab()->mapTo(vue, QPoint(0, basPortée)).y();
-  EXPECT_GE(y, 0);
-  EXPECT_LT(y, vue->height());
+  EXPECT_TRUE(montrée(basPortée));
   // The cursor's string comes back into view when the cursor moves.
   touche(Qt::Key_Up);
-  const int yCorde = ftab->picTab()->mapTo(vue, QPoint(0, 140)).y();
-  EXPECT_GE(yCorde, 0);
-  EXPECT_LT(yCorde, vue->height());
+  EXPECT_TRUE(montrée(140));
 }
 
 TEST_F(Fenetre, EscapeIsTheProgramsExit) {
   ouvre();
-  ASSERT_TRUE(vt->isVisible());
   touche(Qt::Key_Escape);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_FALSE(vt->isVisible());
@@ -110,19 +109,16 @@ TEST_F(Fenetre, TheTracksMenuListsTheTracksSelectsOneAndUndoReturnsToTheSnapshot
   ftab->tbPistesUpdate();
   tape("5");
   QAction* deux = ftab->entrée("mnutabPistes_6");
-  ASSERT_NE(deux, nullptr);
   EXPECT_EQ(deux->text(), "Track 2 : Basse");
-  EXPECT_TRUE(ftab->entrée("mnutabPistes_5")->isChecked());
   deux->trigger();
-  EXPECT_EQ(doc().CurseurPiste(), 2);
-  EXPECT_TRUE(ftab->entrée("mnutabPistes_6")->isChecked());
   // The current instrument follows the track: the catalogue's drop D is number 2.
-  EXPECT_EQ(vt->settings().setGuitare, 2);
-  EXPECT_EQ(vt->guitare().corde[6], 38);
+  const auto vue = [this] {
+    return std::tuple(doc().CurseurPiste(), ftab->entrée("mnutabPistes_6")->isChecked(),
+                      vt->settings().setGuitare, vt->guitare().corde[6]);
+  };
+  EXPECT_EQ(vue(), std::tuple(2, true, 2, 38));
   touche(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(doc().CurseurPiste(), 1);
-  EXPECT_TRUE(ftab->entrée("mnutabPistes_5")->isChecked());
-  EXPECT_EQ(vt->settings().setGuitare, 1);
+  EXPECT_EQ(vue(), std::tuple(1, false, 1, 40));
   EXPECT_EQ(fret(1, 1, 0), -1);
 }
 
@@ -131,28 +127,21 @@ TEST_F(Fenetre, ATypedFretSoundsOnTheTracksChannelWhileItsKeyIsHeld) {
   doc().setMIDIPan(1, 30);
   ftab->mnuTabToolVolume(4);  // mf
   ftab->picTab_KeyDown(Qt::Key_5, Qt::NoModifier);
-  const Journal attendu = {"program 1 27", "ctl 8 64 1", "ctl 10 30 1",
-                           "ctl 91 0 1",   "ctl 92 0 1", "ctl 93 0 1",
-                           "ctl 95 0 1",   "wheel 1 64", "noteOn 69 1 79"};
-  EXPECT_EQ(sons, attendu);
   ftab->picTab_KeyUp(Qt::Key_5, Qt::NoModifier);
-  EXPECT_EQ(sons.back(), "noteOff 69 1");
-
+  EXPECT_EQ(sons,
+            (Journal{"program 1 27", "ctl 8 64 1", "ctl 10 30 1", "ctl 91 0 1", "ctl 92 0 1",
+                     "ctl 93 0 1", "ctl 95 0 1", "wheel 1 64", "noteOn 69 1 79", "noteOff 69 1"}));
   // Enter sounds the column, each note at its own nuance.
   pose(1, 6, 0, 3);
   doc().setNoteVolume(1, 1, 6, 1, 47);
   sons.clear();
   ftab->picTab_KeyDown(Qt::Key_Return, Qt::NoModifier);
-  EXPECT_TRUE(contient(sons, "noteOn 69 1 79"));
-  EXPECT_TRUE(contient(sons, "noteOn 43 1 47"));
   ftab->picTab_KeyUp(Qt::Key_Return, Qt::NoModifier);
-  EXPECT_TRUE(contient(sons, "noteOff 43 1"));
-  EXPECT_TRUE(contient(sons, "noteOff 69 1"));
-
+  for (const char* son : {"noteOn 69 1 79", "noteOn 43 1 47", "noteOff 43 1", "noteOff 69 1"})
+    EXPECT_TRUE(contient(sons, son)) << son;
   // A drum track plays on channel 10, the fret being the drum.
   doc().setStaffType(1, kStaffBatterie);
   curseur(1, 24, 1);
-  sons.clear();
   tape("36");
   EXPECT_TRUE(contient(sons, "noteOn 36 10 79"));
 }
@@ -173,18 +162,13 @@ TEST_F(Fenetre, TheDocumentsDialogsComeThroughOneHook) {
       },
       {DialogueTab::Proprietes, DialogueTab::Signature, DialogueTab::Accord,
        DialogueTab::Tonalite});
-  EXPECT_TRUE(ftab->entrée("mnuTabEdit_13")->isEnabled());
   EXPECT_FALSE(ftab->entrée("mnuTabEdit_15")->isEnabled()) << "a dialog that does not exist";
   touche(Qt::Key_Return, Qt::AltModifier);
   EXPECT_FALSE(doc().modifi) << "a cancelled dialog changes nothing";
-  touche(Qt::Key_S);
-  EXPECT_EQ(doc().getMesureSignatureUp(1), 3);
-  EXPECT_TRUE(doc().modifi);
-  touche(Qt::Key_A);
-  EXPECT_EQ(doc().getMesureAccordLast(1, 1), 1);
-  touche(Qt::Key_Q);
+  touches({{Qt::Key_S, Qt::NoModifier}, {Qt::Key_A, Qt::NoModifier}, {Qt::Key_Q, Qt::NoModifier}});
   EXPECT_EQ(ouverts, (std::vector<DialogueTab>{DialogueTab::Proprietes, DialogueTab::Signature,
                                                DialogueTab::Accord, DialogueTab::Tonalite}));
+  EXPECT_EQ(doc().getMesureAccordLast(1, 1), 1);
   // The chord went into the track: one undo takes it away, the signature stays.
   touche(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(doc().getMesureAccordLast(1, 1), 0);
@@ -197,16 +181,12 @@ TEST_F(Fenetre, AFileFromTheCommandLineReplacesTheDocument) {
   CVantoroTablature source(vt->guitare());
   source.addMesure();
   source.setNoteWhole(1, 2, 3, 48, 7, 24);
-  source.titre = "Essai";
   const QString nom = dossier.filePath("essai.vtb");
   ASSERT_TRUE(io_enregistrer_vtb(source, QFile::encodeName(nom).toStdString()).ok());
   tape("5");
   ftab->ouvreLigneDeCommande(nom);
-  EXPECT_EQ(doc().getMesureLast(), 2);
-  EXPECT_EQ(fret(2, 3, 48), 7);
-  EXPECT_EQ(fret(1, 1, 0), -1);
-  EXPECT_EQ(doc().titre, "Essai");
-  EXPECT_FALSE(doc().modifi);
+  EXPECT_EQ(std::tuple(doc().getMesureLast(), fret(2, 3, 48), fret(1, 1, 0), doc().modifi),
+            std::tuple(2, 7, -1, kFaux));
   EXPECT_EQ(ftab->windowTitle(), "Tablature - " + nom + "[*]");
   EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
 }
@@ -219,22 +199,56 @@ TEST_F(Fenetre, TheEditorsMenusStandInTheMainMenuBarWhileItIsActive) {
       l << a->text();
     return l;
   };
-  QMenuBar* propre = ftab->barreMenus();
-  ASSERT_NE(propre, nullptr);
-  const QStringList avecEditeur = titres();
-  ASSERT_EQ(avecEditeur.size(), 9) << avecEditeur.join(' ').toStdString();
-  EXPECT_EQ(avecEditeur.front(), "&File");
-  EXPECT_EQ(avecEditeur[6], "T&racks");
-  EXPECT_TRUE(propre->isHidden()) << "one bar holds each menu's key";
+  ASSERT_EQ(titres().size(), 9) << titres().join(' ').toStdString();
+  EXPECT_EQ(titres()[6], "T&racks");
+  EXPECT_TRUE(ftab->barreMenus()->isHidden()) << "one bar holds each menu's key";
   // The entries are the editor's own.
   EXPECT_EQ(vt->menuBar()->actions().front()->menu(), ftab->entrée("mnuTabFile_0")->parent());
-
-  auto* cadre = qobject_cast<QMdiSubWindow*>(ftab->parentWidget());
-  cadre->close();
+  qobject_cast<QMdiSubWindow*>(ftab->parentWidget())->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   QCoreApplication::processEvents();
   ftab = nullptr;
   EXPECT_EQ(titres().size(), 3) << "the main window's own menus are back";
+}
+
+using Dictionnaire = Editeur;
+
+// "Chord from the dictionary" waits for the dictionary, then opens it; its To
+// tab button writes the fingering at the cursor, a second replaces the first.
+TEST_F(Dictionnaire, ToTabWritesTheFingeringAtTheCursorAndUndoTakesItBack) {
+  ouvre();
+  const auto actif = [this] {
+    return std::pair(ftab->entrée("mnuTabTool_6")->isEnabled(),
+                     ftab->bouton("tbGeneral", "accordcreate")->isEnabled());
+  };
+  EXPECT_EQ(actif(), std::pair(false, false));
+  vt->fenetres().enregistrer(fen::FAccords, [](VT& v) { return new FAccords(v); });
+  touche(Qt::Key_Right);  // the menus follow the windows that exist
+  EXPECT_EQ(actif(), std::pair(true, true));
+  ftab->entrée("mnuTabTool_6")->trigger();
+  auto* fa = vt->fenetres().interface<FAccords>(fen::FAccords);
+  ASSERT_NE(fa, nullptr);
+  const auto accord = [this] {
+    const int n = doc().searchMesureAccord(1, 1, 48);
+    std::vector<int> f;
+    for (int c = 1; c <= 6 && n != 0; ++c)
+      f.push_back(doc().getMesureAccordCorde(1, 1, n, c));
+    return f;
+  };
+  const std::vector<int> doMajeur = {0, 1, 0, 2, 3, 255};
+  curseur(1, 48, 1);
+  fa->lstTonalite()->setCurrentRow(3);  // C, "maj" is chosen at the start
+  fa->btnToTab_Click();
+  EXPECT_EQ(doc().getMesureAccordNom(1, 1, 1), "C");
+  EXPECT_EQ(accord(), doMajeur);
+  fa->sldPositions()->setValue(2);
+  fa->btnToTab_Click();
+  EXPECT_EQ(doc().getMesureAccordLast(1, 1), 1);
+  EXPECT_NE(accord(), doMajeur);
+  ftab->entrée("mnuTabEdit_0")->trigger();
+  EXPECT_EQ(accord(), doMajeur);
+  ftab->entrée("mnuTabEdit_0")->trigger();
+  EXPECT_EQ(accord(), std::vector<int>{});
 }
 
 }  // namespace
