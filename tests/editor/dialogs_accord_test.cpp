@@ -1,6 +1,4 @@
-// FTabAccord: the diagram fingered by clicks, the track's diagrams to reuse,
-// written at the cursor on OK or removed from it. fTabDrums: every General MIDI
-// drum from 35 to 63 under one family, chosen by name, handed on as its note.
+// FTabAccord: the chord diagram fingered, reused, written or removed; fTabDrums: the drum picker.
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
@@ -47,32 +45,14 @@ void clique(FTabAccord& d, int corde, int rang) {
   QTest::mouseClick(d.picAccord(), Qt::LeftButton, {}, d.picAccord()->point(corde, rang));
 }
 
-// The list holds each diagram of the track once; no chord at the cursor: an
-// empty diagram, nothing to delete; an entry chosen is loaded from its first fret.
-TEST(Accord, TheListHoldsEachDiagramOfTheTrackOnce) {
-  CVantoroTablature doc = pieceAvecAccords();
-  FTabAccord d(kAnglais, doc, 1, 1, 48);
-  ASSERT_EQ(d.liste().size(), 3u);
-  EXPECT_EQ(std::pair(d.liste()[0].nom, d.liste()[1].nom), std::pair(QString("C"), QString("G")));
-  EXPECT_EQ(enfant<QListWidget>(&d, "lstChord")->count(), 3);
-  EXPECT_EQ(d.diagramme(), Diagramme::vide(6));
-  EXPECT_FALSE(enfant<QPushButton>(&d, "btnDelete")->isEnabled());
-  enfant<QListWidget>(&d, "lstChord")->setCurrentRow(2);
-  EXPECT_EQ(
-      std::pair(enfant<QSpinBox>(&d, "udPos")->value(), enfant<QLineEdit>(&d, "txtNom")->text()),
-      std::pair(7, QString("Bm7")));
-  ok(d);
-  const int n = doc.searchMesureAccord(1, 1, 48);
-  ASSERT_EQ(n, 2);
-  EXPECT_EQ(std::pair(doc.getMesureAccordNom(1, 1, n), doc.getMesureAccordCorde(1, 1, n, 4)),
-            std::pair(std::string("Bm7"), 9));
-}
-
-TEST(Accord, ClicksFingerTheDiagramAndOkWritesItAtTheCursor) {
+TEST(Accord, ClicksFingerTheDiagramAndOkWritesItAtTheCursorUnderANameWindows1252Holds) {
   CVantoroTablature doc = document(1, 2);
   FTabAccord d(kAnglais, doc, 1, 2, 96);
   d.resize(d.sizeHint());
   d.show();
+  // No chord at the cursor: an empty diagram, nothing to delete.
+  EXPECT_EQ(d.diagramme(), Diagramme::vide(6));
+  EXPECT_FALSE(enfant<QPushButton>(&d, "btnDelete")->isEnabled());
   clique(d, 6, 0);  // not played -> open
   clique(d, 5, 0);
   clique(d, 5, 0);  // open -> not played
@@ -87,7 +67,14 @@ TEST(Accord, ClicksFingerTheDiagramAndOkWritesItAtTheCursor) {
   const int attendues[] = {0, 5, 1, 0, 0, 3, 0};
   for (int c = 1; c <= 6; ++c)
     EXPECT_EQ(d.diagramme().cases[static_cast<std::size_t>(c)], attendues[c]) << c;
-  QTest::keyClicks(enfant<QLineEdit>(&d, "txtNom"), QString::fromUtf8("C6/9 \u00B0"));
+  auto* nom = enfant<QLineEdit>(&d, "txtNom");
+  nom->setText(QString::fromUtf8("C\u266D7"));
+  ok(d);
+  EXPECT_NE(d.result(), QDialog::Accepted);
+  EXPECT_TRUE(enfant<QLabel>(&d, "lblErreur")->text().contains(QString::fromUtf8("\u266D")));
+  EXPECT_EQ(doc.getMesureAccordLast(1, 2), 0);
+  nom->clear();
+  QTest::keyClicks(nom, QString::fromUtf8("C6/9 \u00B0"));
   // The new diagram can join the list.
   enfant<QPushButton>(&d, "btnAdd")->click();
   enfant<QPushButton>(&d, "btnAdd")->click();
@@ -102,7 +89,7 @@ TEST(Accord, ClicksFingerTheDiagramAndOkWritesItAtTheCursor) {
     EXPECT_EQ(doc.getMesureAccordCorde(1, 2, n, c), attendues[c]) << c;
 }
 
-TEST(Accord, DeleteRemovesTheChordCancelKeepsItUndoBringsItBack) {
+TEST(Accord, TheListHoldsEachDiagramOnceDeleteRemovesTheChordAndUndoBringsItBack) {
   CVantoroTablature doc = pieceAvecAccords();
   doc.setCurseurPiste(1);
   const CVantoroTablature avant = doc;
@@ -110,8 +97,13 @@ TEST(Accord, DeleteRemovesTheChordCancelKeepsItUndoBringsItBack) {
     FTabAccord d(kAnglais, doc, 1, 2, 96);
     EXPECT_EQ(d.diagramme().nom, "G");
     EXPECT_EQ(enfant<QSpinBox>(&d, "udPos")->value(), 1);
-    enfant<QLineEdit>(&d, "txtNom")->setText("changed");
-    // Taking an entry off the list touches no bar.
+    // The list holds each diagram of the track once; an entry chosen is loaded
+    // from its first fret; taking one off the list touches no bar.
+    ASSERT_EQ(enfant<QListWidget>(&d, "lstChord")->count(), 3);
+    enfant<QListWidget>(&d, "lstChord")->setCurrentRow(2);
+    EXPECT_EQ(
+        std::pair(enfant<QSpinBox>(&d, "udPos")->value(), enfant<QLineEdit>(&d, "txtNom")->text()),
+        std::pair(7, QString("Bm7")));
     enfant<QListWidget>(&d, "lstChord")->setCurrentRow(0);
     enfant<QPushButton>(&d, "btnSupprimer")->click();
     EXPECT_EQ(d.liste().size(), 2u);
@@ -133,16 +125,6 @@ TEST(Accord, DeleteRemovesTheChordCancelKeepsItUndoBringsItBack) {
   EXPECT_EQ(doc.searchMesureAccord(1, 2, 96), 0);
   doc.makeUndo();
   EXPECT_TRUE(memeContenu(doc, avant));
-}
-
-TEST(Accord, ANameWindows1252LacksIsRefused) {
-  CVantoroTablature doc = document(1, 1);
-  FTabAccord d(kAnglais, doc, 1, 1, 0);
-  enfant<QLineEdit>(&d, "txtNom")->setText(QString::fromUtf8("C\u266D7"));
-  ok(d);
-  EXPECT_NE(d.result(), QDialog::Accepted);
-  EXPECT_TRUE(enfant<QLabel>(&d, "lblErreur")->text().contains(QString::fromUtf8("\u266D")));
-  EXPECT_EQ(doc.getMesureAccordLast(1, 1), 0);
 }
 
 TEST(Accord, TheDictionarysFingeringBecomesTheWorkingDiagram) {
@@ -194,21 +176,16 @@ TEST(DiagrammeAccord, EveryStringAndRowIsFoundWhereItIsDrawn) {
   }
 }
 
-TEST(Drums, EveryDrumStandsInOneFamilyOnce) {
-  std::multiset<int> notes;
+TEST(Drums, EveryDrumStandsInOneFamilyOnceAndAChosenNameGivesItsNote) {
+  std::multiset<int> notes, attendues;
   for (const FamilleBatterie& f : famillesBatterie()) {
     notes.insert(f.notes.begin(), f.notes.end());
     EXPECT_NE(std::find(f.notes.begin(), f.notes.end(), f.parDefaut), f.notes.end()) << f.bouton;
   }
-  std::multiset<int> attendues;
   for (int n = kPremiereBatterie; n <= kDerniereBatterie; ++n)
     attendues.insert(n);
   EXPECT_EQ(notes, attendues);
-  EXPECT_EQ(libelleBatterie(34), 0);
-  EXPECT_EQ(libelleBatterie(64), 0);
-}
-
-TEST(Drums, AChosenNameGivesItsNoteAndThePlainButtonRepeatsIt) {
+  EXPECT_EQ(std::pair(libelleBatterie(34), libelleBatterie(64)), std::pair(0, 0));
   fTabDrums drums(kAnglais);
   QSignalSpy choix(&drums, &fTabDrums::drumChoisi);
   EXPECT_EQ(drums.windowTitle(), "Drums");

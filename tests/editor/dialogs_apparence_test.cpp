@@ -1,6 +1,4 @@
-// How the dialogs look in both languages: every caption whole, no control over
-// another. With VT_DIALOGS_PNG set to a folder, each dialog is also saved
-// there as a picture, to be looked at.
+// How the dialogs look in both languages (VT_DIALOGS_PNG: a folder to save each picture in).
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QComboBox>

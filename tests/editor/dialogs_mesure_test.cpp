@@ -1,5 +1,4 @@
-// The bar header dialogs: time signature (and what a narrower bar cuts), key signature, bar lines;
-// the bar range dialog of the bar commands.
+// The bar header dialogs (time and key signatures, bar lines) and the bar range dialog.
 #include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
@@ -50,6 +49,16 @@ CVantoroTablature pieceACouper() {
 
 TEST(TimeSignature, ANarrowerBarShowsWhatItCutsAndCutsItOnEveryTrack) {
   CVantoroTablature doc = pieceACouper();
+  const CVantoroTablature avant = doc;
+  {
+    FTabGetTimeSignature d(kAnglais, doc, 2);
+    signature(d, 2, 4);
+    annuler(d);
+    EXPECT_FALSE(d.modifie());
+  }
+  EXPECT_TRUE(doc == avant) << "Cancel cuts nothing";
+  doc.setCurseurMesure(2);
+  doc.setCurseurX(168);
   FTabGetTimeSignature d(kAnglais, doc, 2);
   EXPECT_EQ(enfant<QSpinBox>(&d, "udHaut")->value(), 4);
   EXPECT_EQ(enfant<QComboBox>(&d, "cmbBas")->currentData().toInt(), 4);
@@ -83,6 +92,12 @@ TEST(TimeSignature, ANarrowerBarShowsWhatItCutsAndCutsItOnEveryTrack) {
   EXPECT_EQ(corde(doc, 1, 2, 2), (std::vector<Note>{{96, 5, 96}}));
   EXPECT_EQ(doc.getMesureTexteDnContenu(1, 2, 1), "verse");
   EXPECT_EQ(doc.getNoteLast(1, 3, 1), 1);
+  EXPECT_EQ(doc.CurseurX(), 0) << "the cursor stays inside its bar";
+  // Undo brings back the cursor's track; the signature is the bar's, outside the snapshot.
+  ASSERT_EQ(doc.getUndoDepth(), 1);
+  doc.makeUndo();
+  EXPECT_TRUE(doc.piste(1) == avant.piste(1));
+  EXPECT_EQ(signatureDe(doc, 2), std::pair(6, 8));
 }
 
 TEST(TimeSignature, FromAMeasureOnItHoldsUpToTheNextChange) {
@@ -103,33 +118,6 @@ TEST(TimeSignature, FromAMeasureOnItHoldsUpToTheNextChange) {
   enfant<QSpinBox>(&e, "udMesure")->setValue(4);
   EXPECT_EQ(enfant<QSpinBox>(&e, "udHaut")->value(), 6);
   EXPECT_EQ(enfant<QComboBox>(&e, "cmbBas")->currentData().toInt(), 8);
-}
-
-TEST(TimeSignature, CancelCutsNothingAndUndoBringsBackTheCursorsTrack) {
-  CVantoroTablature doc = pieceACouper();
-  const CVantoroTablature avant = doc;
-  {
-    FTabGetTimeSignature d(kAnglais, doc, 2);
-    signature(d, 2, 4);
-    annuler(d);
-    EXPECT_FALSE(d.modifie());
-  }
-  EXPECT_TRUE(doc == avant);
-
-  doc.setCurseurPiste(1);
-  doc.setCurseurMesure(2);
-  doc.setCurseurX(168);
-  FTabGetTimeSignature d(kAnglais, doc, 2);
-  enfant<QRadioButton>(&d, "optSeule")->setChecked(true);
-  signature(d, 2, 4);
-  ok(d);
-  EXPECT_EQ(doc.getNoteLast(1, 2, 2), 0);
-  EXPECT_EQ(doc.CurseurX(), 0);  // the cursor stays inside its bar
-  ASSERT_EQ(doc.getUndoDepth(), 1);
-  doc.makeUndo();
-  // The track's notes come back; the signature is the bar's, outside the snapshot.
-  EXPECT_TRUE(doc.piste(1) == avant.piste(1));
-  EXPECT_EQ(doc.getMesureSignatureUp(2), 2);
 }
 
 TEST(KeySignature, NamesEveryKeyAndWritesTheStoredByte) {
@@ -232,7 +220,8 @@ void quandOuvert(const std::function<void(FTabMesureEdit&)>& geste) {
   });
 }
 
-TEST(MesureEdit, StartsAtTheCursorsBarAndStaysInsideTheDocument) {
+// Every track may be chosen, but copy takes the current one.
+TEST(MesureEdit, StartsAtTheCursorsBarAndStaysInsideTheDocumentAndCopyTakesTheCurrentTrack) {
   CVantoroTablature doc = document(2, 10);
   doc.setCurseurMesure(7);
   for (int mode : {2, 3, 4}) {
@@ -249,7 +238,13 @@ TEST(MesureEdit, StartsAtTheCursorsBarAndStaysInsideTheDocument) {
     de->setValue(1);
     EXPECT_EQ(nombre->maximum(), 10);
     nombre->setValue(12);
+    auto* courante = enfant<QRadioButton>(&d, "optPiste_0");
+    EXPECT_EQ(std::pair(courante->text(), courante->isChecked()),
+              std::pair(QString("The current track"), true));
     EXPECT_EQ(d.positions(), (PositionsMesures{1, 10, false}));
+    enfant<QRadioButton>(&d, "optPiste_1")->setChecked(true);
+    EXPECT_EQ(enfant<QRadioButton>(&d, "optPiste_1")->isEnabled(), mode != FTabMesureEdit::kCopier);
+    EXPECT_EQ(d.positions().toutesPistes, mode != FTabMesureEdit::kCopier);
   }
   // Inserting reaches past the end.
   FTabMesureEdit d(kAnglais, doc, FTabMesureEdit::kInserer);
@@ -258,20 +253,6 @@ TEST(MesureEdit, StartsAtTheCursorsBarAndStaysInsideTheDocument) {
   nombre->setValue(500);
   EXPECT_EQ(nombre->maximum(), FTabMesureEdit::kMaxInsertion);
   EXPECT_EQ(d.positions(), (PositionsMesures{10, 500, false}));
-}
-
-// Every track may be chosen, but copy takes the current one.
-TEST(MesureEdit, TheTrackChoiceAndCopyWhichTakesTheCurrentTrack) {
-  const CVantoroTablature doc = document(3, 4);
-  for (const int mode : {FTabMesureEdit::kCouper, FTabMesureEdit::kCopier}) {
-    FTabMesureEdit d(kAnglais, doc, mode);
-    auto* courante = enfant<QRadioButton>(&d, "optPiste_0");
-    EXPECT_EQ(courante->text(), "The current track");
-    EXPECT_TRUE(courante->isChecked());
-    enfant<QRadioButton>(&d, "optPiste_1")->setChecked(true);
-    EXPECT_EQ(enfant<QRadioButton>(&d, "optPiste_1")->isEnabled(), mode != FTabMesureEdit::kCopier);
-    EXPECT_EQ(d.positions().toutesPistes, mode != FTabMesureEdit::kCopier);
-  }
 }
 
 TEST(MesureEdit, OkHandsBackTheRangeCancelAndUnknownModesNothing) {

@@ -1,5 +1,4 @@
-// FTabProprietes: the piece's fields and the tracks' settings, written on OK
-// only, refused when a text cannot be stored, undone track by track.
+// FTabProprietes: the piece's and the tracks' settings, written on OK only, undone by track.
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -87,7 +86,7 @@ TEST_F(Proprietes, OkWritesExactlyTheFieldsThatChanged) {
   EXPECT_TRUE(memeContenu(doc, attendu));
 }
 
-TEST_F(Proprietes, CancelAndAnUntouchedOkLeaveTheDocumentAsItWas) {
+TEST_F(Proprietes, CancelAndAnUntouchedOkLeaveTheDocumentAsItWasFewerStringsDropNotes) {
   doc.setPortéeClef(1, 3);  // a value no button names
   doc.setMIDIPatch(1, 200);
   const CVantoroTablature avant = doc;
@@ -107,6 +106,23 @@ TEST_F(Proprietes, CancelAndAnUntouchedOkLeaveTheDocumentAsItWas) {
   ok(*d);
   EXPECT_FALSE(d->modifie());
   EXPECT_TRUE(doc == avant);
+
+  // Fewer strings warn of the notes lost (a blank carries no pitch to lose) and drop them.
+  doc.setNoteWhole(1, 1, 5, 0, 2, 48);
+  doc.setNoteWhole(1, 3, 6, 96, 0, 48);
+  doc.setNoteWhole(1, 3, 6, 0, kCaseVide, 48);
+  doc.setNoteWhole(1, 1, 4, 0, 7, 48);
+  ouvre(FTabProprietes::Onglet::Pistes, 1);
+  auto* perte = w<QLabel>("lblPerte");
+  EXPECT_TRUE(perte->text().isEmpty());
+  w<QSpinBox>("udCordes")->setValue(4);
+  EXPECT_EQ(perte->text(), "Notes on the strings you remove: 2. They will be lost.");
+  EXPECT_FALSE(w<QSpinBox>("udCorde5")->isEnabled());
+  ok(*d);
+  EXPECT_EQ(
+      std::tuple(doc.getGuitareNbrCordes(1), doc.pisteMesure(1, 3)->tabCordes.last(),
+                 doc.getNoteCase(1, 1, 4, 1), doc.getGuitareCorde(1, 5), doc.getGuitareCorde(1, 6)),
+      std::tuple(4, 4, 7, 0, 0));
 }
 
 TEST_F(Proprietes, UndoAfterOkRestoresEachChangedTrackTheCursorsFirst) {
@@ -163,26 +179,6 @@ TEST_F(Proprietes, ASevenStringCustomTuningTypedAsNotesKeepsTheNotesAndChords) {
   EXPECT_EQ(doc.getGuitareNbrCordes(2), 6);
 }
 
-TEST_F(Proprietes, FewerStringsWarnOfTheNotesLostAndDropThem) {
-  doc.setNoteWhole(1, 1, 5, 0, 2, 48);
-  doc.setNoteWhole(1, 3, 6, 96, 0, 48);
-  doc.setNoteWhole(1, 3, 6, 0, kCaseVide, 48);  // a blank note carries no pitch to lose
-  doc.setNoteWhole(1, 1, 4, 0, 7, 48);
-  ouvre(FTabProprietes::Onglet::Pistes, 1);
-  auto* perte = w<QLabel>("lblPerte");
-  EXPECT_TRUE(perte->text().isEmpty());
-  w<QSpinBox>("udCordes")->setValue(4);
-  EXPECT_EQ(perte->text(), "Notes on the strings you remove: 2. They will be lost.");
-  EXPECT_FALSE(w<QSpinBox>("udCorde5")->isEnabled());
-  ok(*d);
-  EXPECT_EQ(doc.getGuitareNbrCordes(1), 4);
-  EXPECT_EQ(doc.pisteMesure(1, 3)->tabCordes.last(), 4);
-  EXPECT_EQ(doc.getNoteCase(1, 1, 4, 1), 7);
-  // The strings that went hold nothing any more.
-  EXPECT_EQ(doc.getGuitareCorde(1, 5), 0);
-  EXPECT_EQ(doc.getGuitareCorde(1, 6), 0);
-}
-
 TEST_F(Proprietes, AnInstrumentOfTheCatalogueOrTheCurrentOneGivesItsWholeSetUp) {
   ouvre(FTabProprietes::Onglet::Pistes, 2);
   auto* choix = w<QComboBox>("cmbInstrument");
@@ -206,9 +202,19 @@ TEST_F(Proprietes, AnInstrumentOfTheCatalogueOrTheCurrentOneGivesItsWholeSetUp) 
             std::tuple("Guitare", 24, std::vector<int>{64, 59, 55, 50, 45, 40}));
 }
 
-TEST_F(Proprietes, TextsWindows1252CannotHoldAreRefusedWithTheirCharacters) {
+TEST_F(Proprietes, TextsWindows1252CannotHoldOrTooLongAreRefusedStoredOnesShowInUtf8) {
+  doc.titre = "Caf\xE9 \x93noir\x94";
   ouvre(FTabProprietes::Onglet::Pistes, 1);
   d->show();
+  EXPECT_EQ(w<QLineEdit>("txtTitre")->text(), QString::fromUtf8("Caf\u00E9 \u201Cnoir\u201D"));
+  w<QPlainTextEdit>("txtComments")->setPlainText(QString(256, QLatin1Char('x')));
+  ok(*d);
+  EXPECT_NE(d->result(), QDialog::Accepted);
+  EXPECT_EQ(w<QLabel>("lblErreur")->text(),
+            QString::fromUtf8("“Comments” is longer than 255 characters, the most a tablature "
+                              "text can hold."));
+  EXPECT_EQ(doc.Comments, "");
+  w<QPlainTextEdit>("txtComments")->clear();
   w<QLineEdit>("txtSousTitre")->setText(QString::fromUtf8("Suite \u266A en r\u00E9"));
   w<QSpinBox>("udCapo")->setValue(2);
   ok(*d);
@@ -240,19 +246,6 @@ TEST_F(Proprietes, TextsWindows1252CannotHoldAreRefusedWithTheirCharacters) {
   EXPECT_EQ(d->result(), QDialog::Accepted);
   EXPECT_EQ(doc.SousTitre, "Suite \x80 en r\xE9");
   EXPECT_EQ(doc.getPisteNom(2), "Cordes \x9C");
-}
-
-TEST_F(Proprietes, StoredTextsShowInUtf8AndALongOneIsRefused) {
-  doc.titre = "Caf\xE9 \x93noir\x94";
-  ouvre(FTabProprietes::Onglet::Morceau, 1);
-  EXPECT_EQ(w<QLineEdit>("txtTitre")->text(), QString::fromUtf8("Caf\u00E9 \u201Cnoir\u201D"));
-  w<QPlainTextEdit>("txtComments")->setPlainText(QString(256, QLatin1Char('x')));
-  ok(*d);
-  EXPECT_NE(d->result(), QDialog::Accepted);
-  EXPECT_EQ(w<QLabel>("lblErreur")->text(),
-            QString::fromUtf8("“Comments” is longer than 255 characters, the most a tablature "
-                              "text can hold."));
-  EXPECT_EQ(doc.Comments, "");
 }
 
 TEST(NoteMidi, NamesAndReadsOpenStringsAsGuitaristsDo) {

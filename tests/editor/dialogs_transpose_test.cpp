@@ -1,5 +1,4 @@
-// FTabTranspose: the notes of one track moved by semitones within a fret
-// range, passed to a neighbouring string when they leave it.
+// FTabTranspose: one track's notes moved by semitones within a fret range.
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -50,17 +49,13 @@ TEST(Transpose, TheFourWaysANoteGoesUpWithinTheFrets) {
   ASSERT_EQ(doc.getUndoDepth(), 1);
   doc.makeUndo();
   EXPECT_TRUE(memeContenu(doc, avant));
-}
-
-TEST(Transpose, TheNeighbourStringsFretComesFromTheCurrentInstrument) {
-  // The current instrument has its second string a semitone above the track's.
-  CVantoroTablature doc = document(1, 1);
-  doc.setNoteWhole(1, 1, 3, 0, 21, 48);
+  // The neighbour string's fret comes from the current instrument, whose
+  // second string is a semitone above the track's: 23 + 55 - 60.
   tGuitare g = guitareSixCordes();
   g.corde[2] = 60;
-  FTabTranspose d(kAnglais, doc, 1, g);
-  transpose(d, 2, 0, 22);
-  EXPECT_EQ(corde(doc, 1, 1, 2), (Notes{{0, 18, 48}}));  // 23 + 55 - 60
+  FTabTranspose e(kAnglais, doc, 1, g);
+  transpose(e, 2, 0, 22);
+  EXPECT_EQ(corde(doc, 1, 1, 2), (Notes{{48, 18, 48}, {144, 9, 48}}));
 }
 
 TEST(Transpose, NoAmountCancelOrAMinimumNotBelowTheMaximumWriteNothing) {
@@ -125,29 +120,29 @@ TEST(Transpose, TheSelectionsBarsEitherWayRoundOrTheWholeTrack) {
   }
 }
 
-TEST(Transpose, AnotherTrackThanTheCursorsIsMovedAndUndoneAlone) {
+TEST(Transpose, AnotherTrackThanTheCursorsIsMovedAndUndoneAloneAndBlanksLeaveNoUndoStep) {
   CVantoroTablature doc = document(2, 1);
   doc.setCurseurPiste(1);
   doc.setNoteWhole(1, 1, 1, 0, 5, 48);
   doc.setNoteWhole(2, 1, 1, 0, 5, 48);
   const CVantoroTablature avant = doc;
-  FTabTranspose d(kAnglais, doc, 2, guitareSixCordes());
-  transpose(d, 4, 0, 24);
+  {
+    FTabTranspose d(kAnglais, doc, 2, guitareSixCordes());
+    transpose(d, 4, 0, 24);
+  }
   EXPECT_EQ(std::tuple(frets(doc, 1), frets(doc, 2), doc.CurseurPiste()),
             std::tuple(std::vector<int>{5}, std::vector<int>{9}, 1));
   doc.makeUndo();
   EXPECT_TRUE(memeContenu(doc, avant));
-}
-
-TEST(Transpose, ATrackWithoutNotesLeavesNoUndoStep) {
-  CVantoroTablature doc = document(1, 2);
-  const int n = doc.setNoteWhole(1, 1, 1, 0, kCaseVide, 48);  // a blank stays as it is
-  doc.setNoteEffet(1, 1, 1, n, effet::kVibrato);
-  const CVantoroTablature avant = doc;
-  FTabTranspose d(kAnglais, doc, 1, guitareSixCordes());
+  // A track of blank notes only is left as it is, without an undo step.
+  CVantoroTablature vide = document(1, 2);
+  const int n = vide.setNoteWhole(1, 1, 1, 0, kCaseVide, 48);
+  vide.setNoteEffet(1, 1, 1, n, effet::kVibrato);
+  const CVantoroTablature blanc = vide;
+  FTabTranspose d(kAnglais, vide, 1, guitareSixCordes());
   transpose(d, 5, 0, 24);
   EXPECT_FALSE(d.modifie());
-  EXPECT_TRUE(doc == avant);
+  EXPECT_TRUE(vide == blanc);
 }
 
 }  // namespace

@@ -1,7 +1,4 @@
-// The cursor under the keys: by column with the bar roll-over and the bar added
-// at the end, by string within the instrument, by bar, to the ends of the
-// piece, and the view that follows it; the mouse on the strip: a click, a drag,
-// the pop-up of a note (the positions from the bench's cellule).
+// The cursor under the keys and the mouse, and the view that follows it.
 #include <QLabel>
 #include <QMenu>
 #include <QScrollBar>

@@ -1,6 +1,4 @@
-// The Edit menu's clipboards as the editor runs them: what can be chosen when,
-// a selection dragged with the mouse then copied and pasted elsewhere, and the
-// bar commands with their range dialog.
+// The Edit menu's clipboards and bar commands as the editor runs them.
 #include <QAction>
 #include <utility>
 

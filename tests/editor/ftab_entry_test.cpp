@@ -1,6 +1,4 @@
-// Keyboard entry, checked on the document: frets of one and two digits, the
-// entry state a note takes, insert and overwrite, effects, moving a note to
-// another string, opening and closing time, and undo from the keys.
+// Keyboard entry, checked on the document: frets, effects, insert and overwrite, undo.
 #include <QLabel>
 #include <QScrollBar>
 #include <tuple>
@@ -12,7 +10,7 @@ namespace {
 
 using Entree = Editeur;
 
-TEST_F(Entree, InOverwriteModeTwoDigitsMakeOneFretOnlyAfterAOneOrATwoOrOnADrumStaff) {
+TEST_F(Entree, InOverwriteModeTwoDigitsMakeOneFretOnlyAfterAOneOrATwoAndTheKeypadSteps) {
   const struct {
     bool batterie;
     const char* touches;
@@ -41,6 +39,23 @@ TEST_F(Entree, InOverwriteModeTwoDigitsMakeOneFretOnlyAfterAOneOrATwoOrOnADrumSt
   ftab->picTab_KeyDown(Qt::Key_1, Qt::NoModifier, true);
   ftab->picTab_KeyUp(Qt::Key_1, Qt::NoModifier);
   EXPECT_EQ(fret(1, 1, 0), 1);
+  // The keypad raises to 29 and lowers to 0; unchanged, nothing to undo; nothing on an empty place.
+  const auto pavé = [this](int key, int fois) {
+    for (int i = 0; i < fois; ++i)
+      touche(key, Qt::KeypadModifier);
+    return fret(1, 1, 0);
+  };
+  ftab->DebugInitialisation();
+  tape("28");
+  EXPECT_EQ(pavé(Qt::Key_Plus, 1), 29);
+  const int profondeur = doc().getUndoDepth();
+  EXPECT_EQ(pavé(Qt::Key_Plus, 1), 29);
+  EXPECT_EQ(doc().getUndoDepth(), profondeur);
+  tape("1");
+  EXPECT_EQ(pavé(Qt::Key_Minus, 2), 0);
+  curseur(1, 24, 1);
+  touche(Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_EQ(fret(1, 1, 24), -1);
 }
 
 TEST_F(Entree, InInsertModeASecondDigitExtendsTheNoteJustTypedSoFretsAboveNineCanBeTyped) {
@@ -125,27 +140,6 @@ TEST_F(Entree, KeysAreReadByTheirPlaceSoThatAFrenchKeyboardTypesFretsAndRhythms)
     EXPECT_EQ(fret(1, 1, 0), c.fret);
     EXPECT_EQ(ftab->outils().rythme, c.rythme);
   }
-}
-
-TEST_F(Entree, TheKeypadRaisesToTwentyNineAndLowersToZero) {
-  ouvre();
-  tape("28");
-  const auto plus = [this] { touche(Qt::Key_Plus, Qt::KeypadModifier); };
-  const auto moins = [this] { touche(Qt::Key_Minus, Qt::KeypadModifier); };
-  plus();
-  EXPECT_EQ(fret(1, 1, 0), 29);
-  const int profondeur = doc().getUndoDepth();
-  plus();
-  EXPECT_EQ(fret(1, 1, 0), 29);
-  EXPECT_EQ(doc().getUndoDepth(), profondeur) << "nothing changed, nothing to undo";
-  tape("1");
-  moins();
-  moins();
-  EXPECT_EQ(fret(1, 1, 0), 0);
-  // On an empty place the keys do nothing.
-  curseur(1, 24, 1);
-  plus();
-  EXPECT_EQ(fret(1, 1, 24), -1);
 }
 
 TEST_F(Entree, ARhythmChosenOnANoteKeepsItsValuesAndANoteTakesTheChosenRhythmAttackAndNuance) {

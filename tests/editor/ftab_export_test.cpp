@@ -1,6 +1,4 @@
-// The export and import commands of the editor: a broken repeat writes nothing
-// and offers to show it; MIDI with or without the tablature's meta-events; the
-// text tablature of the cursor's track; WAV as the command line writes it.
+// The export and import commands of the editor: MIDI, text tablature, WAV.
 #include <QAbstractButton>
 #include <QDir>
 #include <QFile>
@@ -46,25 +44,7 @@ class Exports : public Editeur {
   std::vector<QMessageBox::StandardButtons> boutons;
 };
 
-TEST_F(Exports, ABrokenRepeatWritesNothingAndYesShowsIt) {
-  prépare();
-  mesures(4);
-  doc().setMesureLoopGaucheType(2, 2);
-  doc().setMesureLoopGaucheType(3, 2);  // a start inside an open repeat
-  chemin = dossier.filePath("x.mid");
-  réponses = {QMessageBox::No, QMessageBox::Yes};
-  ftab->mnuTabFileExportMIDI();
-  EXPECT_EQ(doc().CurseurMesure(), 1);
-  ftab->entrée("mnuTabFileExportMIDI")->trigger();
-  EXPECT_EQ(questions, std::vector<QString>(2,
-                                            "There is a problem of repeat bar at measure 3. "
-                                            "Go to this measure?"));
-  EXPECT_TRUE(proposés.empty()) << "no dialog";
-  EXPECT_EQ(doc().CurseurMesure(), 3);
-  EXPECT_FALSE(QFile::exists(chemin));
-}
-
-TEST_F(Exports, TheMidiFileTakesTheMetaEventsOnlyWhenAsked) {
+TEST_F(Exports, TheMidiFileTakesTheMetaEventsOnlyWhenAskedTheTextTheCursorsTrack) {
   prépare();
   tape("5");
   réponses = {QMessageBox::Yes, QMessageBox::No};
@@ -84,10 +64,8 @@ TEST_F(Exports, TheMidiFileTakesTheMetaEventsOnlyWhenAsked) {
   EXPECT_FALSE(fichiers[1].contains(QByteArray("\xFF\x11", 2)));
   EXPECT_TRUE(messages.empty());
   EXPECT_TRUE(doc().modifi) << "an export is no save";
-}
 
-TEST_F(Exports, TheTextTablatureIsTheCursorsTrackBesideTheFile) {
-  prépare();
+  // The text tablature is the cursor's track; cancelled, nothing is written.
   ASSERT_TRUE(doc().addPiste(1, vt->guitare()));
   doc().setNoteWhole(2, 1, 1, 0, 12, 48);
   ftab->tbPistesUpdate();
@@ -95,12 +73,29 @@ TEST_F(Exports, TheTextTablatureIsTheCursorsTrackBesideTheFile) {
   chemin = dossier.filePath("piste.txt");
   ftab->mnuTabFileExportASCII();
   EXPECT_TRUE(contenu(chemin).contains("12"));
-  EXPECT_EQ(titres[0], "Export as an ASCII tablature");
-  // Cancelled: nothing is written.
+  EXPECT_EQ(titres.back(), "Export as an ASCII tablature");
+  QFile::remove(chemin);
   chemin.clear();
-  QFile::remove(dossier.filePath("piste.txt"));
   ftab->mnuTabFileExportASCII();
   EXPECT_FALSE(QFile::exists(dossier.filePath("piste.txt")));
+
+  // A broken repeat writes nothing and Yes shows it.
+  mesures(4);
+  doc().setMesureLoopGaucheType(2, 2);
+  doc().setMesureLoopGaucheType(3, 2);  // a start inside an open repeat
+  chemin = dossier.filePath("x.mid");
+  questions.clear();
+  proposés.clear();
+  réponses = {QMessageBox::No, QMessageBox::Yes};
+  ftab->mnuTabFileExportMIDI();
+  EXPECT_EQ(doc().CurseurMesure(), 1);
+  ftab->entrée("mnuTabFileExportMIDI")->trigger();
+  EXPECT_EQ(questions, std::vector<QString>(2,
+                                            "There is a problem of repeat bar at measure 3. "
+                                            "Go to this measure?"));
+  EXPECT_TRUE(proposés.empty()) << "no dialog";
+  EXPECT_EQ(doc().CurseurMesure(), 3);
+  EXPECT_FALSE(QFile::exists(chemin));
 }
 
 TEST_F(Exports, AnImportAsksAboutTheChangesAndLeavesThePieceUnnamed) {

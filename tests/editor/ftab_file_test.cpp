@@ -1,6 +1,4 @@
-// The file commands of the editor: the question before a changed tablature is
-// dropped and what each answer does, the open and save dialogs, the recent
-// files and their order, the caption, and closing with unsaved work.
+// The file commands of the editor: the question before changes are dropped, dialogs, recent files.
 #include <QAction>
 #include <QFile>
 #include <QMdiSubWindow>
@@ -310,8 +308,15 @@ TEST_F(Fichiers, FilesThatCannotBeReadSayWhyWithTheCriticalIconAndKeepTheDocumen
   EXPECT_EQ(vue(), Vue(9, false, titre(""), ""));
 }
 
-TEST_F(Fichiers, AnOpenedPieceBringsTheInstrumentOfItsTracks) {
+// An opened piece brings the instrument of its tracks; new documents, new
+// tracks and old files without a sound of their own take the chosen one.
+TEST_F(Fichiers, AnOpenedPieceBringsTheInstrumentOfItsTracksAndOldOnesTheChosenSound) {
   prépare();
+  vt->settings().setMIDIinstru = 40;
+  ftab->MenuTabFile(0);
+  ftab->mnutabPistes(1);
+  EXPECT_EQ(std::pair(doc().getMIDIPatch(1), doc().getMIDIPatch(2)), std::pair(40, 40));
+  réponses = {QMessageBox::No};
   struct Piste {
     std::vector<int> cordes;
     int cases, capo;
@@ -359,20 +364,7 @@ TEST_F(Fichiers, AnOpenedPieceBringsTheInstrumentOfItsTracks) {
     EXPECT_EQ(vt->guitare().nbrCordes, attendu.nbrCordes);
     EXPECT_EQ(vt->guitare().corde, attendu.corde);
   }
-}
-
-TEST_F(Fichiers, NewDocumentsTracksAndOldFilesTakeTheChosenSound) {
-  prépare();
-  vt->settings().setMIDIinstru = 40;
-  ftab->MenuTabFile(0);
-  EXPECT_EQ(doc().getMIDIPatch(1), 40);
-  ftab->mnutabPistes(1);
-  EXPECT_EQ(doc().getMIDIPatch(2), 40);
-  const QString v6 = version6();
-  réponses = {QMessageBox::No};
-  ftab->MenuTabFileOpenLast(v6);
-  ASSERT_EQ(ftab->fichier(), v6);
-  EXPECT_EQ(doc().getMIDIPatch(1), 40);
+  EXPECT_EQ(doc().getMIDIPatch(1), 40) << "the version 6 file";
 }
 
 TEST_F(Fichiers, TheDialogsOpenAmongTheUsersDocumentsThenInTheRememberedFolder) {

@@ -1,5 +1,4 @@
-// What edits, the cursor and the selection do to the picture: only what changed
-// is drawn again, and it ends as a full paint would draw it.
+// What edits, the cursor and the selection leave on the picture.
 #include <functional>
 #include <string>
 

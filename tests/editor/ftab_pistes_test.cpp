@@ -1,6 +1,4 @@
-// The track commands: adding behind the current track up to seven, deleting
-// after a question down to one, selecting, the pictures and tool tips of the
-// buttons, and the drum picker of a drum track.
+// The track commands: add, delete, select, the buttons, the drum picker.
 #include <QAction>
 #include <QToolBar>
 #include <QToolButton>

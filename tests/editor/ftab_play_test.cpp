@@ -1,6 +1,4 @@
-// Playback from the editor, with a stand-in player whose position the test sets
-// (the commands, the screen timer, the fretboard, the stop, recording), then
-// with the real player heard through the logging output.
+// Playback from the editor: a stand-in player set by hand, then the real one heard.
 #include <QAction>
 #include <QScrollBar>
 #include <algorithm>
@@ -50,16 +48,6 @@ class SonJournal : public SonEditeur {
 
  private:
   std::int32_t m_handle;
-};
-
-// Counts the paints of a widget.
-class Peintures : public QObject {
- public:
-  bool eventFilter(QObject*, QEvent* e) override {
-    if (e->type() == QEvent::Paint) ++n;
-    return false;
-  }
-  int n = 0;
 };
 
 using Etat = std::array<bool, 3>;  // playing, "joue" down, the screen timer running
@@ -248,44 +236,6 @@ TEST_F(Jeu, ThePlayEntriesAndSpaceDoWhatTheirButtonsDoInEveryState) {
     }
 }
 
-// The cursor follows the player, redrawn only when it changes column; the
-// track under the cursor is told to the player when it changes.
-TEST_F(Jeu, TheCursorFollowsThePlayerAndIsRedrawnOnlyWhenItChangesColumn) {
-  ouvreEssai(2);
-  ASSERT_TRUE(doc().addPiste(1, vt->guitare()));
-  ftab->tbPistesUpdate();
-  lance();
-  Peintures peintures;
-  ftab->picTab()->installEventFilter(&peintures);
-  QCoreApplication::processEvents();
-  const struct {
-    int mesure, x;
-    Place place;
-    bool peint;
-  } kCas[] = {
-      {1, 30, {1, 30, 1}, true},  {1, 47, {1, 47, 1}, false}, {1, 48, {1, 48, 1}, true},
-      {2, 0, {2, 0, 1}, true},  // a bar past the end keeps the cursor in the last one
-      {3, 10, {2, 10, 1}, false},
-  };
-  for (const auto& c : kCas) {
-    SCOPED_TRACE(testing::Message() << c.mesure << " " << c.x);
-    const QImage avant = ftab->image().copy();
-    peintures.n = 0;
-    tick(c.mesure, c.x);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(place(), c.place);
-    EXPECT_EQ(std::pair(peintures.n > 0, ftab->image() != avant), std::pair(c.peint, c.peint));
-  }
-  ftab->picTab()->removeEventFilter(&peintures);
-  doc().setCurseurPiste(2);
-  tick(2, 12);
-  EXPECT_EQ(joueur->pistes, (std::vector<int>{1, 2}));
-  // The end of the piece stops everything.
-  tick(2, -1);
-  EXPECT_EQ(état(), (Etat{false, false, false}));
-  EXPECT_EQ(joueur->arrêts, 1);
-}
-
 TEST_F(Jeu, TheViewFollowsThePieceForwardBackAndAtTheRepeats) {
   ouvreEssai(30);
   const int n = ftab->hScroll()->pageStep();
@@ -312,6 +262,15 @@ TEST_F(Jeu, TheViewFollowsThePieceForwardBackAndAtTheRepeats) {
   joueur->saut = -1;
   tick(premier + 1, 0);
   EXPECT_EQ(premièreMontrée(), premier);
+  // The player is told when the cursor's track changes; a bar reported past the
+  // end keeps the cursor in the last one; the end of the piece stops everything.
+  ASSERT_TRUE(doc().addPiste(1, vt->guitare()));
+  ftab->tbPistesUpdate();
+  doc().setCurseurPiste(2);
+  tick(31, 10);
+  EXPECT_EQ(std::pair(place(), joueur->pistes.back()), std::pair(Place{30, 10, 1}, 2));
+  tick(30, -1);
+  EXPECT_EQ(état(), (Etat{false, false, false}));
 }
 
 TEST_F(Jeu, TheStopPutsTheCursorOnTheGridAndInsideThePiece) {
@@ -406,7 +365,7 @@ TEST_F(Jeu, TheFretboardShowsWhatSoundsOpenStringsExceptedAndKeepsAStringTheLibr
   EXPECT_EQ(montré(0), vide);
 }
 
-TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorAndTiedAcrossBarLines) {
+TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorTiedAcrossBarLinesUntilRecordIsUp) {
   ouvreEssai(4);
   touche(Qt::Key_R, Qt::ControlModifier);
   ASSERT_TRUE(bouton("record")->isChecked());
@@ -449,40 +408,17 @@ TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorAndTiedAcrossBarLine
   EXPECT_EQ(doc().getUndoDepth(), 1);
   touche(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(compte(), 0);
-}
-
-TEST_F(Jeu, RecordingFollowsItsButton) {
-  ouvreEssai(2);
-  // Record up: the notes received only sound.
+  // Record up during the piece with a note held: the note ends where the cursor
+  // stands then, and its release writes nothing more.
   lance();
-  tick(1, 0);
-  midi(1, 3, true);
   tick(1, 48);
-  midi(1, 3, false);
-  EXPECT_FALSE(doc().modifi);
-  // Record goes down during the piece and up again with a note held: the
-  // note ends where the cursor stands then, and its release does nothing.
-  bouton("record")->trigger();
-  EXPECT_TRUE(menu(10)->isChecked());
   midi(1, 3, true);
   tick(1, 144);
   bouton("record")->trigger();
   EXPECT_FALSE(menu(10)->isChecked());
   tick(2, 24);
   midi(1, 3, false);
-  EXPECT_EQ(écrite(1, 1, 48), Ecrite(3, 96, 0));
-  EXPECT_EQ(compte(), 1);
-  touche(Qt::Key_Space);
-  // Nothing plays: a note received is written at once at the cursor, with
-  // the rhythm toolbar's length, and the cursor stays.
-  menu(10)->trigger();
-  curseur(2, 96, 1);
-  midi(4, 7, true);
-  EXPECT_EQ(écrite(2, 4, 96), Ecrite(7, ftab->outils().tbGetNoteDurée(), 0));
-  EXPECT_EQ(doc().getUndoDepth(), 2);
-  EXPECT_EQ(doc().CurseurX(), 96);
-  midi(4, 7, false);
-  EXPECT_EQ(compte(), 2);
+  EXPECT_EQ(std::pair(écrite(1, 1, 48), compte()), std::pair(Ecrite(3, 96, 0), 1));
 }
 
 TEST_F(Jeu, AMidiNoteReachesTheOpenHarmonizerAndSoundsUnlessItIsRecorded) {

@@ -1,6 +1,4 @@
-// Printing from the editor: the menu entries and buttons, the print dialog's
-// pages and copies on a printer that writes a PDF, a cancelled or failed print,
-// the preview's page bar and copy, the page setup's controls, the PDF export.
+// Printing from the editor: the print dialog, the preview, the page setup, the PDF export.
 #include <QCheckBox>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -56,7 +54,7 @@ class Impressions : public Editeur {
   std::vector<QString> messages;
 };
 
-TEST_F(Impressions, ThePrinterGetsThePagesAndCopiesOfTheDialog) {
+TEST_F(Impressions, ThePrinterGetsThePagesAndCopiesOfTheDialogAndAFailureIsTold) {
   prépare(40);
   const int total = pagesPiste(1);
   ASSERT_GE(total, 3);
@@ -85,21 +83,18 @@ TEST_F(Impressions, ThePrinterGetsThePagesAndCopiesOfTheDialog) {
   EXPECT_TRUE(messages.empty());
   vt->printer().setFromTo(0, 0);
   vt->printer().setCopyCount(1);
-}
-
-TEST_F(Impressions, AFailingPrinterSaysSoAndChangesNothing) {
-  prépare(3);
+  // A failing printer says so and changes nothing.
   const CVantoroTablature avant = doc();
-  const QString chemin = dossier.filePath("absent/p.pdf");
+  const QString absent = dossier.filePath("absent/p.pdf");
   ftab->dialogueImpression = [&](QPrinter& printer, int) {
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(chemin);
+    printer.setOutputFileName(absent);
     return true;
   };
   ftab->MenuTabFile(11);
   EXPECT_EQ(messages, std::vector<QString>{vt->loadString(1378)});
   EXPECT_EQ(doc(), avant);
-  EXPECT_FALSE(QFile::exists(chemin));
+  EXPECT_FALSE(QFile::exists(absent));
 }
 
 TEST_F(Impressions, PreviewPagesZoomAndCopy) {

@@ -1,8 +1,4 @@
-// The editor's toolbars: each button does what its menu entry does and shows
-// its state; the rhythm, attack and nuance buttons change the note under the
-// cursor with undo; the objects' buttons show what stands at the cursor; a
-// toolbar floats and docks again, and the hidden ones are remembered; the
-// entry state the buttons show.
+// The editor's toolbars: each button as its menu entry, the state it shows, floating bars.
 #include <QAction>
 #include <QSignalSpy>
 #include <QToolBar>
@@ -260,20 +256,7 @@ TEST_F(Barres, EveryButtonWritesItsCodeAndShowsTheStateOfTheNoteUnderTheCursor) 
   EXPECT_FALSE(ftab->bouton("tbRythme", "noire")->isChecked());
 }
 
-TEST_F(Barres, TheObjectsButtonsShowWhatStandsAtTheCursor) {
-  ouvre();
-  QAction* tempo = ftab->bouton("tbGeneral", "tempo");
-  EXPECT_FALSE(tempo->isChecked());
-  doc().addMesure();
-  ASSERT_TRUE(doc().setMesureTempo(2, 0, 90));
-  curseur(2, 0, 1);
-  ftab->tbUpdate();
-  EXPECT_TRUE(tempo->isChecked());
-  touche(Qt::Key_Left);
-  EXPECT_FALSE(tempo->isChecked());
-}
-
-TEST_F(Barres, AFloatingToolbarSharesItsButtonsAndDocksWhenClosed) {
+TEST_F(Barres, AFloatingToolbarSharesItsButtonsAndDocksWhenClosedObjectsShowWhatIsThere) {
   ouvre();
   FTabToolBar* f = ftab->détacheBarre("tbRythme");
   ASSERT_NE(f, nullptr);
@@ -302,6 +285,17 @@ TEST_F(Barres, AFloatingToolbarSharesItsButtonsAndDocksWhenClosed) {
   ftab->mnutabPistes(1);
   EXPECT_EQ(pistes->barre()->actions(), ftab->barre("tbPistes")->actions());
   EXPECT_EQ(pistes->barre()->actions().size(), 6);
+
+  // The objects' buttons show what stands at the cursor.
+  QAction* tempo = ftab->bouton("tbGeneral", "tempo");
+  EXPECT_FALSE(tempo->isChecked());
+  mesures(2);
+  ASSERT_TRUE(doc().setMesureTempo(2, 0, 90));
+  curseur(2, 0, 1);
+  ftab->tbUpdate();
+  EXPECT_TRUE(tempo->isChecked());
+  touche(Qt::Key_Left);
+  EXPECT_FALSE(tempo->isChecked());
 }
 
 TEST_F(Barres, TheOptionsOpenOnTheEditorsPageFromTheButtonAndOnTheLastOneFromTheMenu) {
@@ -326,17 +320,15 @@ TEST_F(Barres, TheOptionsOpenOnTheEditorsPageFromTheButtonAndOnTheLastOneFromThe
   EXPECT_EQ(modales, (std::vector<QString>{fen::FOptions, fen::FOptions}));
 }
 
-TEST(EtatOutils, TheAttackCommandsFollowTheShiftKeysOrder) {
+// The attack commands follow the Shift keys' order; the state follows a note
+// where it can and gives its nuance code.
+TEST(EtatOutils, TheAttackCommandsFollowTheShiftKeysAndTheStateANoteWhereItCan) {
   const byt attendu[] = {0, 3, 4, 5, 7, 8, 1, 2, 9, 6, 10, 11};
   for (int i = 0; i < kNbAttaques; ++i) {
     EXPECT_EQ(attaqueDuMenu(i), attendu[i]) << i;
     EXPECT_EQ(indexMenuAttaque(attendu[i]), i);
   }
-  EXPECT_EQ(indexMenuAttaque(12), -1);
-  EXPECT_EQ(attaqueDuMenu(12), attaque::kStandard);
-}
-
-TEST(EtatOutils, TheStateFollowsANoteWhereItCanAndGivesItsNuanceCode) {
+  EXPECT_EQ(std::pair(indexMenuAttaque(12), attaqueDuMenu(12)), std::pair(-1, attaque::kStandard));
   EtatOutils e;
   EXPECT_EQ(e.getNoteVolume(), 127) << "fff until another is chosen";
   // (rythme, dotted, triplet, attack, nuance, effect) as the state holds them.

@@ -1,7 +1,4 @@
-// The editor as a window of the main window: how it opens, its menus and their
-// captions, the fretboard's keys, the live notes, the instrument of the current
-// track, the document's dialogs, a file from the command line, and the chord
-// dictionary's To tab button.
+// The editor as a window of the main window: menus, keys, live notes, dialogs, To tab.
 #include <QAction>
 #include <QLabel>
 #include <QListWidget>
@@ -21,7 +18,7 @@ namespace {
 
 using Fenetre = Editeur;
 
-TEST_F(Fenetre, TheWindowMenuOpensTheEditorOnAFreshDocument) {
+TEST_F(Fenetre, TheWindowMenuOpensTheEditorOnAFreshDocumentWithItsMenus) {
   crée();
   vt->fenetres().enregistrer(fen::FTab, [](VT& v) { return new FTab(v); });
   ASSERT_TRUE(démarre());
@@ -32,6 +29,15 @@ TEST_F(Fenetre, TheWindowMenuOpensTheEditorOnAFreshDocument) {
   EXPECT_EQ(vt->document().getMesureLast(), 1) << "opening the editor starts a new tablature";
   EXPECT_EQ(f->windowTitle(), "Tablature[*]");
   EXPECT_EQ(f->image().format(), QImage::Format_RGB32);
+  // Its menus, its own entries, stand in the main menu bar while it is active.
+  ASSERT_EQ(vt->menuBar()->actions().size(), 9);
+  EXPECT_EQ(vt->menuBar()->actions()[6]->text(), "T&racks");
+  EXPECT_TRUE(f->barreMenus()->isHidden()) << "one bar holds each menu's key";
+  EXPECT_EQ(vt->menuBar()->actions().front()->menu(), f->entrée("mnuTabFile_0")->parent());
+  qobject_cast<QMdiSubWindow*>(f->parentWidget())->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(vt->menuBar()->actions().size(), 3) << "the main window's own menus are back";
 }
 
 TEST_F(Fenetre, MenusCarryTheStringTableAndLaterCommandsAreDisabled) {
@@ -189,26 +195,6 @@ TEST_F(Fenetre, AFileFromTheCommandLineReplacesTheDocument) {
             std::tuple(2, 7, -1, kFaux));
   EXPECT_EQ(ftab->windowTitle(), "Tablature - " + nom + "[*]");
   EXPECT_FALSE(ftab->entrée("mnuTabEdit_0")->isEnabled());
-}
-
-TEST_F(Fenetre, TheEditorsMenusStandInTheMainMenuBarWhileItIsActive) {
-  ouvre();
-  const auto titres = [this] {
-    QStringList l;
-    for (const QAction* a : vt->menuBar()->actions())
-      l << a->text();
-    return l;
-  };
-  ASSERT_EQ(titres().size(), 9) << titres().join(' ').toStdString();
-  EXPECT_EQ(titres()[6], "T&racks");
-  EXPECT_TRUE(ftab->barreMenus()->isHidden()) << "one bar holds each menu's key";
-  // The entries are the editor's own.
-  EXPECT_EQ(vt->menuBar()->actions().front()->menu(), ftab->entrée("mnuTabFile_0")->parent());
-  qobject_cast<QMdiSubWindow*>(ftab->parentWidget())->close();
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  QCoreApplication::processEvents();
-  ftab = nullptr;
-  EXPECT_EQ(titres().size(), 3) << "the main window's own menus are back";
 }
 
 using Dictionnaire = Editeur;
