@@ -253,7 +253,7 @@ TEST_F(Import, AFileThatCannotBeReadIsNotShown) {
   EXPECT_TRUE(doc == avant);
 }
 
-TEST_F(Import, CancelLeavesTheDocumentAndHelpOpensTheImportPage) {
+TEST_F(Import, CancelLeavesTheDocumentHelpOpensTheImportPageAndACorruptedTextIsRefused) {
   QString page;
   const auto aide = [&page](const QString& p) { page = p; };
   Fmid2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(), écrire("a.mid", morceau()), doc, aide);
@@ -272,6 +272,21 @@ TEST_F(Import, CancelLeavesTheDocumentAndHelpOpensTheImportPage) {
   annuler(*a);
   EXPECT_FALSE(a->remplace());
   EXPECT_TRUE(doc == avant);
+
+  // A corrupted text is refused, and Help explains it.
+  Ftab2vtb e(kAnglais, kSansCatalogue, guitareSixCordes(),
+             écrire("mots.txt", std::string("No tablature here\r\njust words - and | bars\r\n")),
+             doc, aide);
+  e.show();
+  enfant<QAbstractButton>(&e, "btnAide")->click();
+  EXPECT_EQ(page, "files.html#asciiimport");
+  ok(e);
+  EXPECT_TRUE(e.isVisible());
+  EXPECT_FALSE(e.remplace());
+  EXPECT_EQ(texte(e, "lblErreur").toStdString(), loadString(1013, kLangAnglais));
+  EXPECT_TRUE(doc == avant);
+  enfant<QAbstractButton>(&e, "btnAide")->click();
+  EXPECT_EQ(page, "files.html#corrupted");
 }
 
 TEST_F(Import, AMidiTuningRestoredFromTheFileTakesItsInstrumentFromTheCatalogue) {
@@ -334,23 +349,6 @@ TEST_F(Import, TheAsciiTextIsShownAndConvertedWithTheChosenColumnLength) {
   for (int c = 1; c <= 6; ++c)
     EXPECT_EQ(corde(doc, 1, 1, c), attendues[static_cast<std::size_t>(c - 1)]) << c;
   EXPECT_EQ(texte(*d, "txtKeskispasse"), "Converting...");
-}
-
-TEST_F(Import, ACorruptedAsciiTextIsRefusedAndHelpExplainsIt) {
-  QString page;
-  Ftab2vtb d(kAnglais, kSansCatalogue, guitareSixCordes(),
-             écrire("mots.txt", std::string("No tablature here\r\njust words - and | bars\r\n")),
-             doc, [&page](const QString& p) { page = p; });
-  d.show();
-  enfant<QAbstractButton>(&d, "btnAide")->click();
-  EXPECT_EQ(page, "files.html#asciiimport");
-  ok(d);
-  EXPECT_TRUE(d.isVisible());
-  EXPECT_FALSE(d.remplace());
-  EXPECT_EQ(texte(d, "lblErreur").toStdString(), loadString(1013, kLangAnglais));
-  EXPECT_TRUE(doc == avant);
-  enfant<QAbstractButton>(&d, "btnAide")->click();
-  EXPECT_EQ(page, "files.html#corrupted");
 }
 
 TEST_F(Import, TheAsciiTrackIsSixStringedWhateverTheCurrentInstrument) {

@@ -15,7 +15,6 @@
 #include <stdexcept>
 
 #include "dialogs/textes_dialogue.h"
-#include "document/cp1252.h"
 #include "document/tablature.h"
 
 inline void PrintTo(const QString& s, std::ostream* os) {
@@ -72,10 +71,6 @@ inline bool memeContenu(const CVantoroTablature& a, const CVantoroTablature& b) 
   return a.pistes() == b.pistes() && a.mesures() == b.mesures() && a.titre == b.titre &&
          a.SousTitre == b.SousTitre && a.Auteur == b.Auteur && a.Copy == b.Copy &&
          a.Comments == b.Comments && a.tempo == b.tempo && a.TripleFeel() == b.TripleFeel();
-}
-
-inline std::string cp1252(const char* utf8) {
-  return utf8ToCp1252(utf8);
 }
 
 // The notes of one string of a bar: tick, fret and length, in order.

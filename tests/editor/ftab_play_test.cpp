@@ -118,7 +118,7 @@ class Jeu : public Editeur {
   QMessageBox::StandardButton réponse = QMessageBox::No;
 };
 
-TEST_F(Jeu, SpaceStartsFromTheCursorWithTheChecksOfThePlayMenu) {
+TEST_F(Jeu, SpaceStartsFromTheCursorWithTheChecksOfThePlayMenuAndOnlyInsertModeTypes) {
   ouvreEssai(3);
   doc().tempo = 100;
   curseur(2, 48, 1);
@@ -133,8 +133,18 @@ TEST_F(Jeu, SpaceStartsFromTheCursorWithTheChecksOfThePlayMenu) {
   for (int i : {0, 1, 2, 3, 4, 5, 7, 8, 10})
     EXPECT_EQ(menu(i)->isEnabled(), i != 1 && i != 2 && i != 7 && i != 8) << i;
   EXPECT_FALSE(bouton("arriere")->isEnabled());
-  touche(Qt::Key_Home);
-  EXPECT_EQ(doc().CurseurMesure(), 2);
+  // The keys wait too: only the frets of insert mode are taken, without undo.
+  ftab->lecture().tmrGFX.stop();
+  insertion(false);
+  tape("5");
+  touches({{Qt::Key_Home, Qt::NoModifier},
+           {Qt::Key_Right, Qt::ShiftModifier},
+           {Qt::Key_End, Qt::NoModifier},
+           {Qt::Key_Right, Qt::ControlModifier}});
+  EXPECT_EQ(std::pair(fret(2, 1, 48), place()), std::pair(-1, Place{2, 48, 1}));
+  insertion(true);
+  tape("5");
+  EXPECT_EQ(std::pair(fret(2, 1, 48), doc().getUndoDepth()), std::pair(5, 0));
 
   // Space again stops; the next start reads the checks again.
   touche(Qt::Key_Space);
@@ -299,24 +309,6 @@ TEST_F(Jeu, TheStopPutsTheCursorOnTheGridAndInsideThePiece) {
     EXPECT_EQ(place(), c.place) << c.x;
   }
   EXPECT_EQ(état(), (Etat{false, true, false})) << "without its flag the buttons stay";
-}
-
-TEST_F(Jeu, WhilePlayingOnlyTheFretsOfInsertModeAreTaken) {
-  ouvreEssai(2);
-  curseur(1, 48, 1);
-  lance();
-  insertion(false);
-  tape("5");
-  touches({{Qt::Key_Right, Qt::ShiftModifier},
-           {Qt::Key_Right, Qt::NoModifier},
-           {Qt::Key_End, Qt::NoModifier},
-           {Qt::Key_Right, Qt::ControlModifier}});
-  EXPECT_EQ(fret(1, 1, 48), -1);
-  EXPECT_EQ(place(), (Place{1, 48, 1}));
-  insertion(true);
-  tape("5");
-  EXPECT_EQ(fret(1, 1, 48), 5);
-  EXPECT_EQ(doc().getUndoDepth(), 0) << "no undo is kept while the piece plays";
 }
 
 TEST_F(Jeu, TheFretboardShowsWhatSoundsOpenStringsExceptedAndKeepsAStringTheLibraryLeaves) {
