@@ -9,7 +9,7 @@ namespace {
 
 using Boot = Banc;
 
-TEST_F(Boot, AFirstStartRunsEveryStepInItsOrder) {
+TEST_F(Boot, AFirstStartRunsEveryStepInItsOrderAndTheShutdownSavesThenClosesOutThenIn) {
   crée();
   enregistre({fen::FAccords, fen::FTab});
   règle("Options/setStartWith0", "True");
@@ -19,27 +19,10 @@ TEST_F(Boot, AFirstStartRunsEveryStepInItsOrder) {
     if (d.objectName() == "FDebut") visibleSousLaPage = vt->isVisible();
   };
   ASSERT_TRUE(démarre());
-  dansLOrdre(étapes, {"strAppPath",
-                      "load_ini",
-                      "FLang",
-                      "initialize",
-                      "association",
-                      "checkFile",
-                      "font",
-                      "loadGuitare",
-                      "document",
-                      "load_resource",
-                      "load_lang",
-                      "midiOpenOut",
-                      "midiOpenIn",
-                      "show",
-                      "applyViewSettings",
-                      "FAide",
-                      "commandLine",
-                      "FDébut",
-                      "startWith FAccords",
-                      "startWith FTab",
-                      "FTip"});
+  dansLOrdre(étapes,
+             "strAppPath|load_ini|FLang|initialize|association|checkFile|font|loadGuitare|document|"
+             "load_resource|load_lang|midiOpenOut|midiOpenIn|show|applyViewSettings|FAide|"
+             "commandLine|FDébut|startWith FAccords|startWith FTab|FTip");
   // The ports open out, then in; the start page comes over a visible window.
   EXPECT_EQ(sons, (Journal{"openOut", "openIn"}));
   EXPECT_EQ(modales, (std::vector<QString>{"FDebut", "FTip"}));
@@ -51,11 +34,7 @@ TEST_F(Boot, AFirstStartRunsEveryStepInItsOrder) {
   EXPECT_EQ(vt->strAppPath(), QCoreApplication::applicationDirPath() + "/");
   // The file association went to the user's data folder of the bench.
   EXPECT_TRUE(QFile::exists(dir.filePath("data/applications/vantoro.desktop")));
-}
 
-TEST_F(Boot, TheShutdownSavesTheSettingsThenClosesOutThenIn) {
-  silencieux();
-  ASSERT_TRUE(démarre());
   vt->settings().setMIDIvolume = 99;
   étapes.clear();
   sons.clear();

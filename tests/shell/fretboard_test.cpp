@@ -28,7 +28,7 @@ class Manche_ : public BancSilencieux {
   }
 };
 
-TEST_F(Manche_, AClickSoundsTheStringsNoteAndTheReleaseSilencesTheChannelOffTheStringsNothing) {
+TEST_F(Manche_, AClickSoundsTheStringsNoteADragAGlissandoAndTheReleaseSilencesTheChannel) {
   lance();
   clic(droitier(3, 1));
   EXPECT_EQ(sons, (Journal{"on 67", "ctl 123 0 1"}));
@@ -40,31 +40,27 @@ TEST_F(Manche_, AClickSoundsTheStringsNoteAndTheReleaseSilencesTheChannelOffTheS
   sons.clear();
   clic({200, 24 * 6 - 16 + 14});  // below the sixth string, rounded to a seventh: ignored
   EXPECT_EQ(sons, (Journal{"ctl 123 0 1"}));
-}
-
-TEST_F(Manche_, DraggingWithTheButtonHeldPlaysAGlissando) {
-  lance();
+  // Dragging with the button held plays a glissando.
+  sons.clear();
   souris(QEvent::MouseButtonPress, droitier(0, 1), Qt::LeftButton, Qt::LeftButton);
   souris(QEvent::MouseMove, droitier(0, 1) + QPoint(3, 0), Qt::NoButton, Qt::LeftButton);
   souris(QEvent::MouseMove, droitier(1, 1), Qt::NoButton, Qt::LeftButton);
   souris(QEvent::MouseMove, droitier(2, 1), Qt::NoButton, Qt::LeftButton);
   souris(QEvent::MouseMove, droitier(4, 1), Qt::NoButton, Qt::NoButton);  // released: silence
-  EXPECT_EQ(sons, (Journal{"on 64", "off 64", "on 65", "off 65", "on 66"}));
+  // The note still held from the last click goes first.
+  EXPECT_EQ(sons, (Journal{"off 55", "on 64", "off 64", "on 65", "off 65", "on 66"}));
+  // On a narrow window the scroll bar moves the board: the leftmost column is fret 3.
+  vt->resize(500, 600);
+  QCoreApplication::processEvents();
+  QScrollBar* hsb = m().hsbManche();
+  ASSERT_GT(hsb->maximum(), 0);
+  hsb->setValue(3);
+  sons.clear();
+  clic(droitier(0, 1));
+  EXPECT_EQ((Journal{sons.at(0), sons.at(1)}), (Journal{"off 66", "on 67"}));
 }
 
-TEST_F(Manche_, ALeftHandedBoardIsTurnedAround) {
-  lance();
-  regarde(1, true);
-  // String 1 is at the bottom, the open strings right of the nut; then the
-  // fifth fret of string 6, at the top.
-  clic({787, 24 * 6 - 16});
-  clic({787 - 32 * 5, 8});
-  EXPECT_EQ((Journal{sons.at(0), sons.at(3)}), (Journal{"on 64", "on 45"}));
-  EXPECT_EQ((std::vector<QColor>{pixel(771, 60), pixel(35, 60)}),
-            (std::vector<QColor>{QColor(192, 192, 192), Qt::black}));
-}
-
-TEST_F(Manche_, TheThreeLooks) {
+TEST_F(Manche_, TheThreeLooksBothHandsAndTheDots) {
   lance();
   // The board, string 1 and the nut in black, white and grey, or the other
   // way round, or on the wood tiled every 161 pixels.
@@ -77,17 +73,13 @@ TEST_F(Manche_, TheThreeLooks) {
     EXPECT_EQ((std::vector<QColor>{pixel(200, 2), pixel(200, 8)}), attendu[std::size_t(look)])
         << look;
   }
-  regarde(1, false);
-  EXPECT_EQ(pixel(35, 60), QColor(192, 192, 192));
-  regarde(0, false);
   // The strip is as high as the instrument's strings need, plus the scroll bar.
   EXPECT_EQ(m().hauteurBoardPixels(), 140);
   EXPECT_EQ(m().height(), 140 + m().hsbManche()->height());
-}
 
-TEST_F(Manche_, DotsAreDrawnOverTheBoardAndClearedWithoutRedrawingIt) {
-  lance();
+  // Dots are drawn over the board and cleared without redrawing it.
   regarde(1, false);
+  EXPECT_EQ(pixel(35, 60), QColor(192, 192, 192));
   const QPoint p = droitier(7, 3);
   const QPoint j = droitier(9, 2);
   const QColor avant = pixel(p.x(), p.y() - 4);
@@ -104,11 +96,20 @@ TEST_F(Manche_, DotsAreDrawnOverTheBoardAndClearedWithoutRedrawingIt) {
   const QColor sprite = pixel(p.x(), p.y());
   EXPECT_GT(sprite.red(), 150);
   EXPECT_LT(sprite.green(), 100);
+
+  // A left-handed board is turned around: string 1 at the bottom, the open
+  // strings right of the nut; then the fifth fret of string 6, at the top.
+  regarde(1, true);
+  clic({787, 24 * 6 - 16});
+  clic({787 - 32 * 5, 8});
+  EXPECT_EQ((Journal{sons.at(0), sons.at(3)}), (Journal{"on 64", "on 45"}));
+  EXPECT_EQ((std::vector<QColor>{pixel(771, 60), pixel(35, 60)}),
+            (std::vector<QColor>{QColor(192, 192, 192), Qt::black}));
 }
 
-TEST_F(Manche_, TheHoverDotFollowsThePointerOverWhatTheToolShows) {
+TEST_F(Manche_, TheHoverDotFollowsThePointerAndTheHarmonizerHearsTheNotesPlayed) {
   crée();
-  enregistre({fen::FAccords});
+  enregistre({fen::FAccords, fen::FHarmony});
   lance();
   vt->montreFenetre(fen::FAccords);
   vt->setMancheContenu(0);
@@ -125,6 +126,13 @@ TEST_F(Manche_, TheHoverDotFollowsThePointerOverWhatTheToolShows) {
   souris(QEvent::MouseMove, droitier(2, 2) + QPoint(2, 1), Qt::NoButton, Qt::NoButton);
   EXPECT_EQ(journal.size(), 1u);
   EXPECT_TRUE(sons.empty());
+
+  vt->montreFenetre(fen::FHarmony);
+  vt->setMancheContenu(3);
+  journal.clear();
+  clic(droitier(2, 5));
+  EXPECT_TRUE(contient(journal, "FHarmony receiveNote 47"));
+  EXPECT_EQ(sons.front(), "on 47");
 }
 
 TEST_F(Manche_, InTheEditorAPressMovesTheCursorAndTheLeftButtonEntersTheFret) {
@@ -149,30 +157,6 @@ TEST_F(Manche_, InTheEditorAPressMovesTheCursorAndTheLeftButtonEntersTheFret) {
   clic(droitier(5, 6));
   EXPECT_TRUE(journal.empty());
   EXPECT_EQ(tab->corde, 2);
-}
-
-TEST_F(Manche_, TheHarmonizerHearsTheNotesPlayedOnTheBoard) {
-  crée();
-  enregistre({fen::FHarmony});
-  lance();
-  vt->montreFenetre(fen::FHarmony);
-  vt->setMancheContenu(3);
-  journal.clear();
-  clic(droitier(2, 5));
-  EXPECT_TRUE(contient(journal, "FHarmony receiveNote 47"));
-  EXPECT_EQ(sons.front(), "on 47");
-}
-
-TEST_F(Manche_, TheScrollBarMovesTheBoardOnANarrowWindow) {
-  lance();
-  vt->resize(500, 600);
-  QCoreApplication::processEvents();
-  QScrollBar* hsb = m().hsbManche();
-  ASSERT_GT(hsb->maximum(), 0);
-  hsb->setValue(3);
-  // The leftmost column is now fret 3.
-  clic(droitier(0, 1));
-  EXPECT_EQ(sons.at(0), "on 67");
 }
 
 }  // namespace

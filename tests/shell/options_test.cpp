@@ -325,9 +325,9 @@ TEST_F(Options, ANewSkinReachesTheOpenWindowsAfterTheirNewSearch) {
     ASSERT_EQ(o.pageDiv().lstSkin->count(), 2);
     o.pageDiv().choisitSkin("nuit");
   });
-  dansLOrdre(journal, {"FAccords optionsAppliquées", "FGammes optionsAppliquées",
-                       "FTab optionsAppliquées", "FAccords load_skin", "FGammes load_skin",
-                       "FTab refresh", "FAccords drawMancheContenu"});
+  dansLOrdre(journal,
+             "FAccords optionsAppliquées|FGammes optionsAppliquées|FTab optionsAppliquées|"
+             "FAccords load_skin|FGammes load_skin|FTab refresh|FAccords drawMancheContenu");
   // Those with pictures in their order; the editor only redraws.
   EXPECT_EQ(finissant(journal, "load_skin"),
             (Journal{"FAccords load_skin", "FGammes load_skin", "FMetronome load_skin"}));
