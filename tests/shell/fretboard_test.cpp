@@ -1,9 +1,11 @@
-// The fretboard strip: its three looks and both hands, the dots, and the
-// notes that clicks and drags play, alone or through the editor.
+// The fretboard: its geometry (where frets and strings lie, and the fret and
+// the string under a pointer, for both hands), its three looks, the dots, and
+// the notes that clicks and drags play, alone or through the editor.
 #include <QScrollBar>
 
 #include "banc.h"
 #include "shell/manche.h"
+#include "shell/manche_geometry.h"
 #include "shell/skin.h"
 
 namespace vt::essai {
@@ -161,3 +163,65 @@ TEST_F(Manche_, InTheEditorAPressMovesTheCursorAndTheLeftButtonEntersTheFret) {
 
 }  // namespace
 }  // namespace vt::essai
+
+namespace vt::manche {
+namespace {
+
+TEST(MancheGeometrie, CentresOfFretsAndStringsAndTheFretAndTheStringUnderAPointer) {
+  const Vue d{6, 0, false};
+  const Vue g{6, 0, true};
+  // Turned by half a circle for the left hand: string 1 at the bottom; then
+  // scrolled by three frets.
+  EXPECT_EQ((std::vector<double>{centreCaseX(d, 0), centreCaseX(d, 5), centreCordeY(d, 1),
+                                 centreCordeY(d, 6), centreCaseX(g, 0), centreCaseX(g, 5),
+                                 centreCordeY(g, 1), centreCordeY(g, 6),
+                                 centreCaseX({6, 3, false}, 5), centreCaseX({6, 3, true}, 5)}),
+            (std::vector<double>{280, 2680, 120, 1920, 11800, 9400, 1920, 120, 1240, 7960}));
+  for (const bool gauche : {false, true})
+    for (const int n : {4, 6, 7})
+      for (const int h : {0, 2, 5}) {
+        const Vue v{n, h, gauche};
+        for (int c = h; c <= 24 - (gauche ? h : 0); ++c)
+          EXPECT_EQ(caseDepuisX(v, centreCaseX(v, c)), c) << gauche << n << h << c;
+        for (int s = 1; s <= n; ++s)
+          EXPECT_EQ(cordeDepuisY(v, centreCordeY(v, s)), s) << gauche << n << s;
+      }
+
+  // The open strings lie left of the nut (x 30 to 38 pixels); left-handed, the
+  // frets count from the right, clamped at the open string far past it.
+  const auto px = [](int p) { return p * kTwipsParPixel; };
+  const Vue d4{6, 4, false};
+  const Vue g3{6, 3, true};
+  EXPECT_EQ((std::vector<int>{caseDepuisX(d, px(5)), caseDepuisX(d, px(28)), caseDepuisX(d, px(52)),
+                              caseDepuisX(d, px(242)), caseDepuisX(d4, 280), caseDepuisX(d4, px(3)),
+                              caseDepuisX(d4, 700), caseDepuisX(g, 11800), caseDepuisX(g, 12500),
+                              caseDepuisX(g, 20000), caseDepuisX(g, 280), caseDepuisX(g3, 11800),
+                              caseDepuisX(g3, 280)}),
+            (std::vector<int>{0, 0, 1, 7, 4, 4, 5, 0, 0, 0, 24, 0, 21}));
+  // Strings 24 pixels apart from y = 8; below the last one is off the strings;
+  // mirrored on a left-handed board.
+  EXPECT_EQ((std::vector<int>{cordeDepuisY(d, 0), cordeDepuisY(d, px(30)), cordeDepuisY(d, px(128)),
+                              cordeDepuisY(d, px(145)), cordeDepuisY(g, 0), cordeDepuisY(g, 1920),
+                              cordeDepuisY({4, 0, true}, 120)}),
+            (std::vector<int>{1, 2, 6, 7, 6, 1, 4}));
+}
+
+TEST(MancheGeometrie, RoundingHalfToEvenTheBoardHeightAndTheScrollBar) {
+  EXPECT_EQ(
+      (std::vector<double>{arrondi(0.5), arrondi(1.5), arrondi(2.5), arrondi(2.4999),
+                           arrondi(2.5001), double(hauteurBoard(6)), double(hauteurBoard(7))}),
+      (std::vector<double>{0, 2, 2, 2, 3, 2100, 2460}));
+  EXPECT_EQ(défilementMax(1280), 0);
+  EXPECT_EQ(défilementMax(807), 0);
+  EXPECT_GT(défilementMax(806), 0);
+  for (const int largeur : {200, 400, 640}) {
+    // Scrolled to the end, fret 24 (right-handed) and the nut of a left-handed
+    // board are on the strip.
+    const int h = défilementMax(largeur);
+    EXPECT_LT(centreCaseX({6, h, false}, 24) / kTwipsParPixel + 16, largeur) << largeur;
+    EXPECT_LT((11520.0 - h * kPasCase) / kTwipsParPixel + 8, largeur) << largeur;
+  }
+}
+
+}  // namespace
+}  // namespace vt::manche
