@@ -17,8 +17,10 @@ using test::q;
 using test::rayons;
 using K = Primitive::Kind;
 
-TEST(Strip, StringsRunFromTheMarginWithTheirNamesOrTheDrumsOnes) {
+TEST(Strip, StringsRunFromTheMarginWithTheirNamesAndBarLinesStandWhereTheMetricsPutThem) {
   Banc b;
+  for (int i = 0; i < 3; ++i)
+    b.doc.addMesure();
   b.r.drawInLine();
   const int haut = b.m().cordeY(1);
   EXPECT_EQ(b.surface
@@ -37,17 +39,6 @@ TEST(Strip, StringsRunFromTheMarginWithTheirNamesOrTheDrumsOnes) {
     return l;
   };
   EXPECT_EQ(noms(), (std::vector<std::string>{"E", "B", "G", "D", "A", "E"}));
-  b.doc.setStaffType(1, kStaffBatterie);
-  b.surface.clearRecord();
-  b.r.drawInLine();
-  EXPECT_EQ(noms(), (std::vector<std::string>{"P", "RC", "CC", "HH", "T", "SD"}));
-}
-
-TEST(Strip, BarLinesStandWhereTheMetricsPutThem) {
-  Banc b;
-  for (int i = 0; i < 3; ++i)
-    b.doc.addMesure();
-  b.r.drawInLine();
   // From the top of the strip down to the staff's bottom line, the staff being below.
   std::vector<std::size_t> barres;
   for (const int x : {35, 235, 435, 635, 835})
@@ -58,12 +49,14 @@ TEST(Strip, BarLinesStandWhereTheMetricsPutThem) {
                          .size());
   EXPECT_EQ(barres, (std::vector<std::size_t>{1, 2, 2, 2, 1}));
   b.s.cfgAffichePortée = false;
+  b.doc.setStaffType(1, kStaffBatterie);
   b.surface.clearRecord();
   b.r.drawInLine();
   EXPECT_FALSE(
       b.surface.select([](const Primitive& p) { return test::estVerticale(p, 235) && p.y2 == 205; })
           .empty());
   EXPECT_TRUE(b.surface.ofKind(K::Blit).empty());
+  EXPECT_EQ(noms(), (std::vector<std::string>{"P", "RC", "CC", "HH", "T", "SD"}));
 }
 
 TEST(Strip, RepeatSignsCountsAndFinalBar) {
@@ -118,12 +111,16 @@ TEST(Strip, FirstBarShownAlwaysShowsItsSignatureAndKey) {
   }
 }
 
-TEST(Strip, TempoIsRedTextsSplitAtBackslashN) {
+TEST(Strip, TempoIsRedTextsSplitAtBackslashNNoteTextsGhostsDeadNotesAndTheFontBox) {
   Banc b;
   b.s.cfgBackColor = kRouge;
   b.doc.setMesureTempo(1, 48, 132);
   b.doc.setMesureTexte(1, 1, 24, "a\\nb", kVrai);
   b.doc.setMesureTexte(1, 1, 0, "bas", kFaux);
+  note(b.doc, 1, 2, 48, 12, 48);
+  note(b.doc, 1, 3, 96, 5, 48, 0, 0, nuance::kMP);
+  note(b.doc, 1, 4, 144, 7, 48, attaque::kDeadNote);
+  b.doc.setNoteWhole(1, 1, 5, 0, kCaseVide, 48);  // a blank note draws no text
   b.r.drawInLine();
   const auto tempo = b.surface.texts("T=132");
   ASSERT_EQ(tempo.size(), 1U);
@@ -135,15 +132,6 @@ TEST(Strip, TempoIsRedTextsSplitAtBackslashN) {
   ASSERT_EQ(a.size() + bb.size() + bas.size(), 3U);
   EXPECT_EQ((std::vector<double>{a[0].y1, bb[0].y1, bas[0].y1}),
             (std::vector<double>{140 - 52, 140 - 52 + a[0].y2, 8 * 13 + 140}));
-}
-
-TEST(Strip, NoteTextsGhostsDeadNotesAndTheFontBox) {
-  Banc b;
-  note(b.doc, 1, 2, 48, 12, 48);
-  note(b.doc, 1, 3, 96, 5, 48, 0, 0, nuance::kMP);
-  note(b.doc, 1, 4, 144, 7, 48, attaque::kDeadNote);
-  b.doc.setNoteWhole(1, 1, 5, 0, kCaseVide, 48);  // a blank note draws no text
-  b.r.drawInLine();
   const auto douze = b.surface.texts("12");
   ASSERT_EQ(douze.size(), 1U);
   // Centred on its column and its string; digits blank the string behind.
