@@ -104,7 +104,8 @@ TEST_F(FenetrePrincipale, HelpFromAModalDialogCanBeUsedBesideIt) {
   EXPECT_TRUE(aide->isVisible());
 }
 
-TEST_F(FenetrePrincipale, EntriesOfWindowsThisBuildLacksAreDisabledUntilRegistered) {
+TEST_F(FenetrePrincipale,
+       EntriesOfWindowsThisBuildLacksAreDisabledUntilRegisteredAWindowIsMadeOnce) {
   ASSERT_TRUE(démarre());
   const auto actifs = [this] {
     std::vector<bool> l;
@@ -131,12 +132,9 @@ TEST_F(FenetrePrincipale, EntriesOfWindowsThisBuildLacksAreDisabledUntilRegister
   EXPECT_EQ(actifs(), (std::vector<bool>{o, n, n, n, n, n, n, o, o, o, o, o}));
   QTest::mouseDClick(vt->panneau("midi"), Qt::LeftButton);
   EXPECT_EQ(journal, (Journal{"tab KeyMidi"}));
-}
 
-TEST_F(FenetrePrincipale, AWindowIsCreatedOnceAndBroughtForwardAfterwardsAndTiled) {
-  crée();
-  enregistre({fen::FAccords, fen::FGammes});
-  ASSERT_TRUE(démarre());
+  // A window is created once, brought forward afterwards, and tiled.
+  enregistre({fen::FGammes});
   int créations = 0;
   vt->fenetres().enregistrer(fen::FAccords, [&](VT& v) {
     ++créations;
