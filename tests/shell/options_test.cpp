@@ -267,6 +267,21 @@ TEST_F(Options, CancelLeavesEverySettingAndTheNextOpeningShowsThemAgain) {
   });
   EXPECT_TRUE(vt->toolbar()->isVisibleTo(vt.get()));
   EXPECT_EQ(changés(avant, écrits()), Réglages{});
+  // The restore buttons bring back the defaults.
+  ok("KeyTab", [](FOptions& o) {
+    PageTab& t = o.pageTab();
+    for (Curseur* c : {&t.sldTabExp, &t.sldTabMARGIN_LEFT, &t.sldTabMARGIN_TOP,
+                       &t.sldTabINTER_STRINGS, &t.sldTabINTER_NOTE, &t.sldTabINTER_MESURE})
+      c->sld->setValue(c->sld->maximum());
+    t.chkTabStaffOnTab->setChecked(true);
+    for (int i = 0; i < 3; ++i)
+      t.setCouleur(i, QColor(9, 9, 9));
+    t.btnTabRestore->click();
+    for (Curseur& c : o.pageAccords().sldAccordCalcul)
+      c.sld->setValue(c.sld->minimum());
+    o.pageAccords().btnAccordRestore->click();
+  });
+  EXPECT_EQ(changés(avant, écrits()), Réglages{});
 }
 
 TEST_F(Options, EachCallerOpensItsPage) {
@@ -293,25 +308,6 @@ TEST_F(Options, EachCallerOpensItsPage) {
   EXPECT_TRUE(vt->mnuFile(4)->isEnabled());
   vt->close();
   EXPECT_FALSE(vt->isFormLoaded(fen::FOptions));
-}
-
-TEST_F(Options, TheRestoreButtonsBringBackTheDefaults) {
-  lance();
-  const Réglages avant = écrits();
-  ok("KeyTab", [](FOptions& o) {
-    PageTab& t = o.pageTab();
-    for (Curseur* c : {&t.sldTabExp, &t.sldTabMARGIN_LEFT, &t.sldTabMARGIN_TOP,
-                       &t.sldTabINTER_STRINGS, &t.sldTabINTER_NOTE, &t.sldTabINTER_MESURE})
-      c->sld->setValue(c->sld->maximum());
-    t.chkTabStaffOnTab->setChecked(true);
-    for (int i = 0; i < 3; ++i)
-      t.setCouleur(i, QColor(9, 9, 9));
-    t.btnTabRestore->click();
-    for (Curseur& c : o.pageAccords().sldAccordCalcul)
-      c.sld->setValue(c.sld->minimum());
-    o.pageAccords().btnAccordRestore->click();
-  });
-  EXPECT_EQ(changés(avant, écrits()), Réglages{});
 }
 
 TEST_F(Options, ANewSkinReachesTheOpenWindowsAfterTheirNewSearch) {
