@@ -69,11 +69,13 @@ TEST_F(FenetrePrincipale, SwitchingTheLanguageReachesTheFrameAndEveryLoadedWindo
 
 // Qt's own texts (dialog buttons, key names) and the entry mode's panel follow
 // the language at start too.
-TEST_F(FenetrePrincipale, QtsOwnTextsFollowTheLanguageAtStart) {
+TEST_F(FenetrePrincipale, QtsOwnTextsFollowTheLanguageAtStartAndInInsertMode) {
   règle("Options/setLang", "0");
   ASSERT_TRUE(démarre());
   vt->toggleInsert();
   EXPECT_EQ(textesQt(), "&Oui|Annuler|Espace|" + vt->loadString(79));
+  vt->mnuFileLang(1)->trigger();
+  EXPECT_EQ(textesQt(), "&Yes|Cancel|Space|INS");
 }
 
 // The help asked for from a modal dialog opens beside it and takes the keys
