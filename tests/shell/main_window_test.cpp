@@ -106,8 +106,7 @@ TEST_F(FenetrePrincipale, HelpFromAModalDialogCanBeUsedBesideIt) {
   EXPECT_TRUE(aide->isVisible());
 }
 
-TEST_F(FenetrePrincipale,
-       EntriesOfWindowsThisBuildLacksAreDisabledUntilRegisteredAWindowIsMadeOnce) {
+TEST_F(FenetrePrincipale, EntriesOfWindowsThisBuildLacksAreDisabledUntilRegistered) {
   ASSERT_TRUE(démarre());
   const auto actifs = [this] {
     std::vector<bool> l;
@@ -134,9 +133,12 @@ TEST_F(FenetrePrincipale,
   EXPECT_EQ(actifs(), (std::vector<bool>{o, n, n, n, n, n, n, o, o, o, o, o}));
   QTest::mouseDClick(vt->panneau("midi"), Qt::LeftButton);
   EXPECT_EQ(journal, (Journal{"tab KeyMidi"}));
+}
 
-  // A window is created once, brought forward afterwards, and tiled.
-  enregistre({fen::FGammes});
+TEST_F(FenetrePrincipale, AWindowIsCreatedOnceAndBroughtForwardAfterwardsAndTiled) {
+  crée();
+  enregistre({fen::FAccords, fen::FGammes});
+  ASSERT_TRUE(démarre());
   int créations = 0;
   vt->fenetres().enregistrer(fen::FAccords, [&](VT& v) {
     ++créations;
