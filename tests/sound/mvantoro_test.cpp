@@ -86,7 +86,7 @@ class Module : public ::testing::Test {
   MVantoro midi;
 };
 
-TEST_F(Module, OpenOutTakesTheSettingsDeviceResetsAndSendsTheProgram) {
+TEST_F(Module, OpenOutTakesTheSettingsResetsSendsTheProgramAndReopeningClosesTheHandle) {
   RéglagesMidi r;
   r.setMIDIchannel = 3;
   r.setMIDIinstru = 25;
@@ -100,6 +100,23 @@ TEST_F(Module, OpenOutTakesTheSettingsDeviceResetsAndSendsTheProgram) {
   EXPECT_TRUE(midi.sortieOuverte());
   EXPECT_EQ(midi.dernierRésultat(), 0);
   EXPECT_EQ(midiHandleSortie(midi.midiOutHandle()), journal);
+
+  // Reopening closes the previous handle; closing silences the routines.
+  const std::int32_t premier = midi.midiOutHandle();
+  auto premierJournal = journal;
+  midi.midiOpenOut();
+  const std::int32_t second = midi.midiOutHandle();
+  EXPECT_NE(premier, second);
+  EXPECT_EQ(midiHandleSortie(premier), nullptr);
+  EXPECT_EQ(midiHandleSortie(second), journal);
+  EXPECT_NE(premierJournal, journal);
+  midi.midiCloseOut();
+  EXPECT_EQ(midi.midiOutHandle(), 0);
+  EXPECT_EQ(midiHandleSortie(second), nullptr);
+  const std::size_t avant = journal->messages().size();
+  midi.midiNoteOnGlobal(60);  // a closed output: nothing, no failure
+  EXPECT_EQ(journal->messages().size(), avant);
+  midi.midiCloseOut();
 }
 
 TEST_F(Module, EveryRoutineSendsItsBytesWithOneBasedChannelsAndValuesHeldToTheirRange) {
@@ -122,26 +139,6 @@ TEST_F(Module, EveryRoutineSendsItsBytesWithOneBasedChannelsAndValuesHeldToTheir
   midi.midiNoteOn(200, 17, 128);
   midi.midiWheel(5, 255);
   EXPECT_EQ(octets(), (std::vector<std::string>{"C0 7F", "90 00 7F", "9F 7F 7F", "E4 00 7F"}));
-}
-
-TEST_F(Module, ReopeningClosesThePreviousHandleAndClosingSilencesTheRoutines) {
-  midi.midiOpenOut();
-  const std::int32_t premier = midi.midiOutHandle();
-  auto premierJournal = journal;
-  midi.midiOpenOut();
-  const std::int32_t second = midi.midiOutHandle();
-  EXPECT_NE(premier, second);
-  EXPECT_EQ(midiHandleSortie(premier), nullptr);
-  EXPECT_EQ(midiHandleSortie(second), journal);
-  EXPECT_NE(premierJournal, journal);
-
-  midi.midiCloseOut();
-  EXPECT_EQ(midi.midiOutHandle(), 0);
-  EXPECT_EQ(midiHandleSortie(second), nullptr);
-  const std::size_t avant = journal->messages().size();
-  midi.midiNoteOnGlobal(60);  // a closed output: nothing, no failure
-  EXPECT_EQ(journal->messages().size(), avant);
-  midi.midiCloseOut();
 }
 
 TEST_F(Module, EachKindOfMessageIsGivenOnce) {

@@ -17,11 +17,8 @@ double hertz(double midi) {
   return 440.0 * std::pow(2.0, (midi - 69) / 12.0);
 }
 
-// One rendering for every case: at 120 a bar lasts two seconds, and each
-// sounding bar is followed by a silent one so that no tail reaches the next.
-// Bar 1: fret 5 on the first string; bar 3: a natural harmonic over the
-// twelfth fret, bar 5 over the seventh; bar 7: an artificial harmonic on fret
-// 5; bar 9: a bend from fret 5 to fret 7 over two beats.
+// At 120 a bar lasts two seconds; each sounding bar is followed by a silent one so that no
+// tail reaches the next.
 const std::vector<float>& rendu() {
   static const std::vector<float> son = [] {
     CVantoroTablature doc = test::document(9);
@@ -45,26 +42,19 @@ double hz(int mesure, double débutMs, double finMs) {
   return test::hzEntre(rendu(), 44100, t + débutMs, t + finMs);
 }
 
-TEST(PlayerSound, FretFiveOnTheFirstStringIsA440AndStopsWithTheNote) {
+// Fret 5 on the first string is A 440 and stops with the note. A natural harmonic sounds
+// at its node: over the twelfth fret it is that fret's note, an octave above the open
+// string, no higher; over the seventh fret, the nineteenth fret's note. An artificial
+// harmonic sounds an octave above the fretted note. A bend from fret 5 to fret 7 over two
+// beats: the wheel rises on the A and holds the B without a new attack; the bend range the
+// track's set-up tells the synthesiser (12 semitones) makes the wheel's steps the right size.
+TEST(PlayerSound, FretsHarmonicsAndABendSoundAtTheirPitch) {
   EXPECT_NEAR(hz(1, 200, 900), 440.0, 4.4);
   EXPECT_LT(test::rms(test::tranche(rendu(), 44100, 3500, 4000)),
             0.1 * test::rms(test::tranche(rendu(), 44100, 200, 900)));
-}
-
-// A natural harmonic sounds at its node: over the twelfth fret it is that
-// fret's note, an octave above the open string, no higher; over the seventh
-// fret, the nineteenth fret's note. An artificial harmonic sounds an octave
-// above the fretted note.
-TEST(PlayerSound, HarmonicsSoundWhereTheirNodeSays) {
   EXPECT_NEAR(hz(3, 200, 900), 2 * hertz(64), 0.01 * 2 * hertz(64));
   EXPECT_NEAR(hz(5, 200, 900), hertz(64 + 19), 0.01 * hertz(64 + 19));
   EXPECT_NEAR(hz(7, 200, 900), 880.0, 8.8);
-}
-
-// A bend from fret 5 to fret 7 over two beats: the wheel rises on the A and
-// holds the B without a new attack; the bend range the track's set-up tells
-// the synthesiser (12 semitones) makes the wheel's steps the right size.
-TEST(PlayerSound, ABendRaisesThePitchToTheTargetFret) {
   const double avant = hz(9, 20, 150), milieu = hz(9, 450, 550);
   EXPECT_NEAR(avant, 440.0, 0.02 * 440.0);
   EXPECT_GT(milieu, avant * 1.03);

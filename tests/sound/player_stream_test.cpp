@@ -207,7 +207,7 @@ TEST(PlayerStream, StartAtBarTwoRunsStraightThroughTheRepeats) {
   EXPECT_EQ(frettes(test::horsLigne(doc, avecRenvois())), (std::vector<int>{1, 2, 1, 2, 1, 2, 3}));
 }
 
-TEST(PlayerStream, MarkersPlayFromStartToStopAndReleaseWhatRings) {
+TEST(PlayerStream, MarkersPlayFromStartToStopAndReleaseWhatRingsNothingPlaysPastTheEnd) {
   CVantoroTablature doc = test::document(2);
   for (int x = 0; x < 192; x += 48)
     poser(doc, 1, 1, 1, x, x / 48, 48);
@@ -226,15 +226,14 @@ TEST(PlayerStream, MarkersPlayFromStartToStopAndReleaseWhatRings) {
   for (const MessageJoué& m : tout)
     dates.push_back({m.ms, m.message});
   EXPECT_TRUE(test::toutRelâché(dates));
-}
 
-TEST(PlayerStream, EmptyDocumentAndStartPastTheEndEndAtOnce) {
-  CVantoroTablature doc = test::document(2);
-  const std::vector<MessageJoué> tout = test::horsLigne(doc);
-  for (const MessageJoué& m : tout)
-    EXPECT_LT(m.temps, 0);  // the set-up only
-  doc.setCurseurMesure(9);
-  EXPECT_EQ(test::horsLigne(doc).size(), tout.size());
+  // An empty document, and a start past the end, give the set-up only.
+  CVantoroTablature vide = test::document(2);
+  const std::vector<MessageJoué> réglages = test::horsLigne(vide);
+  for (const MessageJoué& m : réglages)
+    EXPECT_LT(m.temps, 0);
+  vide.setCurseurMesure(9);
+  EXPECT_EQ(test::horsLigne(vide).size(), réglages.size());
 }
 
 }  // namespace

@@ -42,16 +42,7 @@ std::uint32_t lit32(const std::vector<std::uint8_t>& b, std::size_t at) {
          std::uint32_t(b[at + 3]) << 24;
 }
 
-TEST(OfflineRendering, APitchWheelMessageRaisesThePitchFromItsTime) {
-  MessagesDates m = kUneSeconde;
-  // The wheel at 0x3000, half way up the default two semitones: A#4.
-  m.push_back({500, midiPack(0xE0, 0x00, 0x60)});
-  const RenduPcm pcm = rendAvecSoundFont(m);
-  EXPECT_NEAR(hz(pcm, 150, 480), 440.0, 4.4);
-  EXPECT_NEAR(hz(pcm, 560, 950), 466.16, 4.7);
-}
-
-TEST(OfflineRendering, ANoteStartsAtItsTimeAndTheLengthIsTheLastMessagePlusTheTail) {
+TEST(OfflineRendering, ANoteStartsAtItsTimeInTimeOrderAndTheLengthIsTheLastMessagePlusTheTail) {
   // The sample may begin with a few quiet frames: the note at 0 is the reference.
   const RenduPcm àZéro = rendAvecSoundFont({{0, kSteel}, {0, kLa440}, {400, kLa440Off}}, 100);
   const RenduPcm pcm = rendAvecSoundFont({{0, kSteel}, {500, kLa440}, {900, kLa440Off}}, 1000);
@@ -63,6 +54,18 @@ TEST(OfflineRendering, ANoteStartsAtItsTimeAndTheLengthIsTheLastMessagePlusTheTa
   EXPECT_EQ(test::crête(test::tranche(son, pcm.fréquence, 0, 499)), 0.0);
   EXPECT_NEAR(test::débutDuSon(son, pcm.fréquence, 1e-6f) - référence, 500, 0.8);
   EXPECT_NEAR(double(pcm.trames()), 1.9 * 44100, 32);
+
+  // Silence without a note; the Note Off written first still comes after the Note On; a
+  // time below 0 is the start.
+  for (const MessagesDates& m :
+       {MessagesDates{}, MessagesDates{{0, kSteel}, {300, midiPack(0xB0, 7, 100)}}}) {
+    const RenduPcm silence = rendAvecSoundFont(m, 500);
+    ASSERT_GT(silence.trames(), 0u);
+    EXPECT_EQ(test::crête(test::mono(silence.échantillons)), 0.0);
+  }
+  const RenduPcm désordre = rendAvecSoundFont({{600, kLa440Off}, {-50, kSteel}, {0, kLa440}}, 400);
+  EXPECT_NEAR(hz(désordre, 150, 550), 440.0, 4.4);
+  EXPECT_NEAR(double(désordre.trames()), 1.0 * 44100, 32);
 }
 
 TEST(OfflineRendering, ALoudBandIsRoundedOffBelowFullScaleNotClipped) {
@@ -85,19 +88,6 @@ TEST(OfflineRendering, ALoudBandIsRoundedOffBelowFullScaleNotClipped) {
   const int crête = std::max(-int(*bas), int(*haut));
   EXPECT_GT(crête, 24576) << "loud enough to reach the rounding";
   EXPECT_LT(crête, 32767) << "no sample cut flat at full scale";
-}
-
-TEST(OfflineRendering, SilenceWithoutANoteAndMessagesTakenInTimeOrder) {
-  for (const MessagesDates& m :
-       {MessagesDates{}, MessagesDates{{0, kSteel}, {300, midiPack(0xB0, 7, 100)}}}) {
-    const RenduPcm pcm = rendAvecSoundFont(m, 500);
-    ASSERT_GT(pcm.trames(), 0u);
-    EXPECT_EQ(test::crête(test::mono(pcm.échantillons)), 0.0);
-  }
-  // The Note Off written first still comes after the Note On; a time below 0 is the start.
-  const RenduPcm pcm = rendAvecSoundFont({{600, kLa440Off}, {-50, kSteel}, {0, kLa440}}, 400);
-  EXPECT_NEAR(hz(pcm, 150, 550), 440.0, 4.4);
-  EXPECT_NEAR(double(pcm.trames()), 1.0 * 44100, 32);
 }
 
 TEST(OfflineRendering, AMissingSoundFontGivesItsMessageAndSilenceOfTheRightLength) {
@@ -141,7 +131,7 @@ TEST_F(WavFile, HoldsTheRenderedSamplesOfA440BehindACanonicalHeader) {
 }
 
 // A folder that does not exist, or a folder where the file should go (all is
-// written, then the renaming fails): the message, and no partial file.
+// written, then the renaming fails), or no SoundFont: the message, and no partial file.
 TEST_F(WavFile, AFileThatCannotBeWrittenGivesTheMessageAndNoPartialFile) {
   const fs::path occupé = dossier / "la.wav";
   fs::create_directory(occupé);
@@ -155,17 +145,15 @@ TEST_F(WavFile, AFileThatCannotBeWrittenGivesTheMessageAndNoPartialFile) {
     EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"});  // the folder alone
   }
   EXPECT_TRUE(fs::is_directory(occupé));
-}
-
-TEST_F(WavFile, WithoutASoundFontNothingIsWrittenAndAnEarlierFileStays) {
+  // Without a SoundFont nothing is written and an earlier file stays.
+  fs::remove(occupé);
   const std::string chemin = fichier("la.wav", "earlier");
   OptionsRendu o;
   o.soundFont = (dossier / "none.sf2").string();
   o.soundFontsSystème = {};
   const RésultatWav r = rendreWav(kUneSeconde, chemin, o);
   EXPECT_FALSE(r.ok);
-  ASSERT_EQ(r.messages.size(), 1u);
-  EXPECT_EQ(r.messages[0].id, son::kAucuneSoundFont.id);
+  EXPECT_EQ(r.messages, (std::vector<MessageSon>{{son::kAucuneSoundFont.id, o.soundFont}}));
   const auto b = litFichier(chemin);
   EXPECT_EQ(std::string(b.begin(), b.end()), "earlier");
   EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"});
@@ -249,7 +237,7 @@ Octets wav(const Format& f, const Octets& échantillons, const Octets& avant = {
   return o;
 }
 
-TEST(LectureWav, EveryEncodingToMonoFullScale) {
+TEST(LectureWav, EveryEncodingToMonoFullScaleAfterAnyChunksAndAStreamedSize) {
   const struct {
     const char* quoi;
     Format f;
@@ -274,9 +262,7 @@ TEST(LectureWav, EveryEncodingToMonoFullScale) {
     EXPECT_EQ(s.canaux, int(c.f.canaux));
     EXPECT_EQ(s.mono, c.attendu);
   }
-}
-
-TEST(LectureWav, ChunksBeforeTheSamplesAndAStreamedSizeAreRead) {
+  // Chunks before the samples, and a streamed size, are read.
   Octets liste;
   mets(mets(mets(liste, "LIST"), 3, 4), "abc");  // odd size, padded
   const SonLu s = lireWav(wav({}, {0x00, 0x40, 0x00, 0x40}, liste));
