@@ -91,15 +91,6 @@ TEST(Gamme, ModesTurnOntoTheirOwnRootOnlyWhenAsked) {
   EXPECT_EQ(demitonsAffichés(gamme, 2), kDorien);
 }
 
-TEST(Gamme, Demitons2IntervalleNamesTwelveDistancesAndNothingElse) {
-  const std::array<const char*, 12> noms = {"1",  "2b", "2",  "3b", "3",  "4",
-                                            "5b", "5",  "6b", "6",  "7b", "7"};
-  for (int k = 0; k < 12; ++k)
-    EXPECT_EQ(demitons2intervalle(std::to_string(k)), noms[static_cast<std::size_t>(k)]);
-  for (const char* autre : {"", "12", "-1", "01", "255", " 1"})
-    EXPECT_EQ(demitons2intervalle(autre), "") << autre;
-}
-
 TEST(Gamme, TwoOctavesFoldOntoEachOtherAndPlayFromRootToRoot) {
   // G# (key 12) writes its bytes onto positions 12 to 23; the folding fills
   // positions 1 to 11 and 24 from them: G (11) the seventh, A# (2) the second, no A (1).
@@ -126,7 +117,7 @@ TEST(Gamme, TwoOctavesFoldOntoEachOtherAndPlayFromRootToRoot) {
   }
 }
 
-TEST(Gamme, LabelsFollowTheSetting) {
+TEST(Gamme, LabelsFollowTheSettingIntervalsAndTitles) {
   const auto n = chargeNotesGamme(kMajeure, 4);  // C major
   struct Cas {
     int setGAMConst, setLang;
@@ -144,9 +135,16 @@ TEST(Gamme, LabelsFollowTheSetting) {
     EXPECT_EQ(etiquetteNote(n, 8, c.setGAMConst, c.setLang), c.tierce);
     EXPECT_EQ(texteConstruction(n, c.setGAMConst, c.setLang), c.texte);
   }
-}
 
-TEST(Gamme, TheTitleOfTheOneNoteRecordIsTheKeyAlone) {
+  // demitons2intervalle names twelve distances and nothing else.
+  const std::array<const char*, 12> noms = {"1",  "2b", "2",  "3b", "3",  "4",
+                                            "5b", "5",  "6b", "6",  "7b", "7"};
+  for (int k = 0; k < 12; ++k)
+    EXPECT_EQ(demitons2intervalle(std::to_string(k)), noms[static_cast<std::size_t>(k)]);
+  for (const char* autre : {"", "12", "-1", "01", "255", " 1"})
+    EXPECT_EQ(demitons2intervalle(autre), "") << autre;
+
+  // The title of the one-note record is the key alone.
   EXPECT_EQ(titreGamme("Major scale", nomTonalité(4, kLangAnglais), kLangAnglais),
             "Major scale of C");
   EXPECT_EQ(titreGamme("Gamme majeure", nomTonalité(12, kLangFrançais), kLangFrançais),
@@ -205,7 +203,7 @@ std::vector<std::string> lignes(const TonsDessinés& t, int optIdType, int setGA
 
 constexpr int C = 1, Cd = 2, D = 3, Dd = 4, E = 5, F = 6, Fd = 7, G = 8, Gd = 9, A = 10, B = 12;
 
-TEST(Harmony, ANoteFlipsItsPitchClassInEveryOctaveAndPitchesAreCBased) {
+TEST(Harmony, ANoteFlipsItsPitchClassInEveryOctaveOnEveryStringAndPitchesAreCBased) {
   TonsDessinés t{};
   EXPECT_TRUE(receiveNote(t, 60));
   EXPECT_EQ(t, tons({C}));
@@ -228,6 +226,16 @@ TEST(Harmony, ANoteFlipsItsPitchClassInEveryOctaveAndPitchesAreCBased) {
     EXPECT_EQ(zob(n), n <= 12 ? n : n - 12) << n;
   for (int n = 1; n <= 12; ++n)
     EXPECT_EQ(tnumber2tname(n, kLangAnglais), nomTonalité(tonalitéDeTon(n), kLangAnglais));
+
+  // Drawn pitches lie on every string of the neck.
+  tGuitare g;  // standard tuning, six strings
+  const auto cases = casesHarmony(tons({C}), g);
+  // Octave shift by octave shift, string by string.
+  const std::vector<std::pair<int, int>> attendu = {{12, 7}, {24, 7}, {1, 2},  {3, 5},  {8, 1},
+                                                    {13, 2}, {5, 3},  {10, 4}, {15, 5}, {8, 6},
+                                                    {20, 1}, {17, 3}, {22, 4}, {20, 6}};
+  EXPECT_EQ(cases, attendu) << "string 7 has no tuning: its places lie off the board";
+  EXPECT_TRUE(casesHarmony(tons({}), g).empty());
 }
 
 TEST(Harmony, IdentificationAndHarmonisationOfTheShippedFile) {
@@ -311,17 +319,6 @@ TEST(Harmony, EveryRecordOfTheShippedFileIsFoundFromItsOwnNotesAtEveryKey) {
             << setGAMMode;
       }
     }
-}
-
-TEST(Harmony, DrawnPitchesLieOnEveryStringOfTheNeck) {
-  tGuitare g;  // standard tuning, six strings
-  const auto cases = casesHarmony(tons({C}), g);
-  // Octave shift by octave shift, string by string.
-  const std::vector<std::pair<int, int>> attendu = {{12, 7}, {24, 7}, {1, 2},  {3, 5},  {8, 1},
-                                                    {13, 2}, {5, 3},  {10, 4}, {15, 5}, {8, 6},
-                                                    {20, 1}, {17, 3}, {22, 4}, {20, 6}};
-  EXPECT_EQ(cases, attendu) << "string 7 has no tuning: its places lie off the board";
-  EXPECT_TRUE(casesHarmony(tons({}), g).empty());
 }
 
 TEST(Harmony, ChordRecordsFindTheirTypeInTheChordDictionary) {

@@ -237,7 +237,7 @@ std::vector<float> ton(double hz, int fs, double secondes, double fondamentale =
   return x;
 }
 
-TEST(HauteurExacte, KnownTonesFrom30To1320HzAtCommonRates) {
+TEST(HauteurExacte, KnownTonesAtCommonRatesNoPitchInSilenceNoiseOrDamageAndAFilesMedian) {
   const struct {
     double hz;
     int fs;
@@ -257,9 +257,8 @@ TEST(HauteurExacte, KnownTonesFrom30To1320HzAtCommonRates) {
     EXPECT_NEAR(l.médiane, 0, 0.2);
     EXPECT_LT(l.pireÉcart, 0.5);
   }
-}
 
-TEST(HauteurExacte, SilenceNoiseAndDamagedSamplesHaveNoPitchAFileHasTheMedianOfItsFrames) {
+  // Silence, noise and damaged samples have no pitch.
   RéglagesHauteur r;
   DétecteurHauteur d(r);
   std::vector<float> x(static_cast<std::size_t>(r.taille), 0.0f);

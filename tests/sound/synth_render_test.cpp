@@ -45,7 +45,7 @@ std::uint32_t lit32(const std::vector<std::uint8_t>& b, std::size_t at) {
          std::uint32_t(b[at + 3]) << 24;
 }
 
-TEST(OfflineRendering, ANoteStartsAtItsTimeInTimeOrderAndTheLengthIsTheLastMessagePlusTheTail) {
+TEST(OfflineRendering, ANoteStartsAtItsTimeInTimeOrderTheLengthIsTheLastMessagePlusTheTail) {
   // The sample may begin with a few quiet frames: the note at 0 is the reference.
   const RenduPcm àZéro = rendAvecSoundFont({{0, kSteel}, {0, kLa440}, {400, kLa440Off}}, 100);
   const RenduPcm pcm = rendAvecSoundFont({{0, kSteel}, {500, kLa440}, {900, kLa440Off}}, 1000);
@@ -69,6 +69,18 @@ TEST(OfflineRendering, ANoteStartsAtItsTimeInTimeOrderAndTheLengthIsTheLastMessa
   const RenduPcm désordre = rendAvecSoundFont({{600, kLa440Off}, {-50, kSteel}, {0, kLa440}}, 400);
   EXPECT_NEAR(hz(désordre, 150, 550), 440.0, 4.4);
   EXPECT_NEAR(double(désordre.trames()), 1.0 * 44100, 32);
+
+  // A missing SoundFont gives its message, and silence of the right length.
+  OptionsRendu o;
+  o.soundFont = "/nonexistent/piano.sf2";
+  o.soundFontsSystème = {};
+  o.traîneMs = 0;
+  const RenduPcm sans = rendrePcm(kUneSeconde, o);
+  EXPECT_TRUE(sans.soundFont.empty());
+  EXPECT_EQ(sans.messages,
+            (std::vector<MessageSon>{{son::kAucuneSoundFont.id, "/nonexistent/piano.sf2"}}));
+  EXPECT_NEAR(double(sans.trames()), 44100, 32);
+  EXPECT_EQ(test::crête(test::mono(sans.échantillons)), 0.0);
 }
 
 TEST(OfflineRendering, ALoudBandIsRoundedOffBelowFullScaleNotClipped) {
@@ -91,19 +103,6 @@ TEST(OfflineRendering, ALoudBandIsRoundedOffBelowFullScaleNotClipped) {
   const int crête = std::max(-int(*bas), int(*haut));
   EXPECT_GT(crête, 24576) << "loud enough to reach the rounding";
   EXPECT_LT(crête, 32767) << "no sample cut flat at full scale";
-}
-
-TEST(OfflineRendering, AMissingSoundFontGivesItsMessageAndSilenceOfTheRightLength) {
-  OptionsRendu o;
-  o.soundFont = "/nonexistent/piano.sf2";
-  o.soundFontsSystème = {};
-  o.traîneMs = 0;
-  const RenduPcm pcm = rendrePcm(kUneSeconde, o);
-  EXPECT_TRUE(pcm.soundFont.empty());
-  EXPECT_EQ(pcm.messages,
-            (std::vector<MessageSon>{{son::kAucuneSoundFont.id, "/nonexistent/piano.sf2"}}));
-  EXPECT_NEAR(double(pcm.trames()), 44100, 32);
-  EXPECT_EQ(test::crête(test::mono(pcm.échantillons)), 0.0);
 }
 
 // The player's walk heard: a document rendered offline and the pitch of what sounds.
@@ -328,7 +327,7 @@ TEST(LectureWav, EveryEncodingToMonoFullScaleAfterAnyChunksAndAStreamedSize) {
   EXPECT_DOUBLE_EQ(flux.secondes(), 2.0 / 44100);
 }
 
-TEST(LectureWav, DamagedAndUnknownFilesAreRefusedWithTheirMessage) {
+TEST(LectureWav, DamagedUnknownAndMissingFilesAreRefusedWithTheirMessage) {
   const auto coupé = [](Octets o, std::size_t n) {
     o.resize(o.size() > n ? o.size() - n : 0);
     return o;
@@ -360,10 +359,8 @@ TEST(LectureWav, DamagedAndUnknownFilesAreRefusedWithTheirMessage) {
     EXPECT_EQ(s.message, c.message.id);
     EXPECT_TRUE(s.mono.empty());
   }
-}
 
-TEST(LectureWav, FilesThatAreMissingOrNoFiles) {
-  namespace fs = std::filesystem;
+  // Files that are missing, or no files.
   const fs::path dossier = fs::temp_directory_path();
   EXPECT_EQ(lireFichierWav((dossier / "vantoro-no-such-file.wav").string()).message,
             son::kFichierAbsent.id);

@@ -255,26 +255,10 @@ TEST(DiagrammeFAccords, TheNutShowsWhenTheFingeringFitsUnderIt) {
     EXPECT_EQ(premièreRangée(cases, 6), première);
 }
 
-TEST_F(Dictionnaire, ToTabHandsTheFingeringToTheEditor) {
-  crée();
-  vt->fenetres().enregistrer(fen::FTab, [this](VT& v) { return new EditeurAccords(v, journal); });
-  ouvre();
-  choisit(3, "maj");
-  fa->btnToTab_Click();  // no editor open: the status bar says how
-  EXPECT_EQ(vt->panneau({})->text(), "Open a tablature: the chord goes to its cursor.");
-  vt->montreFenetre(fen::FTab);
-  fa->btnToTab_Click();
-  EXPECT_TRUE(contient(journal, "FTab chord C 0 1 0 2 3 255"));
-  QString nom;
-  Cases cordes;
-  ASSERT_TRUE(fa->doigtéAffiché(nom, cordes));
-  EXPECT_EQ(nom, "C");
-  EXPECT_EQ(cordes, (Cases{0, 0, 1, 0, 2, 3, 255}));
-}
-
-TEST_F(Dictionnaire, OptionsOpenOnTheChordPageAndTheNextSearchTakesTheirParameters) {
+TEST_F(Dictionnaire, OptionsOpenOnTheChordPageTheNextSearchTakesThemAndToTabHandsItOn) {
   crée();
   OptionsEssai::enregistre(*vt, journal);
+  vt->fenetres().enregistrer(fen::FTab, [this](VT& v) { return new EditeurAccords(v, journal); });
   ouvre();
   choisit(3, "maj");
   const Cases ouvert{-1, 3, 2, 0, 1, 0};
@@ -292,6 +276,18 @@ TEST_F(Dictionnaire, OptionsOpenOnTheChordPageAndTheNextSearchTakesTheirParamete
   fa->optionsAppliquées();
   EXPECT_EQ(premier(), ouvert);
   EXPECT_EQ(vt->mancheContenu(), 1);
+
+  // To tab hands the fingering to the editor; with no editor open the status bar says how.
+  fa->btnToTab_Click();
+  EXPECT_EQ(vt->panneau({})->text(), "Open a tablature: the chord goes to its cursor.");
+  vt->montreFenetre(fen::FTab);
+  fa->btnToTab_Click();
+  EXPECT_TRUE(contient(journal, "FTab chord C 0 1 0 2 3 255"));
+  QString nom;
+  Cases cordes;
+  ASSERT_TRUE(fa->doigtéAffiché(nom, cordes));
+  EXPECT_EQ(std::make_pair(nom, cordes),
+            std::make_pair(QString("C"), Cases{0, 0, 1, 0, 2, 3, 255}));
 }
 
 }  // namespace
