@@ -69,7 +69,7 @@ TEST(AccordNom, TheStandardTypesAndTheCreatedOnesBuildTheirTones) {
     EXPECT_EQ(degrés(nom), "refused") << nom;
 }
 
-TEST(AccordTypes, EveryNameTheListsBuildIsUnderstood) {
+TEST(AccordTypes, EveryNameTheListsBuildIsUnderstoodAndTextsAsTypedFindTheirEntries) {
   for (int t = 0; t < 12; ++t) {
     for (int type = 0; type < static_cast<int>(kTypesAccord.size()); ++type)
       ASSERT_TRUE(lisNomAccord(nomAccordStandard(t, type))) << nomAccordStandard(t, type);
@@ -84,9 +84,8 @@ TEST(AccordTypes, EveryNameTheListsBuildIsUnderstood) {
       ASSERT_TRUE(lisNomAccord(nom)) << nom;
     }
   }
-}
 
-TEST(AccordTypes, TheNamesFollowTheListsAndTextsAsTypedFindTheirEntries) {
+  // The names follow the lists; texts as typed find their entries.
   EXPECT_EQ(nomAccordStandard(3, *indexTypeAccord("maj")), "C");
   EXPECT_EQ(nomAccordStandard(0, *indexTypeAccord("min7 5b")), "Addm");
   EXPECT_EQ(nomAccordStandard(1, *indexTypeAccord("11")), "A#11add9");

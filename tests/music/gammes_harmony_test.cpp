@@ -91,7 +91,7 @@ TEST(Gamme, ModesTurnOntoTheirOwnRootOnlyWhenAsked) {
   EXPECT_EQ(demitonsAffichés(gamme, 2), kDorien);
 }
 
-TEST(Gamme, TwoOctavesFoldOntoEachOtherAndPlayFromRootToRoot) {
+TEST(Gamme, TwoOctavesFoldOntoEachOtherPlayFromRootToRootAndLieOnEveryTunedString) {
   // G# (key 12) writes its bytes onto positions 12 to 23; the folding fills
   // positions 1 to 11 and 24 from them: G (11) the seventh, A# (2) the second, no A (1).
   const auto n = chargeNotesGamme(kMajeure, 12);
@@ -115,6 +115,20 @@ TEST(Gamme, TwoOctavesFoldOntoEachOtherAndPlayFromRootToRoot) {
                        Cas{kDorien, 4, {48, 50, 52, 53, 55, 57, 59, 60}}}) {
     EXPECT_EQ(listeLecture(chargeNotesGamme(c.d, c.tonalité), c.tonalité), c.notes) << c.tonalité;
   }
+
+  // The places on the fretboard of every tuned string.
+  tGuitare basse;
+  basse.nbrCordes = 4;
+  basse.corde = {0, 43, 38, 33, 28, 0, 0, 0};
+  const auto la = chargeNotesGamme({0, X, X, X, X, X, X, X, X, X, X, X}, 1);  // A alone
+  const std::vector<tCaseGamme> attendu = {
+      {2, 1, 1},  {14, 1, 1}, {7, 2, 1}, {19, 2, 1}, {0, 3, 1},
+      {12, 3, 1}, {24, 3, 1}, {5, 4, 1}, {17, 4, 1},
+  };
+  EXPECT_EQ(casesGamme(la, basse), attendu);
+  // Every fret of a chromatic scale, on the six strings of the standard tuning.
+  const auto chromatique = chargeNotesGamme({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 5);
+  EXPECT_EQ(casesGamme(chromatique, tGuitare{}).size(), 6u * 25u);
 }
 
 TEST(Gamme, LabelsFollowTheSettingIntervalsAndTitles) {
@@ -155,21 +169,6 @@ TEST(Gamme, LabelsFollowTheSettingIntervalsAndTitles) {
   EXPECT_EQ(titreGamme("Single notes", "A", kLangAnglais), "A");
   EXPECT_EQ(titreGamme("Note seule!", "A", kLangFrançais), "Note seule! de A");
   EXPECT_EQ(nomTonalité(0, kLangAnglais), "");
-}
-
-TEST(Gamme, PlacesOnTheFretboardOfEveryTunedString) {
-  tGuitare basse;
-  basse.nbrCordes = 4;
-  basse.corde = {0, 43, 38, 33, 28, 0, 0, 0};
-  const auto n = chargeNotesGamme({0, X, X, X, X, X, X, X, X, X, X, X}, 1);  // A alone
-  const std::vector<tCaseGamme> attendu = {
-      {2, 1, 1},  {14, 1, 1}, {7, 2, 1}, {19, 2, 1}, {0, 3, 1},
-      {12, 3, 1}, {24, 3, 1}, {5, 4, 1}, {17, 4, 1},
-  };
-  EXPECT_EQ(casesGamme(n, basse), attendu);
-  // Every fret of a chromatic scale, on the six strings of the standard tuning.
-  const auto chromatique = chargeNotesGamme({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 5);
-  EXPECT_EQ(casesGamme(chromatique, tGuitare{}).size(), 6u * 25u);
 }
 
 const FichierGammes& livré() {

@@ -157,19 +157,6 @@ TEST_F(Module, EachKindOfMessageIsGivenOnce) {
   EXPECT_EQ(midi.prendMessages(), messagesEntrée);
 }
 
-TEST(ReceivedNotes, TheChannelCountedFromTheBasicChannelIsTheString) {
-  using N = NoteReçue;
-  EXPECT_EQ(noteReçue(midiPack(0x90, 64, 100), 1), (N{1, 64, true}));
-  EXPECT_EQ(noteReçue(midiPack(0x95, 50, 1), 1), (N{6, 50, true}));
-  EXPECT_EQ(noteReçue(midiPack(0x92, 50, 1), 3), (N{1, 50, true}));
-  EXPECT_EQ(noteReçue(midiPack(0x97, 50, 1), 3), (N{6, 50, true}));
-  EXPECT_EQ(noteReçue(midiPack(0x90, 40, 90), 5), (N{1, 40, true}));  // below: the first string
-  EXPECT_EQ(noteReçue(midiPack(0x8F, 40, 90), 1), (N{16, 40, false}));
-  EXPECT_EQ(noteReçue(midiPack(0x93, 40, 0), 1), (N{4, 40, false}));
-  for (std::uint8_t statut : {0xA0, 0xB0, 0xC0, 0xD0, 0xE0, 0xF0, 0x7F})
-    EXPECT_FALSE(noteReçue(midiPack(statut, 40, 90), 1)) << int(statut);
-}
-
 TEST_F(Module, NotesFromTheInputsThreadAreQueuedInOrderAndTheNotifierIsCalled) {
   RéglagesMidi r;
   r.setMIDIInDevice = 4;
@@ -228,7 +215,7 @@ TEST_F(Module, AFloodingInputIsHeldToTheQueuesCapacityWithTheLossCountedAndOneWa
   EXPECT_EQ(midi.prendNotesReçues().size(), 1u);
 }
 
-TEST_F(Module, ClosingTheInputStopsItAndANewBasicChannelCountsAtOnce) {
+TEST_F(Module, ClosingTheInputStopsItAndTheChannelCountedFromTheBasicChannelIsTheString) {
   midi.midiOpenIn();
   ASSERT_NE(entrée, nullptr);
   RéglagesMidi r;
@@ -244,6 +231,18 @@ TEST_F(Module, ClosingTheInputStopsItAndANewBasicChannelCountsAtOnce) {
   EXPECT_EQ(arrêts, 2);
   EXPECT_FALSE(midi.entréeOuverte());
   midi.midiCloseIn();
+
+  // The channel counted from the basic channel is the string.
+  using N = NoteReçue;
+  EXPECT_EQ(noteReçue(midiPack(0x90, 64, 100), 1), (N{1, 64, true}));
+  EXPECT_EQ(noteReçue(midiPack(0x95, 50, 1), 1), (N{6, 50, true}));
+  EXPECT_EQ(noteReçue(midiPack(0x92, 50, 1), 3), (N{1, 50, true}));
+  EXPECT_EQ(noteReçue(midiPack(0x97, 50, 1), 3), (N{6, 50, true}));
+  EXPECT_EQ(noteReçue(midiPack(0x90, 40, 90), 5), (N{1, 40, true}));  // below: the first string
+  EXPECT_EQ(noteReçue(midiPack(0x8F, 40, 90), 1), (N{16, 40, false}));
+  EXPECT_EQ(noteReçue(midiPack(0x93, 40, 0), 1), (N{4, 40, false}));
+  for (std::uint8_t statut : {0xA0, 0xB0, 0xC0, 0xD0, 0xE0, 0xF0, 0x7F})
+    EXPECT_FALSE(noteReçue(midiPack(statut, 40, 90), 1)) << int(statut);
 }
 
 }  // namespace
