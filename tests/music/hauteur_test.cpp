@@ -237,7 +237,7 @@ std::vector<float> ton(double hz, int fs, double secondes, double fondamentale =
   return x;
 }
 
-TEST(HauteurExacte, KnownTonesAtCommonRatesNoPitchInSilenceNoiseOrDamageAndAFilesMedian) {
+TEST(HauteurExacte, KnownTonesFrom30To1320HzAtCommonRates) {
   const struct {
     double hz;
     int fs;

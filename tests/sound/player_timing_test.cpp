@@ -29,7 +29,7 @@ CVantoroTablature à120(int mesures) {
   return doc;
 }
 
-TEST(PlayerTiming, ABarAt120LastsTwoSecondsOnTheTrueTempoClockAcrossTempoChangesWithoutDrift) {
+TEST(PlayerTiming, ABarAt120LastsTwoSecondsOnTheTrueTempoClockNotOnWholeMillisecondTicks) {
   CVantoroTablature doc = à120(2);
   poser(doc, 1, 1, 1, 0, 0, 192);
   poser(doc, 1, 2, 2, 0, 0, 1);

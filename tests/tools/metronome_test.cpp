@@ -1,5 +1,5 @@
-// The metronome's window: digits, beats, tap tempo, the clock and its clicks,
-// the keys and the settings it keeps.
+// The metronome's window: digits, beats, tap tempo, the clock and its clicks, the keys
+// and the settings it keeps; and how the three tool windows join the main window.
 
 #include "player/metronome.h"
 #include "controls/up_down.h"
