@@ -52,78 +52,57 @@ def type_text(window, text):
     subprocess.run(["xdotool", "type", "--clearmodifiers", "--delay", "20", text], check=True)
 
 
-def geometry(window):
+def screenshot(window):
+    """The window's geometry and pixel(x, y), an (r, g, b) of the screen (xwd of the root)."""
     out = subprocess.run(["xdotool", "getwindowgeometry", "--shell", window],
                          capture_output=True, text=True, check=True).stdout
     values = dict(line.split("=", 1) for line in out.split())
-    return int(values["X"]), int(values["Y"]), int(values["WIDTH"]), int(values["HEIGHT"])
-
-
-def screenshot():
-    """The root window as (width, height, pixel), pixel(x, y) an (r, g, b)."""
+    x0, y0, w, h = (int(values[k]) for k in ("X", "Y", "WIDTH", "HEIGHT"))
     data = subprocess.run(["xwd", "-root", "-silent"], capture_output=True, check=True).stdout
-    h = struct.unpack(">25I", data[:100])
-    header_size, width, height = h[0], h[4], h[5]
-    byte_order, bits_per_pixel, bytes_per_line, ncolors = h[7], h[11], h[12], h[19]
-    if bits_per_pixel not in (24, 32):
-        fail("unexpected screenshot depth %d" % bits_per_pixel)
-    step = bits_per_pixel // 8
-    masks = h[14], h[15], h[16]
+    head = struct.unpack(">25I", data[:100])
+    header_size, width, height = head[0], head[4], head[5]
+    byte_order, bits, bytes_per_line = head[7], head[11], head[12]
+    if bits not in (24, 32):
+        fail("unexpected screenshot depth %d" % bits)
+    if x0 + w > width or y0 + h > height:
+        fail("the window lies off the screen")
+    masks = head[14:17]
     shifts = [(m & -m).bit_length() - 1 for m in masks]
-    pixels = data[header_size + ncolors * 12:]
-    order = "little" if byte_order == 0 else "big"
+    pixels = data[header_size + head[19] * 12:]
 
     def pixel(x, y):
-        o = y * bytes_per_line + x * step
-        v = int.from_bytes(pixels[o:o + step], order)
+        o = y * bytes_per_line + x * bits // 8
+        v = int.from_bytes(pixels[o:o + bits // 8], "little" if byte_order == 0 else "big")
         return tuple((v & m) >> s for m, s in zip(masks, shifts))
 
-    return width, height, pixel
+    return (x0, y0, w, h), pixel
 
 
-def program_env(home):
-    """A first start's environment: every file the program writes goes under `home`."""
-    env = dict(os.environ)
-    env.update({
-        "HOME": home,
-        "XDG_CONFIG_HOME": os.path.join(home, "config"),
-        "XDG_DATA_HOME": os.path.join(home, "data"),
-        "XDG_RUNTIME_DIR": os.path.join(home, "runtime"),
-        "VANTORO_SETTINGS": os.path.join(home, "settings.ini"),
-        "LANG": "C.UTF-8",
-        "LC_ALL": "C.UTF-8",
-    })
-    os.makedirs(env["XDG_RUNTIME_DIR"], mode=0o700, exist_ok=True)
-    return env
-
-
-class Program:
-    """The program on a fresh settings location, its output in home/log.txt;
-    killed at the end of its with block if still running."""
+class Program(subprocess.Popen):
+    """The program on a fresh settings location (every file it writes goes under
+    `home`), its output in home/log.txt; killed at the end of its with block."""
 
     def __init__(self, program, home, args=()):
-        self.env = program_env(home)
+        self.env = dict(os.environ, HOME=home, XDG_CONFIG_HOME=os.path.join(home, "config"),
+                        XDG_DATA_HOME=os.path.join(home, "data"),
+                        XDG_RUNTIME_DIR=os.path.join(home, "runtime"),
+                        VANTORO_SETTINGS=os.path.join(home, "settings.ini"),
+                        LANG="C.UTF-8", LC_ALL="C.UTF-8")
+        os.makedirs(self.env["XDG_RUNTIME_DIR"], mode=0o700, exist_ok=True)
         self.log = open(os.path.join(home, "log.txt"), "w")
-        self.proc = subprocess.Popen([program] + list(args), env=self.env,
-                                     stdout=self.log, stderr=subprocess.STDOUT)
-
-    def __enter__(self):
-        return self
+        super().__init__([program] + list(args), env=self.env, stdout=self.log,
+                         stderr=subprocess.STDOUT)
 
     def __exit__(self, *exc):
-        if self.proc.poll() is None:
-            self.proc.kill()
-            self.proc.wait()
+        if self.poll() is None:
+            self.kill()
+        super().__exit__(*exc)
         self.log.close()
-        return False
-
-    def running(self):
-        return self.proc.poll() is None
 
     def wait_exit(self, what):
         """Fails unless the program ends with code 0 after `what`."""
         try:
-            code = self.proc.wait(timeout=TIMEOUT)
+            code = self.wait(timeout=TIMEOUT)
         except subprocess.TimeoutExpired:
             fail("the program did not end after " + what)
         if code != 0:

@@ -12,8 +12,8 @@ import json
 import os
 import subprocess
 
-from e2e_support import (TIMEOUT, Program, fail, first_start, geometry, key, poll, run,
-                         screenshot, type_text, visible_window)
+from e2e_support import (TIMEOUT, Program, fail, first_start, key, poll, run, screenshot,
+                         type_text, visible_window)
 
 # Lengths in ticks, 48 to the quarter note.
 WHOLE, HALF, QUARTER, EIGHTH = 192, 96, 48, 24
@@ -77,10 +77,7 @@ BARS = 3
 def editor_on_screen(main):
     """The editor's strip: 40 rows of the main window holding a run of white a
     third of its width (the workspace is brown, the help window narrower)."""
-    x0, y0, w, h = geometry(main)
-    width, height, pixel = screenshot()
-    if x0 + w > width or y0 + h > height:
-        fail("the main window lies off the screen")
+    (x0, y0, w, h), pixel = screenshot(main)
     step = 4
     rows = 0
     for y in range(y0, y0 + h, 2):

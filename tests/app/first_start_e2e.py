@@ -7,12 +7,13 @@ Usage: first_start_e2e.py PATH_TO_VANTORO
 Exits 0 on success, 1 on failure, 77 when Xvfb or xdotool is missing."""
 import os
 
-from e2e_support import Program, fail, first_start, geometry, key, poll, run, screenshot
+from e2e_support import Program, fail, first_start, key, poll, run, screenshot
 
 
-def fretboard_rows(pixel, x0, y0, w, h):
+def fretboard_rows(main):
     """Rows of the window's lower half bright across, with darker wood 4 pixels
     above and below: the strings."""
+    (x0, y0, w, h), pixel = screenshot(main)
     xs = [x0 + w * k // 20 for k in range(2, 18)]
 
     def bright(y):
@@ -28,15 +29,7 @@ def fretboard_rows(pixel, x0, y0, w, h):
 def inner(home, program):
     with Program(program, home) as vantoro:
         main = first_start("Escape")
-        x0, y0, w, h = geometry(main)
-
-        def board_drawn():
-            width, height, pixel = screenshot()
-            if x0 + w > width or y0 + h > height:
-                fail("the main window lies off the screen")
-            return fretboard_rows(pixel, x0, y0, w, h)
-
-        rows = poll("the fretboard on the screen", board_drawn, timeout=10)
+        rows = poll("the fretboard on the screen", lambda: fretboard_rows(main), timeout=10)
         if len(rows) < 6:
             fail("only %d string rows found on the fretboard" % len(rows))
 

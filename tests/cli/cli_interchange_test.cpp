@@ -3,12 +3,10 @@
 #include <algorithm>
 
 #include "cli_banc.h"
-#include "formats/ascii_import.h"
 #include "formats/catalogue.h"
 #include "formats/midi_reader.h"
 #include "formats/string_table.h"
 #include "formats/vtb.h"
-#include "midi_test_files.h"
 
 namespace vt {
 namespace {
@@ -103,6 +101,9 @@ TEST_F(CliConvert, AllSixDirections) {
   const json e = json::parse(lancer("info " + c("e.midi")).sortie);
   EXPECT_EQ(
       e, json::parse(R"({"format":"midi","version":1,"tracks":1,"bars":2,"notes":4,"title":""})"));
+  // At a width of 20 each bar stands alone in its block.
+  ASSERT_EQ(lancer("convert " + c("a.vtb") + " " + c("w.txt") + " --width 20").code, 0);
+  EXPECT_NE(lireTout(dossier_ / "w.txt").find("|-3H---------|\r\n"), std::string::npos);
 }
 
 TEST_F(CliConvert, MidiImportOptions) {
@@ -146,43 +147,6 @@ TEST_F(CliConvert, FormatZeroChannels) {
   EXPECT_EQ(r.code, 1);
   EXPECT_NE(r.erreurs.find(loadString(kMsgMidiPisteSansNote, kLangFrançais)), std::string::npos);
   EXPECT_FALSE(fs::exists(dossier_ / "b.vtb"));
-}
-
-TEST_F(CliConvert, RefusedInputsWriteNothing) {
-  poser("x.mid", "RIFF....");
-  poser("y.mid", test::smf(1, 96, {test::PisteMidi().on(0, 64).evt(5, {0xF4}).fin(9)}));
-  poser("z.txt", "no tablature in here\n");
-  // A repeat opened and never closed: the export names the last bar, the one the closing line took.
-  poser("r.txt",
-        "e||o---0---|\nB||----1---|\nG||o-------|\nD||o-------|\nA||--------|\nE||--------|\n");
-  const struct {
-    std::string arguments, sortie, erreurs;
-  } cas[] = {
-      {"convert " + c("x.mid"), "out.vtb", "This MIDI file is not valid!\n"},
-      {"convert " + c("y.mid"), "out.txt", "Unknown command: F4\n"},
-      {"--lang fr convert " + c("z.txt"), "out.mid",
-       loadString(kMsgAsciiCorrompue, kLangFrançais) + "\n"},
-      {"convert " + c("r.txt"), "out.mid", "There is a problem of repeat bar at measure 2\n"},
-  };
-  for (const auto& k : cas) {
-    const Résultat r = lancer(k.arguments + " " + c(k.sortie));
-    EXPECT_EQ(std::pair(r.code, r.erreurs), std::pair(1, k.erreurs)) << k.arguments;
-    EXPECT_FALSE(fs::exists(dossier_ / k.sortie));
-  }
-}
-
-TEST_F(CliConvert, UsageErrors) {
-  morceau("a.vtb");
-  EXPECT_EQ(lancer("convert " + c("a.vtb") + " " + c("a.txt") + " --rhythm 50").code, 2);
-  EXPECT_EQ(lancer("convert " + c("a.vtb") + " " + c("a.mid") + " --tempos maybe").code, 2);
-  const Résultat r = lancer("convert " + c("a.vtb") + " " + c("a.txt") + " --track 3");
-  EXPECT_EQ(r.code, 2);
-  EXPECT_EQ(r.erreurs, "--track: the tablature has 2 tracks\n");
-  EXPECT_FALSE(fs::exists(dossier_ / "a.txt"));
-  ASSERT_EQ(lancer("convert " + c("a.vtb") + " " + c("w.txt") + " --width 20").code, 0);
-  // Each bar alone in its block at that width.
-  const std::string texte = lireTout(dossier_ / "w.txt");
-  EXPECT_NE(texte.find("|-3H---------|\r\n"), std::string::npos) << texte;
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // vantoro-cli end to end: new, info, dump and convert on files built by hand.
 #include "cli_banc.h"
+#include "formats/ascii_import.h"
 #include "formats/catalogue.h"
+#include "formats/midi_reader.h"
 #include "formats/string_table.h"
 #include "formats/vtb.h"
 #include "old_files.h"
@@ -32,14 +34,6 @@ TEST_F(Cli, NewWritesTheBytesOfANewDocument) {
   EXPECT_EQ(d["pistes"][0]["bytCordes"], json({64, 59, 55, 50, 45, 40}));
 }
 
-TEST_F(Cli, InfoSummarisesAFile) {
-  poser("v7.vtb", test::fichierVersion7());
-  EXPECT_EQ(
-      jsonDe("info " + c("v7.vtb")),
-      json::parse(
-          R"({"format":"vtb","version":7,"tracks":2,"bars":2,"notes":4,"title":"Titre été"})"));
-}
-
 TEST_F(Cli, DumpShowsEveryFieldOfAVersion5File) {
   poser("v5.vtb", test::fichierVersion5({64, 59, 55, 50, 45, 38}));
   const json d = jsonDe("dump " + c("v5.vtb"));
@@ -64,8 +58,12 @@ TEST_F(Cli, DumpShowsEveryFieldOfAVersion5File) {
   EXPECT_EQ(d["markers"], json::parse(R"({"startMesure":1,"startX":0,"stopMesure":1,"stopX":0})"));
 }
 
-TEST_F(Cli, ConvertUpgradesToVersion8) {
+TEST_F(Cli, InfoSummarisesAFileAndConvertUpgradesItToVersion8) {
   poser("v7.vtb", test::fichierVersion7());
+  EXPECT_EQ(
+      jsonDe("info " + c("v7.vtb")),
+      json::parse(
+          R"({"format":"vtb","version":7,"tracks":2,"bars":2,"notes":4,"title":"Titre été"})"));
   const Résultat e = lancer("convert " + c("v7.vtb") + " " + c("v8.VTB"));
   ASSERT_EQ(e.code, 0) << e.erreurs;
   EXPECT_EQ(lireTout(dossier_ / "v8.VTB")[3], 8);
@@ -80,6 +78,16 @@ TEST_F(Cli, RefusedFilesAndBadUsageWriteNothingAndSayWhy) {
   poser("cut.vtb", coupé);
   poser("new.vtb", std::string("VTB\x09\x01"));
   poser("v6.vtb", test::fichierVersion6());
+  poser("x.mid", "RIFF....");
+  // One track: a Note On, then the unknown status F4.
+  poser("y.mid", std::string("MThd\0\0\0\6\0\1\0\1\0\x60MTrk\0\0\0\x0A"
+                             "\0\x90\x40\x64\x05\xF4\x04\xFF\x2F\0",
+                             32));
+  poser("z.txt", "no tablature in here\n");
+  // A repeat opened and never closed: the export names the last bar, the one the closing line took.
+  poser("r.txt",
+        "e||o---0---|\nB||----1---|\nG||o-------|\nD||o-------|\nA||--------|\nE||--------|\n");
+  const std::string v7 = "convert " + poser("v7.vtb", test::fichierVersion7()) + " ";
   const struct {
     std::string arguments;
     int code;
@@ -99,6 +107,15 @@ TEST_F(Cli, RefusedFilesAndBadUsageWriteNothingAndSayWhy) {
       {"", 2, ""},
       {"info", 2, ""},
       {"--lang de info " + c("v6.vtb"), 2, ""},
+      {"convert " + c("x.mid") + " " + c("out.vtb"), 1, "This MIDI file is not valid!\n"},
+      {"convert " + c("y.mid") + " " + c("out.txt"), 1, "Unknown command: F4\n"},
+      {"--lang fr convert " + c("z.txt") + " " + c("out.mid"), 1,
+       loadString(kMsgAsciiCorrompue, kLangFrançais) + "\n"},
+      {"convert " + c("r.txt") + " " + c("out.mid"), 1,
+       "There is a problem of repeat bar at measure 2\n"},
+      {v7 + c("out.txt") + " --rhythm 50", 2, ""},
+      {v7 + c("out.mid") + " --tempos maybe", 2, ""},
+      {v7 + c("out.txt") + " --track 3", 2, "--track: the tablature has 2 tracks\n"},
   };
   for (const auto& k : cas) {
     SCOPED_TRACE(k.arguments);
@@ -110,7 +127,7 @@ TEST_F(Cli, RefusedFilesAndBadUsageWriteNothingAndSayWhy) {
       EXPECT_EQ(e.erreurs.rfind(k.erreurs, 0), 0u) << e.erreurs;
     EXPECT_TRUE(e.sortie.empty());
   }
-  for (const char* nom : {"out.vtb", "out.xyz", "x.txt2", "gone"})
+  for (const char* nom : {"out.vtb", "out.xyz", "x.txt2", "gone", "out.txt", "out.mid"})
     EXPECT_FALSE(fs::exists(dossier_ / nom)) << nom;
 }
 

@@ -46,8 +46,22 @@ class PagesCli : public CliBanc {
   }
 };
 
-TEST_F(PagesCli, PdfOfEveryTrackOrOneOnTheAskedSheet) {
+TEST_F(PagesCli, PdfOfEveryTrackOrOneOnTheAskedSheetAndPngOfAPageOrTheStrip) {
   morceau("a.vtb");
+  ASSERT_EQ(
+      lancer("render " + c("a.vtb") + " " + c("p.png") + " --page 2 --track 2 --dpi 50 --paper a4")
+          .code,
+      0);
+  EXPECT_EQ(taillePng("p.png"), std::make_pair(413, 585));  // A4 at 50 dots to the inch
+  ASSERT_EQ(lancer("new " + c("n.vtb")).code, 0);
+  ASSERT_EQ(lancer("render " + c("n.vtb") + " " + c("a.png") +
+                   " --width 640 --height 320 --view 3 --triplet --cursor 1:24:2")
+                .code,
+            0);
+  EXPECT_EQ(taillePng("a.png"), std::make_pair(640, 320));
+  ASSERT_EQ(lancer("render " + c("n.vtb") + " " + c("b.png") + " --no-staff").code, 0);
+  EXPECT_EQ(taillePng("b.png"), std::make_pair(1280, 400));
+
   ASSERT_EQ(lancer("convert " + c("a.vtb") + " " + c("toutes.pdf")).code, 0);
   ASSERT_EQ(lancer("convert " + c("a.vtb") + " " + c("une.pdf") + " --track 1").code, 0);
   ASSERT_EQ(
@@ -58,17 +72,10 @@ TEST_F(PagesCli, PdfOfEveryTrackOrOneOnTheAskedSheet) {
   EXPECT_EQ(info("deux.pdf", "Page size").rfind("612 x 792 pts", 0), 0U);
 }
 
-TEST_F(PagesCli, RenderDrawsAPageAtItsResolution) {
-  morceau("a.vtb");
-  ASSERT_EQ(
-      lancer("render " + c("a.vtb") + " " + c("p.png") + " --page 2 --track 2 --dpi 50 --paper a4")
-          .code,
-      0);
-  EXPECT_EQ(taillePng("p.png"), std::make_pair(413, 585));  // A4 at 50 dots to the inch
-}
-
 TEST_F(PagesCli, RefusalsWriteNothing) {
   morceau("a.vtb");
+  ASSERT_EQ(lancer("new " + c("n.vtb")).code, 0);
+  const std::string strip = "render " + c("n.vtb") + " " + c("x.png");
   const struct {
     std::string arguments, sortie;
     int code;
@@ -79,6 +86,11 @@ TEST_F(PagesCli, RefusalsWriteNothing) {
       {"render " + c("a.vtb") + " " + c("x.png") + " --page 1 --track 3", "x.png", 2, "no track 3"},
       {"convert " + c("a.vtb") + " " + c("absent/x.pdf"), "absent/x.pdf", 1,
        "The file could not be saved"},
+      {strip + " --track 2", "x.png", 2, ""},
+      {strip + " --scroll 5", "x.png", 2, ""},
+      {strip + " --cursor 1-2", "x.png", 2, ""},
+      {strip + " --view 5", "x.png", 2, ""},
+      {"render " + c("absent.vtb") + " " + c("x.png"), "x.png", 1, ""},
   };
   for (const auto& k : cas) {
     SCOPED_TRACE(k.arguments);
@@ -87,25 +99,6 @@ TEST_F(PagesCli, RefusalsWriteNothing) {
     EXPECT_NE(r.erreurs.find(k.message), std::string::npos) << r.erreurs;
     EXPECT_FALSE(std::filesystem::exists(dossier_ / k.sortie));
   }
-}
-
-TEST_F(PagesCli, RenderDrawsAStripOfTheAskedSize) {
-  ASSERT_EQ(lancer("new " + c("a.vtb")).code, 0);
-  ASSERT_EQ(lancer("render " + c("a.vtb") + " " + c("a.png") +
-                   " --width 640 --height 320 --view 3 --triplet --cursor 1:24:2")
-                .code,
-            0);
-  EXPECT_EQ(taillePng("a.png"), std::make_pair(640, 320));
-  ASSERT_EQ(lancer("render " + c("a.vtb") + " " + c("b.png") + " --no-staff").code, 0);
-  EXPECT_EQ(taillePng("b.png"), std::make_pair(1280, 400));
-}
-
-TEST_F(PagesCli, RenderRefusesWhatItCannotDrawAndWritesNothing) {
-  ASSERT_EQ(lancer("new " + c("a.vtb")).code, 0);
-  for (const char* faux : {" --track 2", " --scroll 5", " --cursor 1-2", " --view 5"})
-    EXPECT_EQ(lancer("render " + c("a.vtb") + " " + c("x.png") + faux).code, 2) << faux;
-  EXPECT_EQ(lancer("render " + c("absent.vtb") + " " + c("x.png")).code, 1);
-  EXPECT_FALSE(std::filesystem::exists(dossier_ / "x.png"));
 }
 
 }  // namespace

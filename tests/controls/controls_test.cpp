@@ -130,7 +130,7 @@ class UpDn : public ::testing::Test {
   VTUpDn ud;
 };
 
-TEST_F(UpDn, TheUpperHalfRaisesTheLowerLowersAndTheValueNeverPassesTheBounds) {
+TEST_F(UpDn, TheUpperHalfRaisesTheLowerLowersWithinTheBoundsAndHeldDownItRepeats) {
   QSignalSpy changes(&ud, &VTUpDn::Change);
   ud.setValue(5);
   std::vector<int> valeurs;
@@ -154,9 +154,9 @@ TEST_F(UpDn, TheUpperHalfRaisesTheLowerLowersAndTheValueNeverPassesTheBounds) {
   EXPECT_EQ(ud.Value(), 4);
   ud.setMax(2);  // a maximum below the minimum takes the minimum along
   EXPECT_EQ((std::vector<int>{ud.Min(), ud.Max(), ud.Value()}), (std::vector<int>{2, 2, 2}));
-}
-
-TEST_F(UpDn, ThePictureFollowsThePressAndHeldDownItRepeatsUntilReleased) {
+  // The picture follows the press; held down, it repeats until released.
+  ud.setMin(0);
+  ud.setMax(9);
   const qint64 repos = ud.PictureOff().cacheKey();
   EXPECT_EQ(ud.picture().cacheKey(), repos);
   QTest::mousePress(&ud, Qt::LeftButton, {}, QPoint(10, 5));

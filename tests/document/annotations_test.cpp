@@ -14,7 +14,7 @@ OneBased<byt> frettes(std::initializer_list<int> v) {
   return f;
 }
 
-TEST(Chords, SortedInsertionKeepsTheOthersIntact) {
+TEST(Chords, SortedInsertionKeepsTheOthersIntactAndFretsFitTheTrack) {
   CVantoroTablature doc;
   int n = doc.addandplaceMesureAccord(1, 1, 24);
   doc.setMesureAccord(1, 1, n, "Am", frettes({0, 1, 2, 2, 0, 255}));
@@ -33,21 +33,17 @@ TEST(Chords, SortedInsertionKeepsTheOthersIntact) {
   doc.deleteAccord(1, 1, 1);
   EXPECT_EQ(std::pair(doc.getMesureAccordLast(1, 1), doc.getMesureAccordX(1, 1, 1)),
             std::pair(2, 48));
+  // Frets are copied up to the shorter of the track and the array.
+  doc.setMesureAccord(1, 1, 1, "C", frettes({0, 1}));
+  EXPECT_EQ(std::pair(doc.getMesureAccordCorde(1, 1, 1, 2), doc.getMesureAccordCorde(1, 1, 1, 3)),
+            std::pair(1, 255));
+  doc.setMesureAccord(1, 1, 1, "C", frettes({0, 1, 0, 2, 3, 255, 9, 9}));
+  EXPECT_EQ(doc.pisteMesure(1, 1)->tabAccords[1].tabCordes.last(), 6);
+  EXPECT_FALSE(doc.setMesureAccordNom(1, 1, 1, std::string(256, 'x')));
+  EXPECT_EQ(doc.getMesureAccordNom(1, 1, 1), "C");
 }
 
-TEST(Chords, FretsCopiedUpToTheShorterOfTrackAndArray) {
-  CVantoroTablature doc;
-  const int n = doc.addandplaceMesureAccord(1, 1, 0);
-  doc.setMesureAccord(1, 1, n, "C", frettes({0, 1}));
-  EXPECT_EQ(doc.getMesureAccordCorde(1, 1, n, 2), 1);
-  EXPECT_EQ(doc.getMesureAccordCorde(1, 1, n, 3), 255);  // untouched
-  doc.setMesureAccord(1, 1, n, "C", frettes({0, 1, 0, 2, 3, 255, 9, 9}));
-  EXPECT_EQ(doc.pisteMesure(1, 1)->tabAccords[n].tabCordes.last(), 6);
-  EXPECT_FALSE(doc.setMesureAccordNom(1, 1, n, std::string(256, 'x')));
-  EXPECT_EQ(doc.getMesureAccordNom(1, 1, n), "C");
-}
-
-TEST(Texts, ReplaceAtTheSameTickAndKeepTheListsApart) {
+TEST(Texts, ReplaceAtTheSameTickAndKeepTheListsApartAsTemposDo) {
   CVantoroTablature doc;
   EXPECT_TRUE(doc.setMesureTexte(1, 1, 48, "intro", kVrai));
   EXPECT_TRUE(doc.setMesureTexte(1, 1, 0, "let ring", kVrai));
@@ -68,10 +64,7 @@ TEST(Texts, ReplaceAtTheSameTickAndKeepTheListsApart) {
   EXPECT_EQ(doc.searchMesureTexte(1, 1, 96, kFaux), 2);
   doc.deleteTexte(1, 1, 1, kVrai);
   EXPECT_EQ(textes(true), std::vector<std::string>{"48:Intro"});
-}
-
-TEST(Tempos, SortedReplacedAndDeleted) {
-  CVantoroTablature doc;
+  // Tempos: sorted, replaced at the same tick, deleted.
   doc.setMesureTempo(1, 96, 140);
   doc.setMesureTempo(1, 0, 90);
   doc.setMesureTempo(1, 96, 150);
@@ -97,7 +90,7 @@ TEST(Lists, RefuseTheTwoHundredAndFiftySixthEntry) {
   EXPECT_TRUE(doc.setMesureTexte(1, 1, 10, "replaced", kVrai));  // replacing needs no room
 }
 
-TEST(Signature, NarrowerCutsContentOfEveryTrackAndTheTempos) {
+TEST(Signature, NarrowerCutsContentOfEveryTrackAndTheTemposWiderRemovesNothing) {
   CVantoroTablature doc;
   doc.addPiste(1, tGuitare{});
   for (int p = 1; p <= 2; ++p) {
@@ -119,15 +112,10 @@ TEST(Signature, NarrowerCutsContentOfEveryTrackAndTheTempos) {
                                 doc.getMesureTexteDnLast(p, 1), doc.getMesureAccordLast(p, 1)}),
               (std::vector<int>{1, 96, 0, 0, 1, 0}));
   EXPECT_EQ(std::pair(doc.getMesureTempoLast(1), doc.getMesureTempoX(1, 1)), std::pair(1, 143));
-}
-
-TEST(Signature, WiderRemovesNothing) {
-  CVantoroTablature doc;
-  doc.setNoteWhole(1, 1, 1, 144, 5, 48);
-  doc.setMesureTexte(1, 1, 150, "t", kVrai);
+  // Wider removes nothing.
   const CVantoroTablature avant = doc;
   doc.setMesureSignature(1, 5, 4);
-  doc.setMesureSignature(1, 4, 4);
+  doc.setMesureSignature(1, 3, 4);
   EXPECT_EQ(doc, avant);
 }
 
@@ -204,16 +192,13 @@ TEST(TrackSettings, LimitsOfTheStringCountAndTheName) {
   EXPECT_EQ(doc.getMIDIPatch(2), 0);
 }
 
-TEST(Cp1252, EveryByteSurvivesATripThroughUtf8) {
+TEST(Cp1252, EveryByteSurvivesATripThroughUtf8WithTheCharactersOfTheCodePage) {
   std::string tous;
   for (int b = 0; b < 256; ++b)
     tous += static_cast<char>(b);
   const std::string utf8 = cp1252ToUtf8(tous);
   EXPECT_TRUE(isValidUtf8(utf8));
   EXPECT_EQ(utf8ToCp1252(utf8), tous);
-}
-
-TEST(Cp1252, CharactersOfTheCodePage) {
   EXPECT_EQ(cp1252ToUtf8("Caf\xE9"), "Café");
   EXPECT_EQ(cp1252ToUtf8("\x80"), "€");
   EXPECT_EQ(cp1252ToUtf8("\x9F\x8A\x85\x96"), "ŸŠ…–");

@@ -21,7 +21,7 @@ TEST(NewDocument, HasOneTrackOfOneEmptyFourFourBar) {
   EXPECT_EQ(validateDocument(doc), "");
 }
 
-TEST(NewDocument, TrackTakesTheCurrentInstrumentAndPatch) {
+TEST(NewDocument, TrackTakesTheCurrentInstrumentAndPatchAndInitializeForgetsEverything) {
   tGuitare g = test::basse4();
   g.capodastre = 2;
   CVantoroTablature doc(g, 33);
@@ -33,10 +33,6 @@ TEST(NewDocument, TrackTakesTheCurrentInstrumentAndPatch) {
                               doc.getMIDIBalance(1), doc.getPortéeClef(1),
                               doc.pisteMesure(1, 1)->tabCordes.last()}),
             (std::vector<int>{4, 20, 43, 28, 2, 33, 64, 64, 1, 4}));
-}
-
-TEST(NewDocument, InitializeForgetsEverything) {
-  CVantoroTablature doc;
   doc.setNoteWhole(1, 1, 1, 0, 3, 48);
   doc.addMesure();
   doc.addPiste(1, tGuitare{});
@@ -79,25 +75,21 @@ TEST(KeyByte, DecodesAccidentalsAndMode) {
 
 TEST(Beats, FollowTheNumeratorRuleAndTheSignatureGivesTheWidth) {
   CVantoroTablature doc;
-  const struct {
-    int up, dn, beat, w;
-  } cas[] = {{6, 8, 72, 144}, {5, 4, 48, 240},  {4, 4, 48, 192},   {8, 8, 0, 192},
-             {3, 4, 48, 144}, {9, 8, 72, 216},  {12, 8, 72, 288},  {7, 8, 24, 168},
-             {2, 2, 96, 192}, {10, 8, 0, 240},  {15, 16, 36, 180}, {1, 4, 48, 48},
-             {5, 8, 24, 120}, {12, 16, 36, 144}};
-  for (auto c : cas) {
-    ASSERT_TRUE(doc.setMesureSignature(1, c.up, c.dn));
-    EXPECT_EQ(doc.getTempsDurée(1), c.beat) << c.up << "/" << c.dn;
-    EXPECT_EQ(doc.getMesureLargeur(1), c.w) << c.up << "/" << c.dn;
-  }
-}
-
-TEST(Beats, BeatNumberOfANoteAndNoRuleGivesNoBeat) {
-  CVantoroTablature doc;
   doc.setNoteWhole(1, 1, 1, 100, 0, 12);
   EXPECT_EQ(doc.getTempsNote(1, 1, 1, 1), 3);  // 100 / 48 + 1
-  doc.setMesureSignature(1, 8, 8);
+  const struct {
+    int up, dn, beat, w;
+  } cas[] = {{6, 8, 72, 144},   {5, 4, 48, 240},   {4, 4, 48, 192}, {3, 4, 48, 144},
+             {9, 8, 72, 216},   {12, 8, 72, 288},  {7, 8, 24, 168}, {2, 2, 96, 192},
+             {10, 8, 0, 240},   {15, 16, 36, 180}, {1, 4, 48, 48},  {5, 8, 24, 120},
+             {12, 16, 36, 144}, {8, 8, 0, 192}};
+  for (auto c : cas) {
+    ASSERT_TRUE(doc.setMesureSignature(1, c.up, c.dn));
+    EXPECT_EQ(std::pair(doc.getTempsDurée(1), doc.getMesureLargeur(1)), std::pair(c.beat, c.w))
+        << c.up << "/" << c.dn;
+  }
   // 8/8 has no beat rule: no division by zero, no beat number.
+  ASSERT_EQ(doc.setNoteWhole(1, 1, 1, 100, 0, 12), 1);
   EXPECT_EQ(doc.getTempsNote(1, 1, 1, 1), 0);
 }
 

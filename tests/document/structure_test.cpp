@@ -31,7 +31,7 @@ TEST(AddMesure, CopiesSignatureAndKeyNotLinesOrTempos) {
   EXPECT_FALSE(doc.insertMesure(1, 1, 1));
 }
 
-TEST(AddPiste, AtTheEnd) {
+TEST(AddPiste, AtTheEndInTheMiddleFirstUpToTheLimitAndDeletedDownToOne) {
   CVantoroTablature doc;
   doc.addMesure();
   doc.setPisteNom(1, "Lead");
@@ -44,58 +44,50 @@ TEST(AddPiste, AtTheEnd) {
                         doc.piste(2).tabMesures.last(), doc.pisteMesure(2, 2)->tabCordes.last()}),
       (std::vector<int>{2, 4, 33, 2, 4}));
   EXPECT_EQ(validateDocument(doc), "");
-}
 
-TEST(AddPiste, InTheMiddleKeepsItsTwoOldEffects) {
-  CVantoroTablature doc;
-  doc.addPiste(1, tGuitare{});
-  doc.addPiste(2, tGuitare{});
+  // In the middle: the new track 3 has the defaults, the name of the track that
+  // stood there and no notes; the old track 3, now 4, keeps its name and notes
+  // but takes the defaults, and its bars follow that string count.
+  CVantoroTablature mil;
+  mil.addPiste(1, tGuitare{});
+  mil.addPiste(2, tGuitare{});
   for (int p = 1; p <= 3; ++p) {
-    doc.setPisteNom(p, "T" + std::to_string(p));
-    doc.setMIDIPatch(p, static_cast<byt>(40 + p));
-    doc.setMIDIPan(p, static_cast<byt>(p));
-    doc.setNoteWhole(p, 1, 1, 0, p, 48);
+    mil.setPisteNom(p, "T" + std::to_string(p));
+    mil.setMIDIPatch(p, static_cast<byt>(40 + p));
+    mil.setMIDIPan(p, static_cast<byt>(p));
+    mil.setNoteWhole(p, 1, 1, 0, p, 48);
   }
-  ASSERT_TRUE(doc.addPiste(2, test::basse4(), 27));  // behind track 2
-  ASSERT_EQ(doc.getPisteLast(), 4);
-  // Track 2 is untouched. The new track 3 has the defaults, the name of the
-  // track that stood there and no notes. The old track 3, now 4, keeps its
-  // name and notes but takes the defaults, and its bars follow that string count.
+  ASSERT_TRUE(mil.addPiste(2, test::basse4(), 27));
   const auto vue = [&](int p) {
-    return std::tuple(doc.getPisteNom(p), doc.getMIDIPatch(p), doc.getMIDIPan(p),
-                      doc.getGuitareNbrCordes(p), doc.getNoteLast(p, 1, 1),
-                      doc.getNoteCase(p, 1, 1, 1));
+    return std::tuple(mil.getPisteNom(p), mil.getMIDIPatch(p), mil.getMIDIPan(p),
+                      mil.getGuitareNbrCordes(p), mil.getNoteLast(p, 1, 1),
+                      mil.getNoteCase(p, 1, 1, 1));
   };
+  ASSERT_EQ(mil.getPisteLast(), 4);
   EXPECT_EQ(vue(2), std::tuple("T2", 42, 2, 6, 1, 2));
   EXPECT_EQ(vue(3), std::tuple("T3", 27, 64, 4, 0, 0));
   EXPECT_EQ(vue(4), std::tuple("T3", 27, 64, 4, 1, 3));
-  EXPECT_EQ(validateDocument(doc), "");
-}
+  EXPECT_EQ(validateDocument(mil), "");
 
-TEST(AddPiste, BeforeTheFirstAndAtTheLimit) {
-  CVantoroTablature doc;
-  doc.setNoteWhole(1, 1, 1, 0, 7, 48);
-  ASSERT_TRUE(doc.addPiste(0, tGuitare{}));
-  EXPECT_EQ(doc.getNoteLast(1, 1, 1), 0);
-  EXPECT_EQ(doc.getNoteCase(2, 1, 1, 1), 7);
-  EXPECT_FALSE(doc.addPiste(3, tGuitare{}));  // behind a track that doesn't exist
-  EXPECT_FALSE(doc.addPiste(-1, tGuitare{}));
-  while (doc.getPisteLast() < kMaxPistes)
-    ASSERT_TRUE(doc.addPiste(doc.getPisteLast(), tGuitare{}));
-  EXPECT_FALSE(doc.addPiste(1, tGuitare{}));
-  EXPECT_EQ(doc.getPisteLast(), kMaxPistes);
-}
+  // Before the first; not behind a track that does not exist; up to the limit.
+  CVantoroTablature un;
+  un.setNoteWhole(1, 1, 1, 0, 7, 48);
+  ASSERT_TRUE(un.addPiste(0, tGuitare{}));
+  EXPECT_EQ(std::pair(un.getNoteLast(1, 1, 1), un.getNoteCase(2, 1, 1, 1)), std::pair(0, 7));
+  EXPECT_FALSE(un.addPiste(3, tGuitare{}));
+  EXPECT_FALSE(un.addPiste(-1, tGuitare{}));
+  while (un.getPisteLast() < kMaxPistes)
+    ASSERT_TRUE(un.addPiste(un.getPisteLast(), tGuitare{}));
+  EXPECT_FALSE(un.addPiste(1, tGuitare{}));
+  EXPECT_EQ(un.getPisteLast(), kMaxPistes);
 
-TEST(DeletePiste, LaterTracksMoveDownAndOneAlwaysStays) {
-  CVantoroTablature doc;
-  doc.addPiste(1, tGuitare{});
-  doc.addPiste(2, tGuitare{});
-  doc.setPisteNom(3, "third");
-  ASSERT_TRUE(doc.deletePiste(2));
-  EXPECT_EQ(std::pair(doc.getPisteLast(), doc.getPisteNom(2)), std::pair(2, std::string("third")));
-  ASSERT_TRUE(doc.deletePiste(2));
-  EXPECT_FALSE(doc.deletePiste(1));
-  EXPECT_EQ(doc.getPisteLast(), 1);
+  // Deleting moves the later tracks down, and one track always stays.
+  ASSERT_TRUE(mil.deletePiste(2));
+  EXPECT_EQ(std::pair(mil.getPisteLast(), mil.getPisteNom(2)), std::pair(3, std::string("T3")));
+  ASSERT_TRUE(mil.deletePiste(2));
+  ASSERT_TRUE(mil.deletePiste(2));
+  EXPECT_FALSE(mil.deletePiste(1));
+  EXPECT_EQ(mil.getPisteLast(), 1);
 }
 
 TEST(ChangePisteNbrCordes, DropsStringsAndTrimsChords) {
@@ -121,11 +113,18 @@ TEST(ChangePisteNbrCordes, DropsStringsAndTrimsChords) {
   EXPECT_EQ(validateDocument(doc), "");
 }
 
-TEST(GarbageMesure, ShortensFromTheEndOnly) {
+TEST(GarbageMesure, ShortensFromTheEndOnlyAndDeleteMesureClosesUpOneTrack) {
   CVantoroTablature doc;
   for (int i = 0; i < 4; ++i)
-    doc.addMesure();  // 5 bars
-  doc.setNoteWhole(1, 5, 1, 0, 5, 48);
+    doc.addMesure();
+  for (int m = 1; m <= 5; ++m)
+    doc.setNoteWhole(1, m, 1, 0, m, 48);
+  // deleteMesure closes up one track and empties its last bar; the bar count
+  // is garbageMesure's business.
+  doc.deleteMesure(1, 2);
+  EXPECT_EQ((std::vector<int>{doc.getMesureLast(), doc.getNoteCase(1, 1, 1, 1),
+                              doc.getNoteCase(1, 2, 1, 1), doc.getNoteLast(1, 5, 1)}),
+            (std::vector<int>{5, 1, 3, 0}));
   // Drops bar 5, not bar 2; limited to the range that ends at the last bar;
   // a document keeps one bar.
   std::vector<int> restent;
@@ -135,6 +134,12 @@ TEST(GarbageMesure, ShortensFromTheEndOnly) {
   }
   EXPECT_EQ(restent, (std::vector<int>{4, 2, 1, 1}));
   EXPECT_EQ(validateDocument(doc), "");
+  // With one bar, deleteMesure empties it.
+  doc.setMesureTexte(1, 1, 0, "x", kFaux);
+  doc.deleteMesure(1, 1);
+  EXPECT_EQ((std::vector<int>{doc.getMesureLast(), doc.getNoteLast(1, 1, 1),
+                              doc.getMesureTexteDnLast(1, 1)}),
+            (std::vector<int>{1, 0, 0}));
 }
 
 TEST(InsertMesure, ShiftsOneTrackAndLeavesHeadersAndOtherTracks) {
@@ -156,27 +161,6 @@ TEST(InsertMesure, ShiftsOneTrackAndLeavesHeadersAndOtherTracks) {
   EXPECT_EQ(validateDocument(doc), "");
 }
 
-TEST(DeleteMesure, ClosesUpOneTrackAndEmptiesItsLastBar) {
-  CVantoroTablature doc;
-  doc.addMesure();
-  doc.addMesure();
-  for (int m = 1; m <= 3; ++m)
-    doc.setNoteWhole(1, m, 1, 0, m, 48);
-  doc.deleteMesure(1, 2);
-  // The bar count is garbageMesure's business.
-  EXPECT_EQ((std::vector<int>{doc.getMesureLast(), doc.getNoteCase(1, 1, 1, 1),
-                              doc.getNoteCase(1, 2, 1, 1), doc.getNoteLast(1, 3, 1)}),
-            (std::vector<int>{3, 1, 3, 0}));
-  // With one bar, it empties it.
-  CVantoroTablature un;
-  un.setNoteWhole(1, 1, 1, 0, 1, 48);
-  un.setMesureTexte(1, 1, 0, "x", kFaux);
-  un.deleteMesure(1, 1);
-  EXPECT_EQ((std::vector<int>{un.getMesureLast(), un.getNoteLast(1, 1, 1),
-                              un.getMesureTexteDnLast(1, 1)}),
-            (std::vector<int>{1, 0, 0}));
-}
-
 CVantoroTablature mesurePleine() {
   CVantoroTablature doc;
   for (int x = 0; x < 192; x += 48) {
@@ -188,27 +172,31 @@ CVantoroTablature mesurePleine() {
   return doc;
 }
 
-TEST(InsertSilence, PushesTheLastBeatIntoANewBar) {
+TEST(InsertSilence, PushesWhatFollowsThePointAndCutsWhatNoLongerFits) {
   CVantoroTablature doc = mesurePleine();
   ASSERT_TRUE(doc.insertSilence(1, 1, 0, 48));
   ASSERT_EQ(doc.getMesureLast(), 2);
   EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<NoteVue>{{48, 1, 48}, {96, 2, 48}, {144, 3, 48}}));
-  EXPECT_EQ(corde(doc, 1, 2, 1), (std::vector<NoteVue>{{0, 4, 48}}));
-  // The moved note keeps its effect, attack and nuance.
+  // The last beat went into a new bar, keeping its effect, attack and nuance.
   EXPECT_EQ(*doc.getNote(1, 2, 1, 1),
             (tNote{4, 48, 0, effet::kHammerOn, 0, attaque::kSlap, nuance::kMF}));
   EXPECT_EQ(validateDocument(doc), "");
-}
 
-TEST(InsertSilence, LeavesWhatStandsBeforeThePointAndCutsWhatNoLongerFits) {
-  CVantoroTablature doc;
-  doc.setNoteWhole(1, 1, 1, 0, 1, 24);
-  doc.setNoteWhole(1, 1, 1, 96, 2, 96);
-  doc.setMesureTexte(1, 1, 96, "here", kVrai);
-  ASSERT_TRUE(doc.insertSilence(1, 1, 48, 24));
-  EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<NoteVue>{{0, 1, 24}, {120, 2, 72}}));
-  EXPECT_EQ(doc.getMesureTexteUpX(1, 1, 1), 120);
-  EXPECT_EQ(doc.getMesureLast(), 1);
+  CVantoroTablature avant;
+  avant.setNoteWhole(1, 1, 1, 0, 1, 24);
+  avant.setNoteWhole(1, 1, 1, 96, 2, 96);
+  avant.setMesureTexte(1, 1, 96, "here", kVrai);
+  ASSERT_TRUE(avant.insertSilence(1, 1, 48, 24));
+  EXPECT_EQ(corde(avant, 1, 1, 1), (std::vector<NoteVue>{{0, 1, 24}, {120, 2, 72}}));
+  EXPECT_EQ(std::pair(avant.getMesureTexteUpX(1, 1, 1), avant.getMesureLast()), std::pair(120, 1));
+
+  // 96 asked at tick 150: only 42 remain, rounded down to 36. The note moves to
+  // 186, stays in the bar, and is cut to the 6 ticks left.
+  CVantoroTablature reste = mesurePleine();
+  reste.setNoteWhole(1, 1, 2, 150, 9, 12);
+  ASSERT_TRUE(reste.insertSilence(1, 1, 150, 96));
+  EXPECT_EQ(corde(reste, 1, 1, 2), (std::vector<NoteVue>{{186, 9, 6}}));
+  EXPECT_EQ(std::pair(corde(reste, 1, 1, 1).size(), reste.getMesureLast()), std::pair(4ul, 1));
 }
 
 TEST(InsertSilence, ShiftsEveryLaterBarAndCarriesChordsAndTexts) {
@@ -227,17 +215,6 @@ TEST(InsertSilence, ShiftsEveryLaterBarAndCarriesChordsAndTexts) {
   EXPECT_EQ(doc.getMesureAccordNom(1, 3, 1), "G");
 }
 
-TEST(InsertSilence, LengthLimitedToTheRestOfTheBar) {
-  CVantoroTablature doc = mesurePleine();
-  // 96 asked at tick 150: only 42 remain, rounded down to 36. The note moves to
-  // 186, stays in the bar, and is cut to the 6 ticks left.
-  doc.setNoteWhole(1, 1, 2, 150, 9, 12);
-  ASSERT_TRUE(doc.insertSilence(1, 1, 150, 96));
-  EXPECT_EQ(corde(doc, 1, 1, 2), (std::vector<NoteVue>{{186, 9, 6}}));
-  EXPECT_EQ(corde(doc, 1, 1, 1).size(), 4u);  // the notes before the point stay
-  EXPECT_EQ(doc.getMesureLast(), 1);
-}
-
 TEST(InsertSilence, RefusedAtTheListLimitLeavesEverythingAsItWas) {
   CVantoroTablature doc;
   doc.addMesure();
@@ -251,7 +228,7 @@ TEST(InsertSilence, RefusedAtTheListLimitLeavesEverythingAsItWas) {
   EXPECT_EQ(doc, avant);
 }
 
-TEST(RemoveNotes, ClosesUpAcrossTheBarLine) {
+TEST(RemoveNotes, ClosesUpAcrossTheBarLineAndInsertSilenceRestoresTheTiming) {
   CVantoroTablature doc;
   doc.addMesure();
   doc.setNoteWhole(1, 1, 1, 0, 1, 48);
@@ -266,36 +243,32 @@ TEST(RemoveNotes, ClosesUpAcrossTheBarLine) {
   EXPECT_EQ((std::vector<int>{doc.getNoteEffet(1, 2, 1, 1), doc.getMesureTexteUpX(1, 1, 1),
                               doc.getMesureTexteUpLast(1, 2), doc.getMesureLast()}),
             (std::vector<int>{effet::kSlideUp, 144, 0, 2}));
-}
 
-TEST(RemoveNotes, ANoteMovingBackIsCutToTheBarAndANoteBeforeNoLongerReachesOverTheGap) {
-  CVantoroTablature doc;
-  doc.addMesure();
-  doc.setNoteWhole(1, 2, 1, 24, 5, 96);
-  ASSERT_TRUE(doc.removeNotes(1, 1, 120, 48));
   // Tick 24 of bar 2 less 48 lands at 168 of bar 1, where only 24 ticks are left.
-  EXPECT_EQ(corde(doc, 1, 1, 1), (std::vector<NoteVue>{{168, 5, 24}}));
-
+  CVantoroTablature cut;
+  cut.addMesure();
+  cut.setNoteWhole(1, 2, 1, 24, 5, 96);
+  ASSERT_TRUE(cut.removeNotes(1, 1, 120, 48));
+  EXPECT_EQ(corde(cut, 1, 1, 1), (std::vector<NoteVue>{{168, 5, 24}}));
+  // A note before the point no longer reaches over the gap.
   CVantoroTablature avant;
   avant.setNoteWhole(1, 1, 1, 0, 1, 96);
   avant.setNoteWhole(1, 1, 1, 96, 2, 48);
   ASSERT_TRUE(avant.removeNotes(1, 1, 48, 48));
   EXPECT_EQ(corde(avant, 1, 1, 1), (std::vector<NoteVue>{{0, 1, 48}, {48, 2, 48}}));
-}
 
-TEST(RemoveNotes, ThenInsertSilenceRestoresTheTiming) {
-  CVantoroTablature doc = mesurePleine();
-  doc.addMesure();
-  doc.setNoteWhole(1, 2, 6, 24, 0, 24);
-  const CVantoroTablature avant = doc;
-  ASSERT_TRUE(doc.removeNotes(1, 1, 0, 48));
-  ASSERT_TRUE(doc.insertSilence(1, 1, 0, 48));
+  // Removing a beat then inserting one gives back the timing of everything else.
+  CVantoroTablature plein = mesurePleine();
+  plein.addMesure();
+  plein.setNoteWhole(1, 2, 6, 24, 0, 24);
+  const CVantoroTablature original = plein;
+  ASSERT_TRUE(plein.removeNotes(1, 1, 0, 48));
+  ASSERT_TRUE(plein.insertSilence(1, 1, 0, 48));
   for (int m = 1; m <= 2; ++m)
     for (int c = 1; c <= 6; ++c) {
-      auto a = corde(avant, 1, m, c);
-      auto b = corde(doc, 1, m, c);
+      auto a = corde(original, 1, m, c);
       if (m == 1 && c == 1) a.erase(a.begin());  // the removed beat stays removed
-      EXPECT_EQ(a, b) << "bar " << m << " string " << c;
+      EXPECT_EQ(a, corde(plein, 1, m, c)) << "bar " << m << " string " << c;
     }
 }
 

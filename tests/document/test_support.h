@@ -1,6 +1,8 @@
 // Small builders shared by the document tests.
 #pragma once
 
+#include <ostream>
+
 #include "document/tablature.h"
 
 namespace vt::test {
@@ -10,6 +12,10 @@ struct NoteVue {
   int x, fret, dur;
   bool operator==(const NoteVue&) const = default;
 };
+
+inline std::ostream& operator<<(std::ostream& os, const NoteVue& n) {
+  return os << "{x " << n.x << ", fret " << n.fret << ", len " << n.dur << "}";
+}
 
 inline std::vector<NoteVue> corde(const CVantoroTablature& doc, int p, int m, int c) {
   std::vector<NoteVue> v;
@@ -28,11 +34,4 @@ inline tGuitare basse4() {
   return g;
 }
 
-}  // namespace vt::test
-
-#include <ostream>
-namespace vt::test {
-inline std::ostream& operator<<(std::ostream& os, const NoteVue& n) {
-  return os << "{x " << n.x << ", fret " << n.fret << ", len " << n.dur << "}";
-}
 }  // namespace vt::test

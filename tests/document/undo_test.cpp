@@ -45,20 +45,29 @@ TEST(Undo, AnEditAfterUndoEmptiesRedo) {
   EXPECT_EQ(doc.getRedoDepth(), 0);
 }
 
-TEST(Undo, ReturnsToTheTrackOfTheSnapshot) {
+TEST(Undo, ReturnsToTheTrackOfTheSnapshotUnlessThatTrackWasDeleted) {
   CVantoroTablature doc;
   doc.addPiste(1, tGuitare{});
   doc.storeUndo(true);
   doc.setNoteWhole(1, 1, 1, 0, 1, 48);
   doc.setCurseurPiste(2);
   EXPECT_TRUE(doc.makeUndo());
-  EXPECT_EQ(doc.CurseurPiste(), 1);
-  EXPECT_EQ(doc.getNoteLast(1, 1, 1), 0);
+  EXPECT_EQ(std::pair(int{doc.CurseurPiste()}, doc.getNoteLast(1, 1, 1)), std::pair(1, 0));
   EXPECT_FALSE(doc.makeRedo());  // already on track 1
   EXPECT_EQ(doc.getNoteLast(1, 1, 1), 1);
+
+  CVantoroTablature sup;
+  sup.addPiste(1, tGuitare{});
+  sup.setCurseurPiste(2);
+  sup.storeUndo(true);
+  sup.setCurseurPiste(1);
+  sup.deletePiste(2);
+  EXPECT_FALSE(sup.makeUndo());
+  EXPECT_EQ(std::pair(sup.getUndoDepth(), sup.getPisteLast()), std::pair(0, 1));
+  EXPECT_EQ(validateDocument(sup), "");
 }
 
-TEST(Undo, BarsAddedSinceTheSnapshotStayAndComeBackEmpty) {
+TEST(Undo, BarsAddedSinceTheSnapshotStayEmptyRemovedOnesDoNotComeBackNorDoesASignature) {
   CVantoroTablature doc;
   doc.storeUndo(true);
   doc.addMesure();
@@ -68,30 +77,13 @@ TEST(Undo, BarsAddedSinceTheSnapshotStayAndComeBackEmpty) {
                               doc.getNoteLast(1, 2, 1)}),
             (std::vector<int>{2, 2, 0}));
   EXPECT_EQ(validateDocument(doc), "");
-}
 
-TEST(Undo, BarsRemovedSinceTheSnapshotDoNotComeBackNorDoesASignature) {
-  CVantoroTablature doc;
-  doc.addMesure();
   doc.addMesure();
   doc.storeUndo(true);
   doc.garbageMesure(2, 2);
   doc.setMesureSignature(1, 3, 4);
   doc.makeUndo();
   EXPECT_EQ(std::pair(doc.getMesureLast(), doc.getMesureSignatureUp(1)), std::pair(1, 3));
-  EXPECT_EQ(validateDocument(doc), "");
-}
-
-TEST(Undo, ASnapshotOfADeletedTrackIsDropped) {
-  CVantoroTablature doc;
-  doc.addPiste(1, tGuitare{});
-  doc.setCurseurPiste(2);
-  doc.storeUndo(true);
-  doc.setCurseurPiste(1);
-  doc.deletePiste(2);
-  EXPECT_FALSE(doc.makeUndo());
-  EXPECT_EQ(doc.getUndoDepth(), 0);
-  EXPECT_EQ(doc.getPisteLast(), 1);
   EXPECT_EQ(validateDocument(doc), "");
 }
 

@@ -247,7 +247,7 @@ TEST(AsciiExport, HeadFrenchLabelsAndOneBlock) {
                 "|------------|---|", "|----------0t|---|", "                  ", ""}));
 }
 
-TEST(AsciiExport, EmptyFieldsLeftOutAndEmptyBarsTakeThreeColumns) {
+TEST(AsciiExport, EmptyFieldsLeftOutEmptyBarsThreeColumnsATwoDigitFretOverwritesAnEffect) {
   CVantoroTablature doc = test::document(2);
   // Narrower than the view mode of an empty bar: still three columns, and
   // widened to four for its label.
@@ -256,10 +256,8 @@ TEST(AsciiExport, EmptyFieldsLeftOutAndEmptyBarsTakeThreeColumns) {
   EXPECT_EQ(lignes(io_enregistrer_txt(doc, 1)),
             (std::vector<std::string>{"Tempo: 120", "", " 4/4 1/16 ", corde, corde, corde, corde,
                                       corde, corde, std::string(10, ' '), ""}));
-}
-
-TEST(AsciiExport, TwoDigitFretOverwritesTheEffectOfTheNoteBefore) {
-  CVantoroTablature doc = test::document(1);
+  // A two-digit fret overwrites the effect of the note before.
+  doc = test::document(1);
   // Durations of 8 print at 12 ticks a group: X 8 stands two columns on.
   poser(doc, 1, 1, 1, 0, 3, 8, effet::kHammerOn);
   poser(doc, 1, 1, 1, 8, 10, 8);

@@ -28,6 +28,10 @@ TEST(IniFile, SectionsAndKeysIgnoreCaseAndLineEnds) {
   EXPECT_EQ(ini.getPrivateProfileInt("Accordeur", "autre", -1), -1);
   EXPECT_FALSE(ini.hasKey("", "stray"));
   EXPECT_EQ(ini.getPrivateProfileString("2", "nom", "defaut"), "defaut");
+  // A missing file gives the defaults.
+  const IniFile absent = IniFile::load("/nonexistent/folder/vt.ini");
+  EXPECT_EQ(absent.getPrivateProfileInt("Accordeur", "nbrGuitares", 1), 1);
+  EXPECT_EQ(absent.getPrivateProfileString("1", "nom", "x"), "x");
 }
 
 TEST(IniFile, IntegersReadAsTheProfileCallsDo) {
@@ -37,12 +41,6 @@ TEST(IniFile, IntegersReadAsTheProfileCallsDo) {
   for (const char* clé : {"a", "b", "c", "d", "e", "f", "g", "h", "absent"})
     lus.push_back(ini.getPrivateProfileInt("s", clé, 6));
   EXPECT_EQ(lus, (std::vector<int>{42, -3, 31, 12, 0, INT_MAX, INT_MIN, 8, 6}));
-}
-
-TEST(IniFile, MissingFileGivesTheDefaults) {
-  const IniFile ini = IniFile::load("/nonexistent/folder/vt.ini");
-  EXPECT_EQ(ini.getPrivateProfileInt("Accordeur", "nbrGuitares", 1), 1);
-  EXPECT_EQ(ini.getPrivateProfileString("1", "nom", "x"), "x");
 }
 
 const std::filesystem::path kLivré = test::dossierDonnées() / kFichierCatalogue;
@@ -56,7 +54,7 @@ tPiste pisteDe(const tGuitare& g) {
   return p;
 }
 
-TEST(Catalogue, AbsentKeysTakeTheProfileDefaults) {
+TEST(Catalogue, AbsentKeysTakeTheProfileDefaultsDamagedValuesAreHeldIn1252Names) {
   const CatalogueGuitares vide = CatalogueGuitares::load("/nonexistent/vt.ini");
   EXPECT_EQ(vide.nbrGuitares(), 1);
   tGuitare attendu;
@@ -74,9 +72,8 @@ TEST(Catalogue, AbsentKeysTakeTheProfileDefaults) {
   attendu.corde = {0, 50, 38, 50, 50, 0, 0, 0};  // past the count: 0
   EXPECT_EQ(partiel.loadGuitare(3, kLangFrançais), attendu);
   EXPECT_EQ(partiel.loadGuitare(3, kLangAnglais).nom, "");  // no "nomEN"
-}
 
-TEST(Catalogue, DamagedValuesStayInsideWhatAnInstrumentCanBe) {
+  // Damaged values stay inside what an instrument can be.
   const CatalogueGuitares c =
       CatalogueGuitares::fromText("[1]\nnbrCordes=12\nnbrCases=-4\ncorde7=300\ncapodastre=999\n");
   const tGuitare g = c.loadGuitare(1, 0);
@@ -87,9 +84,7 @@ TEST(Catalogue, DamagedValuesStayInsideWhatAnInstrumentCanBe) {
                 .loadGuitare(1, 0)
                 .nom.size(),
             254u);
-}
-
-TEST(Catalogue, NamesComeOutInWindows1252FromEitherEncoding) {
+  // Names come out in Windows-1252 from either encoding.
   const CatalogueGuitares utf8 =
       CatalogueGuitares::fromText("\xEF\xBB\xBF[1]\nnom=Guitare à 7 cordes\n");
   EXPECT_EQ(utf8.loadGuitare(1, 0).nom, "Guitare \xE0 7 cordes");
@@ -131,7 +126,7 @@ TEST(Catalogue, ShippedFileIsCompleteAndHasTheCommonTunings) {
     EXPECT_TRUE(accordages.count(attendu));
 }
 
-TEST(Catalogue, FileMatchLooksAtTheStringsOnly) {
+TEST(Catalogue, FileMatchLooksAtTheStringsOnlyTrackMatchAlsoAtFretsAndCapo) {
   const CatalogueGuitares& c = test::catalogueTest();
   tPiste p = pisteDe(test::guitare({64, 59, 55, 50, 45, 38}, 12));
   p.bytCapodastre = 3;
@@ -141,13 +136,10 @@ TEST(Catalogue, FileMatchLooksAtTheStringsOnly) {
   EXPECT_EQ(chercherGuitareAccordage(c, pisteDe(test::guitare({64, 59, 55, 50, 45, 40}, 19))), 1);
   EXPECT_EQ(chercherGuitareAccordage(c, pisteDe(test::guitare({64, 59, 55, 50, 45}))), 0);
   EXPECT_EQ(chercherGuitareAccordage(c, pisteDe(test::guitareInconnue())), 0);
-}
-
-TEST(Catalogue, TrackMatchAlsoWantsFretsAndCapo) {
-  const CatalogueGuitares& c = test::catalogueTest();
+  // The track match also wants the frets and the capo.
   EXPECT_EQ(chercherGuitarePiste(c, pisteDe(test::guitare({64, 59, 55, 50, 45, 40}, 19))), 5);
   EXPECT_EQ(chercherGuitarePiste(c, pisteDe(test::guitare({64, 59, 55, 50, 45, 40}, 24))), 1);
-  tPiste p = pisteDe(test::guitare({43, 38, 33, 28}, 20));
+  p = pisteDe(test::guitare({43, 38, 33, 28}, 20));
   EXPECT_EQ(chercherGuitarePiste(c, p), 3);
   p.bytCapodastre = 2;
   EXPECT_EQ(chercherGuitarePiste(c, p), 0);

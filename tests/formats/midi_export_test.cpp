@@ -85,10 +85,8 @@ TEST(MidiExportLayout, TrackSettingsBendRangeAndABankInSevenBitBytesSinceADataBy
                 kFin);
   o.effets.setMIDIEffet1Ton = -1;  // whole-tone bends: a range of 2
   EXPECT_TRUE(contient(chunk(doc, 1, o), "06 02 00 26"));
-}
-
-TEST(MidiExportLayout, ChannelsDrumTrackAndTracksPastSixteen) {
-  CVantoroTablature doc = test::document(1, 17);
+  // Channels: the drum track on 10, and a channel is four bits: track 17 wraps to 0.
+  doc = test::document(1, 17);
   doc.setStaffType(2, kStaffBatterie);
   const Octets f = io_enregistrer_mid(doc);
   EXPECT_EQ(f[11], 18);  // track count: conductor + 17
@@ -98,7 +96,7 @@ TEST(MidiExportLayout, ChannelsDrumTrackAndTracksPastSixteen) {
             (std::vector<std::string>{"00 C0", "00 C9", "00 C2", "00 C0"}));
 }
 
-TEST(MidiExportRmtf, TrackHeaderAndNoteEventsBeforeTheirNoteOn) {
+TEST(MidiExportRmtf, TrackHeaderAndNoteEventsBeforeTheirNoteOnChordDiagramsAlways) {
   CVantoroTablature doc = test::document(1);
   doc.setGuitareCapodastre(1, 2);
   poser(doc, 1, 1, 2, 0, 3, 48, effet::kHammerOn);
@@ -117,6 +115,16 @@ TEST(MidiExportRmtf, TrackHeaderAndNoteEventsBeforeTheirNoteOn) {
   EXPECT_TRUE(contient(p, "FF 11 02 03 08 00 90 4A 7F"));
   const std::string sans = chunk(doc, 1);
   EXPECT_FALSE(contient(sans, "FF 10") || contient(sans, "FF 11"));
+  // A chord diagram is written with or without the option.
+  doc = test::document(1);
+  const int n = doc.addandplaceMesureAccord(1, 1, 24);
+  OneBased<byt> frettes(6);
+  const int f[] = {0, 1, 2, 2, 0, 255};
+  for (int c = 1; c <= 6; ++c)
+    frettes[c] = static_cast<byt>(f[c - 1]);
+  doc.setMesureAccord(1, 1, n, "Am", frettes);
+  for (const MidiExportOptions& options : {MidiExportOptions{}, o})
+    EXPECT_TRUE(contient(chunk(doc, 1, options), "3C FF 12 08 00 01 02 02 00 FF 41 6D"));
 }
 
 TEST(MidiExportRmtf, AttributeTableEffectFirstThenAttack) {
@@ -134,20 +142,6 @@ TEST(MidiExportRmtf, AttributeTableEffectFirstThenAttack) {
     n.bytAttaque = static_cast<byt>(k.attaque);
     EXPECT_EQ(codeAttributRmtf(n), k.code) << "effect " << k.effet << ", attack " << k.attaque;
   }
-}
-
-TEST(MidiExportRmtf, ChordDiagramWithAndWithoutTheOption) {
-  CVantoroTablature doc = test::document(1);
-  const int n = doc.addandplaceMesureAccord(1, 1, 24);
-  OneBased<byt> frettes(6);
-  const int f[] = {0, 1, 2, 2, 0, 255};
-  for (int c = 1; c <= 6; ++c)
-    frettes[c] = static_cast<byt>(f[c - 1]);
-  doc.setMesureAccord(1, 1, n, "Am", frettes);
-  MidiExportOptions o;
-  o.rmtf = true;
-  for (const MidiExportOptions& options : {MidiExportOptions{}, o})
-    EXPECT_TRUE(contient(chunk(doc, 1, options), "3C FF 12 08 00 01 02 02 00 FF 41 6D"));
 }
 
 TEST(MidiExportConductor, HeadTextsSignaturesKeysTextsAndTempoOncePerTrack) {
@@ -184,19 +178,6 @@ TEST(MidiExportConductor, AJumpBackWritesTheSignatureInForceAgainSoTheSecondPass
   EXPECT_EQ(numérateurs, (std::vector<int>{4, 3, 4, 3}));
 }
 
-TEST(MidiExportRepeats, ARepeatEndingTheLastBarAppendsABar) {
-  for (int mesures : {1, 2}) {
-    CVantoroTablature doc = test::document(mesures);
-    poser(doc, 1, 1, 1, 0, 3, 192);
-    doc.setMesureLoopGaucheType(1, barre::kRepetition);
-    doc.setMesureLoopDroiteType(1, barre::kRepetition);
-    doc.setMesureLoopDroiteData(1, 1);
-    // The second pass starts right where the first one ends.
-    EXPECT_TRUE(contient(chunk(doc, 1), "83 60 80 43 7F 00 90 43 7F 83 60 80 43 7F"));
-    EXPECT_EQ(doc.getMesureLast(), 2);
-  }
-}
-
 TEST(MidiExportRepeats, ATrackSilentThroughARepeatEntersOnTimeByTheUnrolledClock) {
   // Track 2 enters after a repeated intro: its first note lies after both
   // passes, three bars in.
@@ -208,6 +189,17 @@ TEST(MidiExportRepeats, ATrackSilentThroughARepeatEntersOnTimeByTheUnrolledClock
   doc.setMesureLoopDroiteData(2, 1);
   // 4 bars * 192 * 2.5 = 1920 = 0x8F 0x00
   EXPECT_TRUE(contient(chunk(doc, 2), "8F 00 91 45 7F"));
+  // A repeat ending the last bar appends a bar, where the second pass starts.
+  for (int mesures : {1, 2}) {
+    doc = test::document(mesures);
+    poser(doc, 1, 1, 1, 0, 3, 192);
+    doc.setMesureLoopGaucheType(1, barre::kRepetition);
+    doc.setMesureLoopDroiteType(1, barre::kRepetition);
+    doc.setMesureLoopDroiteData(1, 1);
+    // The second pass starts right where the first one ends.
+    EXPECT_TRUE(contient(chunk(doc, 1), "83 60 80 43 7F 00 90 43 7F 83 60 80 43 7F"));
+    EXPECT_EQ(doc.getMesureLast(), 2);
+  }
 }
 
 TEST(MidiExportEnd, ANoteRunningPastTheLastBarIsReleasedSoNoPlayerHangsOnIt) {

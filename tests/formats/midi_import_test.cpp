@@ -37,7 +37,7 @@ tNote note(const CVantoroTablature& doc, int p, int m, int c, int n = 1) {
   return t != nullptr ? *t : tNote{};
 }
 
-TEST(MidiImportTime, XRoundedHalfToEvenDurationsTruncated) {
+TEST(MidiImportTime, XRoundedHalfToEvenDurationsTruncatedNotesNeverReleasedRunToTheEnd) {
   CVantoroTablature doc;
   // Division 96: a file tick is half a document tick.
   const Octets f = smf(
@@ -48,22 +48,20 @@ TEST(MidiImportTime, XRoundedHalfToEvenDurationsTruncated) {
                               note(doc, 1, 1, 2).intX, note(doc, 1, 1, 3).intX,
                               note(doc, 1, 1, 3).bytDurée}),
             (std::vector<int>{0, 1, 2, 4, 2}));
+  // A Note On of velocity 0 releases; a note never released runs to the track's end.
+  CVantoroTablature rel;
+  const Octets relâche = smf(1, 96,
+                             {PisteMidi()
+                                  .on(0, 64, 90)
+                                  .on(48, 64, 0)   // Note On of velocity 0
+                                  .on(96, 59, 70)  // never released
+                                  .fin(384)});
+  ASSERT_TRUE(convertir(relâche, {0}, rel).ok());
+  EXPECT_EQ(note(rel, 1, 1, 1), (tNote{0, 24, 0, 0, 0, 0, 90}));
+  EXPECT_EQ(note(rel, 1, 1, 2), (tNote{0, 144, 48, 0, 0, 0, 70}));  // to the track's end
 }
 
-TEST(MidiImportTime, ReleasesAndNotesNeverReleased) {
-  CVantoroTablature doc;
-  const Octets f = smf(1, 96,
-                       {PisteMidi()
-                            .on(0, 64, 90)
-                            .on(48, 64, 0)   // Note On of velocity 0
-                            .on(96, 59, 70)  // never released
-                            .fin(384)});
-  ASSERT_TRUE(convertir(f, {0}, doc).ok());
-  EXPECT_EQ(note(doc, 1, 1, 1), (tNote{0, 24, 0, 0, 0, 0, 90}));
-  EXPECT_EQ(note(doc, 1, 1, 2), (tNote{0, 144, 48, 0, 0, 0, 70}));  // to the track's end
-}
-
-TEST(MidiImportStrings, ChordsTakeSuccessiveStringsFromTheTop) {
+TEST(MidiImportStrings, ChordsTakeSuccessiveStringsFromTheTopNotesBelowThemAreDropped) {
   CVantoroTablature doc;
   PisteMidi p;
   for (int h : {48, 52, 55})  // C major, low
@@ -77,22 +75,19 @@ TEST(MidiImportStrings, ChordsTakeSuccessiveStringsFromTheTop) {
   // C3 E3 G3 on strings 5, 4, 3; then the same E4 three times: the next string down each time.
   EXPECT_EQ(test::notes(doc), (std::vector<std::string>{"1:1:48:0", "1:2:48:5", "1:3:0:0",
                                                         "1:3:48:9", "1:4:0:2", "1:5:0:3"}));
-}
-
-TEST(MidiImportStrings, DroppedBelowTheStringsKeptAboveTheFrets) {
-  CVantoroTablature doc;
   // Below the low E: dropped; string 1 fret 36; a second E2 has no string left.
-  const Octets f = smf(1, 96,
-                       {PisteMidi()
-                            .on(0, 39)
-                            .on(0, 100)
-                            .off(48, 39)
-                            .off(48, 100)
-                            .on(96, 40)
-                            .on(96, 40, 100, 1)
-                            .fin(192)});
-  ASSERT_TRUE(convertir(f, {0}, doc).ok());
-  EXPECT_EQ(test::notes(doc), (std::vector<std::string>{"1:1:0:36", "1:6:48:0"}));
+  CVantoroTablature bas;
+  const Octets graves = smf(1, 96,
+                            {PisteMidi()
+                                 .on(0, 39)
+                                 .on(0, 100)
+                                 .off(48, 39)
+                                 .off(48, 100)
+                                 .on(96, 40)
+                                 .on(96, 40, 100, 1)
+                                 .fin(192)});
+  ASSERT_TRUE(convertir(graves, {0}, bas).ok());
+  EXPECT_EQ(test::notes(bas), (std::vector<std::string>{"1:1:0:36", "1:6:48:0"}));
   // A transposition is held to the MIDI range: 160 is 127, -40 is 0, below every string.
   const Octets do4 = smf(1, 96, {PisteMidi().on(0, 60).off(96, 60).fin(96)});
   for (const auto& [demiTons, attendu] : {std::pair{100, std::vector<std::string>{"1:1:0:63"}},
@@ -105,7 +100,7 @@ TEST(MidiImportStrings, DroppedBelowTheStringsKeptAboveTheFrets) {
   }
 }
 
-TEST(MidiImportMeta, SignaturesKeysAndBarsBeyondTheEnd) {
+TEST(MidiImportMeta, SignaturesKeysBarsBeyondTheEndAndPositionsPastTheLastBarDropped) {
   CVantoroTablature doc;
   PisteMidi p;
   p.meta(0, 0x58, std::string("\x03\x02\x18\x08", 4))
@@ -125,15 +120,13 @@ TEST(MidiImportMeta, SignaturesKeysAndBarsBeyondTheEnd) {
                         doc.getMesureTonalité(1), doc.getMesureTonalité(m),
                         doc.getNoteLast(1, 3, 1), doc.getMesureLast(), doc.getNoteLast(1, m, 1)}),
       (std::vector<int>{3, 3, 2, 2, 8 - 3 + 64, 8 - 3 + 64, 1, m, 1}));
-}
-
-TEST(MidiImportMeta, PositionsPastTheLastPossibleBarAreDropped) {
-  CVantoroTablature doc;
-  const Octets f =
+  // Positions past the last possible bar are dropped.
+  CVantoroTablature loin;
+  const Octets tard =
       smf(1, 96, {PisteMidi().on(0, 64).off(10, 64).on(0x0FFFFFF0, 64).fin(0x0FFFFFFF)});
-  ASSERT_TRUE(convertir(f, {0}, doc).ok());
-  EXPECT_LE(doc.getMesureLast(), kMaxMesures);
-  EXPECT_EQ(doc.getNoteLast(1, 1, 1), 1);
+  ASSERT_TRUE(convertir(tard, {0}, loin).ok());
+  EXPECT_LE(loin.getMesureLast(), kMaxMesures);
+  EXPECT_EQ(loin.getNoteLast(1, 1, 1), 1);
 }
 
 TEST(MidiImportMeta, TheFirstChunksTemposAreReadUnchosenSoThePieceKeepsItsSpeed) {
@@ -180,7 +173,7 @@ TEST(MidiImportMeta, HeadTextsAndATrackNameThatNamesItsTrackInsteadOfStandingAsA
   EXPECT_EQ(doc.getMesureTexteUpLast(1, 1), 3);  // the instrument name is not a text
 }
 
-TEST(MidiImportRmtf, AttributesBecomeEffectsAndAttacks) {
+TEST(MidiImportRmtf, AttributesBecomeEffectsAndAttacksTheTrackHeaderTheInstrument) {
   PisteMidi p;
   for (int a = 1; a <= 15; ++a) {
     p.meta(a * 12, 0x11, std::string{'\0', static_cast<char>(a)});
@@ -196,11 +189,11 @@ TEST(MidiImportRmtf, AttributesBecomeEffectsAndAttacks) {
   EXPECT_EQ(effets, (std::vector<int>{3, 4, 1, 2, 0, 0, 0, 0, 9, 24, 25, 20, 0, 0, 0}));
   EXPECT_EQ(attaques, (std::vector<int>{0, 0, 0, 0, 10, 0, 1, 2, 0, 0, 0, 0, 6, 9, 3}));
   EXPECT_EQ(doc.getMesureTexte(1, 1, 36, kVrai), "Roll");
-}
-
-TEST(MidiImportRmtf, TrackHeaderRestoresTheInstrumentAndHintsTheStrings) {
-  PisteMidi p;
-  p.meta(0, 0x10, std::string("\x01\x02\x40\x3B\x37\x32\x2D\x28\x23", 9))  // seven strings, capo 2
+  // The track header restores the instrument and hints the strings.
+  PisteMidi entête;
+  entête
+      .meta(0, 0x10,
+            std::string("\x01\x02\x40\x3B\x37\x32\x2D\x28\x23", 9))  // seven strings, capo 2
       .meta(0, 0x12,
             std::string("\x00\x01\x02\x02\x00\xFF\xFF"
                         "Am",
@@ -214,15 +207,15 @@ TEST(MidiImportRmtf, TrackHeaderRestoresTheInstrumentAndHintsTheStrings) {
       .off(96, 38)
       .off(96, 64)
       .off(96, 50);
-  CVantoroTablature doc;
-  ASSERT_TRUE(convertir(smf(1, 96, {p.fin(96)}), {0}, doc).ok());
-  EXPECT_EQ((std::vector<int>{doc.getGuitareNbrCordes(1), doc.getGuitareCapodastre(1),
-                              doc.getGuitareCorde(1, 7), doc.getMesureAccordLast(1, 1),
-                              doc.getMesureAccordCorde(1, 1, 1, 3),
-                              doc.getMesureAccordCorde(1, 1, 1, 7)}),
+  CVantoroTablature tête;
+  ASSERT_TRUE(convertir(smf(1, 96, {entête.fin(96)}), {0}, tête).ok());
+  EXPECT_EQ((std::vector<int>{tête.getGuitareNbrCordes(1), tête.getGuitareCapodastre(1),
+                              tête.getGuitareCorde(1, 7), tête.getMesureAccordLast(1, 1),
+                              tête.getMesureAccordCorde(1, 1, 1, 3),
+                              tête.getMesureAccordCorde(1, 1, 1, 7)}),
             (std::vector<int>{7, 2, 35, 1, 2, 255}));
-  EXPECT_EQ(test::notes(doc), (std::vector<std::string>{"1:1:0:0", "1:4:0:0", "1:7:0:3"}));
-  EXPECT_EQ(doc.getMesureAccordNom(1, 1, 1), "Am");
+  EXPECT_EQ(test::notes(tête), (std::vector<std::string>{"1:1:0:0", "1:4:0:0", "1:7:0:3"}));
+  EXPECT_EQ(tête.getMesureAccordNom(1, 1, 1), "Am");
 }
 
 TEST(MidiImportChoice, FormatZeroChannelsFillTheirTargetsWithTheirFirstProgramSoTheSoundsComeBack) {
@@ -243,7 +236,14 @@ TEST(MidiImportChoice, FormatZeroChannelsFillTheirTargetsWithTheirFirstProgramSo
             (std::vector<int>{33, kPatchParDéfaut}));
 }
 
-TEST(MidiImportChoice, Refusals) {
+TEST(MidiImportChoice, TheSourcesHoldingNotesAreChosenBeforehandAtMostSevenSoOkConvertsAtOnce) {
+  std::vector<MidiSource> s(10);
+  for (int i = 0; i < 10; ++i) {
+    s[static_cast<std::size_t>(i)].numéro = i;
+    s[static_cast<std::size_t>(i)].notes = i == 0 || i == 3 ? 0 : 5;
+  }
+  EXPECT_EQ(sourcesParDéfaut(s), (std::vector<int>{1, 2, 4, 5, 6, 7, 8}));
+  // Refusals: no target, a source without notes, an unknown command.
   const Octets f = smf(
       1, 96,
       {PisteMidi().meta(0, 0x03, "Conductor").fin(0), PisteMidi().on(0, 64).off(96, 64).fin(96)});
@@ -257,15 +257,6 @@ TEST(MidiImportChoice, Refusals) {
       convertir(smf(1, 96, {PisteMidi().on(0, 64).evt(5, {0xF9}).fin(9)}), {0}, doc);
   EXPECT_EQ(r.stringId, kMsgMidiCommandeInconnue);
   EXPECT_EQ(r.détail, "F9");
-}
-
-TEST(MidiImportChoice, TheSourcesHoldingNotesAreChosenBeforehandAtMostSevenSoOkConvertsAtOnce) {
-  std::vector<MidiSource> s(10);
-  for (int i = 0; i < 10; ++i) {
-    s[static_cast<std::size_t>(i)].numéro = i;
-    s[static_cast<std::size_t>(i)].notes = i == 0 || i == 3 ? 0 : 5;
-  }
-  EXPECT_EQ(sourcesParDéfaut(s), (std::vector<int>{1, 2, 4, 5, 6, 7, 8}));
 }
 
 TEST(MidiImportSteps, ReportedInOrderWithProgress) {

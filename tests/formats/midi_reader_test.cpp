@@ -34,16 +34,6 @@ V notes(const PisteMidiLue& p) {
   return v;
 }
 
-TEST(Hex, PaddingAndBytes) {
-  // hexPad2 never cuts.
-  EXPECT_EQ((std::vector<std::string>{hexPad2(0x5), hexPad2(0x1AB), hexPad6(500000), hexPad8(0),
-                                      hexPadEven("ABC"), hexPadEven("AB"), textToHex("Ab")}),
-            (std::vector<std::string>{"05", "1AB", "07A120", "00000000", "0ABC", "AB", "4162"}));
-  EXPECT_EQ(hexToBytes("0"), test::octets({0}));
-  EXPECT_EQ(hexToBytes("4D5468"), test::octets({0x4D, 0x54, 0x68}));
-  EXPECT_EQ(hexToBytes("4D5"), test::octets({0x4D, 0x05}));
-}
-
 TEST(Hex, VariableLengthQuantities) {
   // Held to four bytes.
   EXPECT_EQ((std::vector<std::string>{bytesToVarLen(0), bytesToVarLen(0x7F), bytesToVarLen(0x80),
@@ -55,15 +45,21 @@ TEST(Hex, VariableLengthQuantities) {
   // Never more than four bytes are read, whatever follows.
   EXPECT_EQ(varLenToNumber(test::octets({0x81, 0x80, 0x80, 0x80, 0x80, 0x00})), 0x0200000u);
   EXPECT_EQ(bytesToNumber(test::octets({0x07, 0xA1, 0x20})), 500000u);
-}
-
-TEST(Hex, WheelLowSevenBitsFirst) {
+  // Padding and bytes.
+  // hexPad2 never cuts.
+  EXPECT_EQ((std::vector<std::string>{hexPad2(0x5), hexPad2(0x1AB), hexPad6(500000), hexPad8(0),
+                                      hexPadEven("ABC"), hexPadEven("AB"), textToHex("Ab")}),
+            (std::vector<std::string>{"05", "1AB", "07A120", "00000000", "0ABC", "AB", "4162"}));
+  EXPECT_EQ(hexToBytes("0"), test::octets({0}));
+  EXPECT_EQ(hexToBytes("4D5468"), test::octets({0x4D, 0x54, 0x68}));
+  EXPECT_EQ(hexToBytes("4D5"), test::octets({0x4D, 0x05}));
+  // The wheel: low seven bits first.
   EXPECT_EQ((std::vector<std::string>{wheelToHex(8192), wheelToHex(9536), wheelToHex(16383),
                                       wheelToHex(-5)}),
             (std::vector<std::string>{"0040", "404A", "7F7F", "0000"}));
 }
 
-TEST(MidiReaderHeader, RefusalsBeforeAnyTrack) {
+TEST(MidiReaderHeader, RefusalsBeforeAnyTrackThenChunksFollowTheHeaderLength) {
   const std::string un = "4D 54 68 64 00 00 00 06 00 01 00 01 ", piste = " 4D 54 72 6B 00 00 00 00";
   const std::pair<std::string, int> cas[] = {
       {"", kMsgMidiInvalide},
@@ -80,9 +76,7 @@ TEST(MidiReaderHeader, RefusalsBeforeAnyTrack) {
     const InterchangeResult r = lireMidi(deHex(octets), f);
     EXPECT_EQ(r.ok() ? 0 : r.stringId, id) << octets;
   }
-}
-
-TEST(MidiReaderHeader, ChunksFollowTheHeaderLengthOthersSkippedFormatZeroNoticed) {
+  // Chunks follow the header's length, others are skipped, format 0 is noticed.
   MidiFichier f;
   const InterchangeResult r =
       lireMidi(deHex("4D 54 68 64 00 00 00 08 00 00 00 01 00 60 AA BB 58 59 5A 57 00 00 00 02 01 "
@@ -96,7 +90,7 @@ TEST(MidiReaderHeader, ChunksFollowTheHeaderLengthOthersSkippedFormatZeroNoticed
             (std::vector<std::size_t>{0, 34, 4}));
 }
 
-TEST(MidiReaderEvents, RunningStatusReleasesAndChannels) {
+TEST(MidiReaderEvents, RunningStatusReleasesChannelsMetaEventsAndRmtfNoteEvents) {
   PisteMidiLue p;
   // Running status, a Note Off and a running one, a velocity 0.
   ASSERT_TRUE(
@@ -106,10 +100,8 @@ TEST(MidiReaderEvents, RunningStatusReleasesAndChannels) {
                          "112:3:67:0:0:0"}));
   EXPECT_EQ((std::vector<long>{p.événements, p.notesParCanal[0], p.fin}),
             (std::vector<long>{6, 2, 112}));
-}
-
-TEST(MidiReaderEvents, MetaEventsAndTheRmtfNoteEventBelongsToTheNextNoteStart) {
-  PisteMidiLue p;
+  // Meta-events; the RMTF note event belongs to the next note start.
+  PisteMidiLue m;
   ASSERT_TRUE(lirePiste("00 FF 03 02 47 74 "
                         "00 FF 03 02 58 58 "  // only the first names the track
                         "00 FF 51 03 07 A1 20 00 FF 58 04 06 03 18 08 00 FF 59 02 FD 01 "
@@ -119,22 +111,22 @@ TEST(MidiReaderEvents, MetaEventsAndTheRmtfNoteEventBelongsToTheNextNoteStart) {
                         "00 90 3C 64 00 90 3E 64 00 FF 11 01 03 00 90 40 64 "
                         "00 C2 1E 00 C2 1F 00 FF 06 01 4D 00 FF 2F 00 "
                         "00 90 46 64",  // after the end: not read
-                        p)
+                        m)
                   .ok());
-  EXPECT_EQ(p.nom, "Gt");
-  ASSERT_EQ((std::vector<std::size_t>{p.tempos.size(), p.signatures.size(), p.tonalités.size(),
-                                      p.accords.size(), p.textes.size()}),
+  EXPECT_EQ(m.nom, "Gt");
+  ASSERT_EQ((std::vector<std::size_t>{m.tempos.size(), m.signatures.size(), m.tonalités.size(),
+                                      m.accords.size(), m.textes.size()}),
             (std::vector<std::size_t>{1, 1, 1, 1, 3}));
   // Tempo, signature, key, head of the track (strings, capo, string 4), program of channel 3.
-  EXPECT_EQ((std::vector<int>{p.tempos[0].a, p.signatures[0].a, p.signatures[0].b, p.tonalités[0].a,
-                              p.tonalités[0].b, p.tête.présente, p.tête.cordes, p.tête.capodastre,
-                              p.tête.ouvertes[4], p.programmes[2], p.textes[2].type}),
+  EXPECT_EQ((std::vector<int>{m.tempos[0].a, m.signatures[0].a, m.signatures[0].b, m.tonalités[0].a,
+                              m.tonalités[0].b, m.tête.présente, m.tête.cordes, m.tête.capodastre,
+                              m.tête.ouvertes[4], m.programmes[2], m.textes[2].type}),
             (std::vector<int>{500000, 6, 3, -3, 1, 1, 4, 3, 47, 30, 6}));
-  EXPECT_EQ(p.accords[0].données, std::string("\0\2\2\1E", 5));
-  EXPECT_EQ(notes(p), (V{"0:0:40:0:0:0", "0:0:60:100:2:12", "0:0:62:100:0:0", "0:0:64:100:4:0"}));
+  EXPECT_EQ(m.accords[0].données, std::string("\0\2\2\1E", 5));
+  EXPECT_EQ(notes(m), (V{"0:0:40:0:0:0", "0:0:60:100:2:12", "0:0:62:100:0:0", "0:0:64:100:4:0"}));
 }
 
-TEST(MidiReaderBroken, UnknownStatusDataWithoutStatusAndLongQuantities) {
+TEST(MidiReaderBroken, UnknownStatusDataWithoutStatusLongQuantitiesAndBrokenSystemExclusive) {
   const struct {
     std::string octets, détail;
     std::size_t notes;  // what came before stays
@@ -147,10 +139,30 @@ TEST(MidiReaderBroken, UnknownStatusDataWithoutStatusAndLongQuantities) {
     EXPECT_EQ(p.notes.size(), k.notes);
   }
   // Quantities are at most four bytes.
-  PisteMidiLue p;
-  EXPECT_EQ(lirePiste("81 80 80 80 00 90 3C 01", p).stringId, kMsgMidiErreur);
-  ASSERT_TRUE(lirePiste("FF FF FF 7F 90 3C 01", p).ok());
-  EXPECT_EQ(p.notes.at(0).tick, 0x0FFFFFFF);
+  PisteMidiLue longue;
+  EXPECT_EQ(lirePiste("81 80 80 80 00 90 3C 01", longue).stringId, kMsgMidiErreur);
+  ASSERT_TRUE(lirePiste("FF FF FF 7F 90 3C 01", longue).ok());
+  EXPECT_EQ(longue.notes.at(0).tick, 0x0FFFFFFF);
+  // System exclusive without its end, or longer than the track.
+  const struct {
+    const char *quoi, *octets;
+    std::size_t notes;
+    std::size_t textes;
+  } sysex[] = {
+      {"no F7 at the end: the length still says where it stops", "00 F0 02 41 10 00 90 3C 64", 1,
+       0},
+      {"a length past the chunk ends the track", "00 F0 8F 7F 41 00 90 3C 64", 0, 0},
+      {"so does a meta-event that claims more than there is", "00 FF 01 7F 61 62", 0, 1},
+  };
+  for (const auto& k : sysex) {
+    SCOPED_TRACE(k.quoi);
+    PisteMidiLue q;
+    ASSERT_TRUE(lirePiste(k.octets, q).ok());
+    EXPECT_EQ(q.notes.size(), k.notes);
+    EXPECT_EQ(q.textes.size(), k.textes);
+    for (const MidiTexte& t : q.textes)
+      EXPECT_EQ(t.texte, "ab");
+  }
 }
 
 TEST(MidiReaderBroken, CutShortAnywhereKeepsWhatItHolds) {
@@ -172,28 +184,6 @@ TEST(MidiReaderBroken, CutShortAnywhereKeepsWhatItHolds) {
     PisteMidiLue p;
     EXPECT_TRUE(lirePisteMidi(f, 0, p).ok()) << n;
     EXPECT_EQ(p.notes.size(), n >= 26 ? (n >= 30 ? 2u : 1u) : 0u) << n;
-  }
-}
-
-TEST(MidiReaderBroken, SystemExclusiveWithoutItsEndOrLongerThanTheTrack) {
-  const struct {
-    const char *quoi, *octets;
-    std::size_t notes;
-    std::size_t textes;
-  } cas[] = {
-      {"no F7 at the end: the length still says where it stops", "00 F0 02 41 10 00 90 3C 64", 1,
-       0},
-      {"a length past the chunk ends the track", "00 F0 8F 7F 41 00 90 3C 64", 0, 0},
-      {"so does a meta-event that claims more than there is", "00 FF 01 7F 61 62", 0, 1},
-  };
-  for (const auto& k : cas) {
-    SCOPED_TRACE(k.quoi);
-    PisteMidiLue p;
-    ASSERT_TRUE(lirePiste(k.octets, p).ok());
-    EXPECT_EQ(p.notes.size(), k.notes);
-    EXPECT_EQ(p.textes.size(), k.textes);
-    for (const MidiTexte& t : p.textes)
-      EXPECT_EQ(t.texte, "ab");
   }
 }
 

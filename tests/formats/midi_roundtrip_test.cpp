@@ -126,9 +126,9 @@ TEST(MidiRoundTrip, StringsFretsAndEffectsComeBackWithRmtf) {
   };
   for (const Cas& k : cas) {
     const tNote n = noteA(retour, 1, 1, k.c, k.x);
-    EXPECT_EQ(n.bytCase, k.frette) << k.c << "@" << k.x;
-    EXPECT_EQ(n.bytEffet, k.effet) << k.c << "@" << k.x;
-    EXPECT_EQ(n.bytAttaque, k.attaque) << k.c << "@" << k.x;
+    EXPECT_EQ((std::vector<int>{n.bytCase, n.bytEffet, n.bytAttaque}),
+              (std::vector<int>{k.frette, k.effet, k.attaque}))
+        << k.c << "@" << k.x;
   }
   // A glide has no Note On of its own: the slide or bend comes back as one
   // note that lasts to the end of its target.

@@ -15,9 +15,20 @@ using Octets = std::vector<std::uint8_t>;
 // A header of the format and division, then one MTrk chunk per entry.
 inline Octets smf(int format, int division, const std::vector<Octets>& pistes) {
   const auto n = static_cast<int>(pistes.size());
-  Octets o{'M', 'T', 'h', 'd', 0, 0, 0, 6, 0, static_cast<std::uint8_t>(format),
-           static_cast<std::uint8_t>(n >> 8), static_cast<std::uint8_t>(n),
-           static_cast<std::uint8_t>(division >> 8), static_cast<std::uint8_t>(division)};
+  Octets o{'M',
+           'T',
+           'h',
+           'd',
+           0,
+           0,
+           0,
+           6,
+           0,
+           static_cast<std::uint8_t>(format),
+           static_cast<std::uint8_t>(n >> 8),
+           static_cast<std::uint8_t>(n),
+           static_cast<std::uint8_t>(division >> 8),
+           static_cast<std::uint8_t>(division)};
   for (const Octets& p : pistes) {
     const auto t = static_cast<std::uint32_t>(p.size());
     o.insert(o.end(), {'M', 'T', 'r', 'k', static_cast<std::uint8_t>(t >> 24),
@@ -44,7 +55,8 @@ class PisteMidi {
   }
   PisteMidi& evt(long tick, std::initializer_list<int> octets) {
     delta(tick);
-    for (int b : octets) m_o.push_back(static_cast<std::uint8_t>(b));
+    for (int b : octets)
+      m_o.push_back(static_cast<std::uint8_t>(b));
     return *this;
   }
   Octets fin(long tick) {

@@ -27,16 +27,14 @@ V vue(const Enregistreur& r, std::optional<E> type = std::nullopt) {
   return v;
 }
 
-TEST(MidiWalkNotes, OnAndOffAtTheirTicksWithVolumeAsVelocityTheOldNoteEndingFirst) {
+TEST(MidiWalkNotes, OnAndOffAtTheirTicksWithVolumeAsVelocityAndARestRightAfterANoteRingsOn) {
   CVantoroTablature doc = test::document(1);
   poser(doc, 1, 1, 1, 0, 3, 48, 0, 0, 95);
   poser(doc, 1, 1, 1, 48, 5, 24);
   EXPECT_EQ(vue(marcher(doc)),
             (V{"0:1 90 43 5F", "48:1 80 43 7F", "48:1 90 45 7F", "72:1 80 45 7F"}));
-}
-
-TEST(MidiWalkNotes, RestRightAfterANoteLetsItRingOnButNotAfterAGap) {
-  CVantoroTablature doc = test::document(1);
+  // A rest right after a note lets it ring on, but not after a gap.
+  doc = test::document(1);
   poser(doc, 1, 1, 1, 0, 3, 48);
   doc.setNoteWhole(1, 1, 1, 48, kCaseVide, 48);  // blank note at once: rings on
   poser(doc, 1, 1, 2, 0, 3, 24);
@@ -44,7 +42,7 @@ TEST(MidiWalkNotes, RestRightAfterANoteLetsItRingOnButNotAfterAGap) {
   EXPECT_EQ(vue(marcher(doc), E::NoteOff), (V{"24:2 80 3E 7F", "96:1 80 43 7F"}));
 }
 
-TEST(MidiWalkNotes, TiesAddTheFollowingNotesAndEndOneTickEarlyAcrossABarLine) {
+TEST(MidiWalkNotes, TiesEndOneTickEarlyAcrossABarLineHarmonicsSoundAtTheirNodeDeadNotesOneTick) {
   CVantoroTablature doc = test::document(2);
   // Within the bar: a chain of two ties, exact.
   poser(doc, 1, 1, 1, 0, 5, 48, effet::kLiaison);
@@ -56,10 +54,8 @@ TEST(MidiWalkNotes, TiesAddTheFollowingNotesAndEndOneTickEarlyAcrossABarLine) {
   const Enregistreur r = marcher(doc);
   EXPECT_EQ(vue(r), (V{"0:1 90 45 7F", "120:1 80 45 7F", "144:2 90 42 7F", "239:2 80 42 7F"}));
   EXPECT_EQ(std::make_pair(r.evts[3].e.mesure, r.evts[3].e.x), std::make_pair(2, 47));
-}
-
-TEST(MidiWalkNotes, HarmonicsSoundAtTheirNodeArtificialOnesAnOctaveUpDeadNotesOneTick) {
-  CVantoroTablature doc = test::document(1);
+  // Harmonics sound at their node, artificial ones an octave up; dead notes last one tick.
+  doc = test::document(1);
   const std::pair<int, int> cas[] = {{12, 12}, {7, 19}, {5, 24}, {9, 28}, {4, 28}, {3, 3}};
   int x = 0;
   for (const auto& [frette, sonore] : cas) {
@@ -68,26 +64,41 @@ TEST(MidiWalkNotes, HarmonicsSoundAtTheirNodeArtificialOnesAnOctaveUpDeadNotesOn
   }
   poser(doc, 1, 1, 1, 0, 3, 24, 0, attaque::kHarmoniqueArtificielle);
   poser(doc, 1, 1, 3, 10, 0, 48, 0, attaque::kDeadNote);
-  const Enregistreur r = marcher(doc);
+  const Enregistreur h = marcher(doc);
   std::vector<int> hauteurs;
-  for (const auto& e : r.deType(E::NoteOn))
+  for (const auto& e : h.deType(E::NoteOn))
     hauteurs.push_back(e.e.octets[1]);
   EXPECT_EQ(hauteurs, (std::vector<int>{64 + 15, 52, 55, 59, 64, 68, 68, 43}));
-  const V off = vue(r, E::NoteOff);
+  const V off = vue(h, E::NoteOff);
   EXPECT_NE(std::find(off.begin(), off.end(), "11:3 80 37 7F"), off.end());
 }
 
-TEST(MidiWalkEffects, VibratoControllerAfterTheNoteAndResetBeforeTheNext) {
+TEST(MidiWalkEffects, VibratoControllerAfterTheNoteAndWholeToneModeStepsNotDoubled) {
   CVantoroTablature doc = test::document(1);
   poser(doc, 1, 1, 1, 0, 3, 48, effet::kVibrato);
   poser(doc, 1, 1, 1, 48, 3, 48);
   EXPECT_EQ(vue(marcher(doc)), (V{"0:1 90 43 7F", "0:0 B0 01 32", "48:1 80 43 7F", "48:0 B0 01 00",
                                   "48:1 90 43 7F", "96:1 80 43 7F"}));
+  // Whole-tone mode steps in wheel units, not doubled.
+  doc = test::document(1);
+  poser(doc, 1, 1, 1, 0, 5, 48, effet::kSlideDown);
+  poser(doc, 1, 1, 1, 48, 3, 48);  // diff -2, within 64 \ 32 = 2
+  poser(doc, 1, 1, 2, 0, 5, 48, effet::kBendDown);
+  poser(doc, 1, 1, 2, 48, 8, 48);  // diff 3: held to 2, and the next note is struck
+  WalkOptions o;
+  o.effets.setMIDIEffet1Ton = -1;
+  const Enregistreur r = marcher(doc, o);
+  std::vector<int> premiers;
+  for (const auto& e : r.deType(E::PitchWheel))
+    if (e.e.temps == 2) premiers.push_back((e.e.octets[2] << 7 | e.e.octets[1]) - 8192);
+  // (32 * diff * 256) / 48 = -341.33 and 341.33
+  EXPECT_EQ(premiers, (std::vector<int>{-341, 341}));
+  EXPECT_EQ(vue(r, E::NoteOn), (V{"0:1 90 45 7F", "0:2 90 40 7F", "48:2 90 43 7F"}));
 }
 
 // A bend up from fret 5 to fret 7 over 48 ticks, range 12: the step is
 // (2 * 8192 / 12) / 48 = 28.44, rounded 28, doubled for every second tick.
-TEST(MidiWalkEffects, GlideOverTheBendRangeEverySecondTickWithoutANewAttack) {
+TEST(MidiWalkEffects, GlideOverTheBendRangeEverySecondTickWithoutANewAttackAndAcrossABarLine) {
   CVantoroTablature doc = test::document(1);
   poser(doc, 1, 1, 1, 0, 5, 48, effet::kBendUp);
   poser(doc, 1, 1, 1, 48, 7, 48);
@@ -104,10 +115,8 @@ TEST(MidiWalkEffects, GlideOverTheBendRangeEverySecondTickWithoutANewAttack) {
   // The bent note glides into fret 7 and releases the pitch that was struck.
   EXPECT_EQ(vue(r, E::NoteOn), (V{"0:1 90 45 7F", "96:1 90 43 7F"}));
   EXPECT_EQ(vue(r, E::NoteOff), (V{"96:1 80 45 7F", "144:1 80 43 7F"}));
-}
-
-TEST(MidiWalkEffects, GlideWiderThanTheRangeTakesTheWholeRangeAndCrossesABarLine) {
-  CVantoroTablature doc = test::document(2);
+  // A glide wider than the range takes the whole range.
+  doc = test::document(2);
   poser(doc, 1, 1, 1, 0, 5, 48, effet::kSlideUp);
   poser(doc, 1, 1, 1, 48, 9, 48);
   WalkOptions o;
@@ -115,31 +124,14 @@ TEST(MidiWalkEffects, GlideWiderThanTheRangeTakesTheWholeRangeAndCrossesABarLine
   EXPECT_EQ(vue(marcher(doc, o), E::PitchWheel)[0], "2:1 E0 56 42");  // 8192 + 342
 
   // The target at X 0 of the next bar: 48 ticks of glide from X 144, no new attack.
-  CVantoroTablature deux = test::document(2);
-  poser(deux, 1, 1, 1, 144, 5, 48, effet::kSlideUp);
-  poser(deux, 1, 2, 1, 0, 7, 48);
-  const Enregistreur r = marcher(deux);
-  const V roues = vue(r, E::PitchWheel);
+  doc = test::document(2);
+  poser(doc, 1, 1, 1, 144, 5, 48, effet::kSlideUp);
+  poser(doc, 1, 2, 1, 0, 7, 48);
+  const Enregistreur barre = marcher(doc);
+  const V roues = vue(barre, E::PitchWheel);
   ASSERT_EQ(roues.size(), 24u);
   EXPECT_EQ(roues.front().substr(0, 6), "146:1 ");
-  EXPECT_EQ(r.deType(E::NoteOn).size(), 1u);
-}
-
-TEST(MidiWalkEffects, WholeToneModeStepsInWheelUnitsNotDoubled) {
-  CVantoroTablature doc = test::document(1);
-  poser(doc, 1, 1, 1, 0, 5, 48, effet::kSlideDown);
-  poser(doc, 1, 1, 1, 48, 3, 48);  // diff -2, within 64 \ 32 = 2
-  poser(doc, 1, 1, 2, 0, 5, 48, effet::kBendDown);
-  poser(doc, 1, 1, 2, 48, 8, 48);  // diff 3: held to 2, and the next note is struck
-  WalkOptions o;
-  o.effets.setMIDIEffet1Ton = -1;
-  const Enregistreur r = marcher(doc, o);
-  std::vector<int> premiers;
-  for (const auto& e : r.deType(E::PitchWheel))
-    if (e.e.temps == 2) premiers.push_back((e.e.octets[2] << 7 | e.e.octets[1]) - 8192);
-  // (32 * diff * 256) / 48 = -341.33 and 341.33
-  EXPECT_EQ(premiers, (std::vector<int>{-341, 341}));
-  EXPECT_EQ(vue(r, E::NoteOn), (V{"0:1 90 45 7F", "0:2 90 40 7F", "48:2 90 43 7F"}));
+  EXPECT_EQ(barre.deType(E::NoteOn).size(), 1u);
 }
 
 TEST(MidiWalkRepeats, APassagePlaysDataPlusOneTimesFromTheLeftRepeatOrTheStart) {

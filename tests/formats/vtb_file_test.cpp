@@ -63,7 +63,7 @@ TEST_F(VtbFile, SaveThenOpen) {
   EXPECT_EQ(*r.document, test::contenuStocké(d));
 }
 
-TEST_F(VtbFile, SaveReplacesALongerFileWholeAndKeepsItsPermissions) {
+TEST_F(VtbFile, SaveReplacesALongerFileWholeKeepsItsPermissionsAndFollowsALink) {
   const fs::path f = dossier_ / "piece.vtb";
   poser(f, std::string(5000, 'x'));
   ::chmod(f.c_str(), 0640);
@@ -74,14 +74,11 @@ TEST_F(VtbFile, SaveReplacesALongerFileWholeAndKeepsItsPermissions) {
   struct stat st {};
   ASSERT_EQ(::stat(f.c_str(), &st), 0);
   EXPECT_EQ(st.st_mode & 0777, 0640u);
-}
-
-TEST_F(VtbFile, SaveThroughALinkReplacesWhatItPointsTo) {
+  // Through a link, the save replaces what it points to.
   const fs::path vrai = dossier_ / "real.vtb";
   const fs::path lien = dossier_ / "link.vtb";
   poser(vrai, "old");
   fs::create_symlink(vrai, lien);
-  CVantoroTablature d;
   ASSERT_TRUE(io_enregistrer_vtb(d, lien).ok());
   EXPECT_TRUE(fs::is_symlink(lien));
   EXPECT_EQ(contenu(vrai).substr(0, 3), "VTB");

@@ -150,7 +150,7 @@ void vérifierHistoire(const CVantoroTablature& d) {
   EXPECT_EQ(validateDocument(d), "");
 }
 
-TEST(VtbRead, Version5EventsTextsAndChords) {
+TEST(VtbRead, Version5EventsTextsAndChordsAndAnUnknownTuningKeepsTheInstrument) {
   const VtbLecture r = lire(test::fichierVersion5({64, 59, 55, 50, 45, 38}));
   ASSERT_TRUE(r.ok()) << r.détail;
   const CVantoroTablature& d = *r.document;
@@ -168,15 +168,13 @@ TEST(VtbRead, Version5EventsTextsAndChords) {
       (std::vector<std::string>{d.piste(1).strGuitareNom, d.getMesureTexte(1, 1, 48, kFaux),
                                 d.getMesureAccordNom(1, 1, 1), d.getMesureAccordNom(1, 2, 1)}),
       (std::vector<std::string>{"Drop D guitar", "doux", "C", "G"}));
-}
-
-TEST(VtbRead, Version5WithAnUnknownTuningKeepsTheCurrentInstrument) {
-  const VtbLecture r = lire(test::fichierVersion5({62, 57, 53, 48, 43, 36}));
-  ASSERT_TRUE(r.ok()) << r.détail;
-  EXPECT_EQ(std::pair(r.setGuitare, r.guitare), std::pair(0, test::guitareInconnue()));
-  EXPECT_EQ(std::pair(r.document->piste(1).bytNbrCordes, r.document->piste(1).bytCordes[6]),
+  // With an unknown tuning the current instrument stays.
+  const VtbLecture u = lire(test::fichierVersion5({62, 57, 53, 48, 43, 36}));
+  ASSERT_TRUE(u.ok()) << u.détail;
+  EXPECT_EQ(std::pair(u.setGuitare, u.guitare), std::pair(0, test::guitareInconnue()));
+  EXPECT_EQ(std::pair(u.document->piste(1).bytNbrCordes, u.document->piste(1).bytCordes[6]),
             std::pair(byt{6}, byt{36}));
-  vérifierHistoire(*r.document);
+  vérifierHistoire(*u.document);
 }
 
 TEST(VtbRead, Version4TakesTheFirstInstrument) {
@@ -285,7 +283,7 @@ TEST(VtbDamage, RandomCorruptionNeverBreaksTheReader) {
   }
 }
 
-TEST(VtbDamage, CountsBeyondTheBytesAreRefusedBeforeAnythingIsBuilt) {
+TEST(VtbDamage, CountsBeyondTheBytesOrStringCountsOutsideOneToSevenAreRefused) {
   // 255 tracks of 32767 bars announced by a file of a few bytes.
   test::Octets o;
   o.raw("VTB").b(8).b(255).bs({0, 0, 0, 0, 0}).b(120).b(0).b(0).be16(32767).raw("TRK0");
@@ -298,18 +296,16 @@ TEST(VtbDamage, CountsBeyondTheBytesAreRefusedBeforeAnythingIsBuilt) {
     z.v.resize(z.v.size() + 400000, 0);
     EXPECT_EQ(io_ouvrir_vtb(z.v, test::contexte()).messages, std::vector<int>{6005}) << mesures;
   }
-}
-
-TEST(VtbDamage, StringCountsOutsideOneToSevenAreRefused) {
+  // String counts outside one to seven.
   for (int cordes : {0, 8, 255}) {
-    test::Octets o = test::têteAncienne(6, 1);
+    o = test::têteAncienne(6, 1);
     o.raw("TRK").b(1).str("x").b(cordes);
     o.v.resize(o.v.size() + 300, 40);
     EXPECT_EQ(io_ouvrir_vtb(o.v, test::contexte()).messages, std::vector<int>{6005}) << cordes;
   }
 }
 
-TEST(VtbDamage, BodiesThatBreakTheRulesAreRefused) {
+TEST(VtbDamage, BodiesThatBreakTheRulesAreRefusedBytesAfterTheEndIgnored) {
   // Notes out of order on a string, and a zero denominator.
   test::Octets o;
   o.raw("VTB").b(8).b(1).bs({0, 0, 0, 0, 0}).b(120).b(0).b(0).be16(1).raw("TRK0");
@@ -323,9 +319,7 @@ TEST(VtbDamage, BodiesThatBreakTheRulesAreRefused) {
   ASSERT_EQ(o.v[21], 4);  // the bar's denominator
   o.v[21] = 0;
   EXPECT_EQ(io_ouvrir_vtb(o.v, test::contexte()).messages, std::vector<int>{6005});
-}
-
-TEST(VtbDamage, BytesAfterTheEndAreIgnored) {
+  // A file written over a longer one keeps the old tail behind END: ignored.
   // A file written over a longer one keeps the old tail behind "END".
   for (auto f : fichiers()) {
     if (f[3] < 6) continue;

@@ -31,33 +31,31 @@ Octets& pisteParDéfaut(Octets& o, int p, const std::string& instrument,
   return o;
 }
 
-TEST(VtbWrite, NewDocumentGivesTheListedBytes) {
+TEST(VtbWrite, NewDocumentGivesTheListedBytesTheHeadAuthorFirstAndOneByteTrackCount) {
   const CVantoroTablature d(test::guitare({64, 59, 55, 50, 45, 40}, 24, "Guitar"));
   Octets attendu;
   attendu.raw("VTB").b(8).b(1).bs({0, 0, 0, 0, 0}).b(120).b(0).b(0).be16(1).raw("TRK0");
   attendu.bs({8, 4, 4, 0, 0, 0, 0, 0});
   pisteParDéfaut(attendu, 1, "Guitar", {64, 59, 55, 50, 45, 40}, 1).raw("END");
   EXPECT_EQ(écrire(d), attendu.v);
-}
-
-TEST(VtbWrite, HeadTakesAuthorBeforeTitleAndOneByteTrackCount) {
-  CVantoroTablature d(test::guitare({40}, 24, "G"));
-  d.titre = "T";
-  d.Auteur = "Au";
-  d.Copy = "C";
-  d.SousTitre = "S";
-  d.Comments = "Co";
-  d.tempo = 200;
-  d.setTripleFeel(kVrai);
-  d.addPiste(1, test::guitare({40}, 24, "G"));
-  d.addMesure();
-  Octets attendu;
-  attendu.raw("VTB").b(8).b(2).str("Au").str("T").str("C").str("S").str("Co");
-  attendu.b(200).b(255).b(0).be16(2).raw("TRK0");
-  attendu.bs({8, 4, 4, 0, 0, 0, 0, 0}).bs({8, 4, 4, 0, 0, 0, 0, 0});
-  pisteParDéfaut(attendu, 1, "G", {40}, 2);
-  pisteParDéfaut(attendu, 2, "G", {40}, 2).raw("END");
-  EXPECT_EQ(écrire(d), attendu.v);
+  // The head takes the author before the title, and the track count in one byte.
+  CVantoroTablature tête(test::guitare({40}, 24, "G"));
+  tête.titre = "T";
+  tête.Auteur = "Au";
+  tête.Copy = "C";
+  tête.SousTitre = "S";
+  tête.Comments = "Co";
+  tête.tempo = 200;
+  tête.setTripleFeel(kVrai);
+  tête.addPiste(1, test::guitare({40}, 24, "G"));
+  tête.addMesure();
+  Octets octets;
+  octets.raw("VTB").b(8).b(2).str("Au").str("T").str("C").str("S").str("Co");
+  octets.b(200).b(255).b(0).be16(2).raw("TRK0");
+  octets.bs({8, 4, 4, 0, 0, 0, 0, 0}).bs({8, 4, 4, 0, 0, 0, 0, 0});
+  pisteParDéfaut(octets, 1, "G", {40}, 2);
+  pisteParDéfaut(octets, 2, "G", {40}, 2).raw("END");
+  EXPECT_EQ(écrire(tête), octets.v);
 }
 
 // The bytes of the first track's first bar, found behind its head.
@@ -110,7 +108,7 @@ TEST(VtbWrite, BankFlagsAndTrackNumbers) {
   EXPECT_EQ(tête(3), (std::vector<int>{3, 2, 0, 0, 0, 0, 2}));
 }
 
-TEST(VtbWrite, TextsOfAtMost255BytesAreWrittenLongerOnesRefused) {
+TEST(VtbWrite, TextsOver255BytesAndDocumentsBreakingTheirRulesAreNotWritten) {
   CVantoroTablature d;
   d.titre = std::string(255, 'x');
   EXPECT_TRUE(io_enregistrer_vtb(d).ok());
@@ -130,14 +128,12 @@ TEST(VtbWrite, TextsOfAtMost255BytesAreWrittenLongerOnesRefused) {
   e = io_enregistrer_vtb(d2);
   EXPECT_EQ(std::pair(e.message, e.détail),
             std::pair(msg::kTexteTropLong, std::string("track 1, bar 2: lower text at tick 12")));
-}
-
-TEST(VtbWrite, DocumentBreakingItsRulesIsNotWritten) {
-  CVantoroTablature d;
+  // A document breaking its rules: notes out of order, which the reader would refuse.
+  d = CVantoroTablature();
   OneBased<tNote>& notes = d.pisteMesure(1, 1)->tabCordes[2];
   notes.push_back(tNote{1, 12, 48, 0, 0, 0, 127});
-  notes.push_back(tNote{2, 12, 0, 0, 0, 0, 127});  // out of order: the reader would refuse it
-  const VtbEcriture e = io_enregistrer_vtb(d);
+  notes.push_back(tNote{2, 12, 0, 0, 0, 0, 127});
+  e = io_enregistrer_vtb(d);
   EXPECT_EQ(e.message, msg::kDocumentIncohérent);
   EXPECT_NE(e.détail.find("string 2"), std::string::npos);
 }
@@ -166,7 +162,7 @@ TEST(VtbRoundTrip, DocumentsOfRandomEdits) {
   }
 }
 
-TEST(VtbRoundTrip, LimitsOfTheFormat) {
+TEST(VtbRoundTrip, LimitsOfTheFormatAndReadingDoesNotDependOnTheCurrentInstrument) {
   CVantoroTablature d(test::guitare({64, 59, 55, 50, 45, 40, 35}, 255, std::string(255, '\xFF')));
   d.titre = std::string(255, 'T');
   // 255 notes on one string of a bar wide enough for them, 255 texts and chords.
@@ -189,9 +185,7 @@ TEST(VtbRoundTrip, LimitsOfTheFormat) {
     grand.addMesure();
   grand.setNoteWhole(255, 300, 2, 0, 5, 48);
   allerRetour(grand);
-}
-
-TEST(VtbRoundTrip, ReadingDoesNotDependOnTheCurrentInstrument) {
+  // Reading does not depend on the current instrument.
   const VtbEcriture e = io_enregistrer_vtb(test::documentRiche());
   ASSERT_TRUE(e.ok());
   const VtbLecture a = io_ouvrir_vtb(e.octets, test::contexte(test::guitareInconnue()));

@@ -55,18 +55,14 @@ TEST(FichierGammes, ReadsWholeRecordsOfAnyBytes) {
   EXPECT_EQ(nomGamme(f.gamme(1), kLangAnglais), "Major scale");
   // Bytes above 11 are kept as they are; control bytes show as "?", the
   // trailing NULs of a C writer's padding go with the blanks.
-  EXPECT_EQ(f.gamme(2).demitons[1], 12);
-  EXPECT_EQ(f.gamme(2).demitons[2], 254);
+  EXPECT_EQ(f.gamme(2).demitons, (Demitons{0, 12, 254, X, X, X, X, X, X, X, X, X}));
   EXPECT_EQ(nomGamme(f.gamme(2), kLangFrançais), "Mode??x?");
   EXPECT_FALSE(estMode(f.gamme(2))) << "the raw name starts with blanks";
   EXPECT_TRUE(estAccord(f.gamme(2), kLangAnglais));
   EXPECT_FALSE(estAccord(f.gamme(2), kLangFrançais));
-}
-
-TEST(FichierGammes, AMissingFileGivesNoRecordAndItsMessage) {
-  const auto f = FichierGammes::load(std::filesystem::path(VT_SOURCE_DIR) / "no such scales.dat");
-  EXPECT_EQ(f.count(), 0);
-  EXPECT_EQ(f.message(), 6001);
+  // A missing file: no record, and its message.
+  const auto absent = FichierGammes::load(std::filesystem::path(VT_SOURCE_DIR) / "no such.dat");
+  EXPECT_EQ(std::make_pair(absent.count(), absent.message()), std::make_pair(0, 6001));
 }
 
 TEST(Gamme, ModesTurnOntoTheirOwnRootOnlyWhenAsked) {
@@ -95,33 +91,19 @@ TEST(Gamme, ModesTurnOntoTheirOwnRootOnlyWhenAsked) {
   EXPECT_EQ(demitonsAffichés(gamme, 2), kDorien);
 }
 
-TEST(Gamme, Demitons2IntervalleNamesTwelveDistancesAndNothingElse) {
-  const std::array<const char*, 12> noms = {"1",  "2b", "2",  "3b", "3",  "4",
-                                            "5b", "5",  "6b", "6",  "7b", "7"};
-  for (int k = 0; k < 12; ++k)
-    EXPECT_EQ(demitons2intervalle(std::to_string(k)), noms[static_cast<std::size_t>(k)]);
-  for (const char* autre : {"", "12", "-1", "01", "255", " 1"})
-    EXPECT_EQ(demitons2intervalle(autre), "") << autre;
-}
-
-TEST(Gamme, TwoOctavesFoldOntoEachOther) {
+TEST(Gamme, TwoOctavesFoldOntoEachOtherPlayFromRootToRootAndLieOnEveryTunedString) {
   // G# (key 12) writes its bytes onto positions 12 to 23; the folding fills
-  // positions 1 to 11 and 24 from them.
+  // positions 1 to 11 and 24 from them: G (11) the seventh, A# (2) the second, no A (1).
   const auto n = chargeNotesGamme(kMajeure, 12);
   for (int p = 1; p <= 12; ++p) {
-    SCOPED_TRACE(p);
-    EXPECT_EQ(n.notes[p], n.notes[p + 12]);
-    EXPECT_EQ(n.intervalles[p], n.intervalles[p + 12]);
-    EXPECT_EQ(n.notes[p], !n.intervalles[p].empty());
+    EXPECT_EQ(std::make_pair(n.notes[p], n.intervalles[p]),
+              std::make_pair(n.notes[p + 12], n.intervalles[p + 12]))
+        << p;
+    EXPECT_EQ(n.notes[p], !n.intervalles[p].empty()) << p;
   }
-  EXPECT_EQ(n.intervalles[12], "0");
-  EXPECT_EQ(n.intervalles[24], "0");
-  EXPECT_EQ(n.intervalles[11], "11");  // G, the seventh of G# major
-  EXPECT_EQ(n.intervalles[2], "2");    // A#
-  EXPECT_FALSE(n.notes[1]);            // A
-}
-
-TEST(Gamme, PlaysTheOctaveFromRootToRoot) {
+  EXPECT_EQ((std::vector<std::string>{n.intervalles[12], n.intervalles[24], n.intervalles[11],
+                                      n.intervalles[2], n.intervalles[1]}),
+            (std::vector<std::string>{"0", "0", "11", "2", ""}));
   struct Cas {
     Demitons d;
     int tonalité;
@@ -131,12 +113,25 @@ TEST(Gamme, PlaysTheOctaveFromRootToRoot) {
   for (const Cas& c : {Cas{kMajeure, 4, {48, 50, 52, 53, 55, 57, 59, 60}},
                        Cas{kMajeure, 1, {45, 47, 49, 50, 52, 54, 56, 57}}, Cas{seule, 12, {56, 68}},
                        Cas{kDorien, 4, {48, 50, 52, 53, 55, 57, 59, 60}}}) {
-    SCOPED_TRACE(c.tonalité);
-    EXPECT_EQ(listeLecture(chargeNotesGamme(c.d, c.tonalité), c.tonalité), c.notes);
+    EXPECT_EQ(listeLecture(chargeNotesGamme(c.d, c.tonalité), c.tonalité), c.notes) << c.tonalité;
   }
+
+  // The places on the fretboard of every tuned string.
+  tGuitare basse;
+  basse.nbrCordes = 4;
+  basse.corde = {0, 43, 38, 33, 28, 0, 0, 0};
+  const auto la = chargeNotesGamme({0, X, X, X, X, X, X, X, X, X, X, X}, 1);  // A alone
+  const std::vector<tCaseGamme> attendu = {
+      {2, 1, 1},  {14, 1, 1}, {7, 2, 1}, {19, 2, 1}, {0, 3, 1},
+      {12, 3, 1}, {24, 3, 1}, {5, 4, 1}, {17, 4, 1},
+  };
+  EXPECT_EQ(casesGamme(la, basse), attendu);
+  // Every fret of a chromatic scale, on the six strings of the standard tuning.
+  const auto chromatique = chargeNotesGamme({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 5);
+  EXPECT_EQ(casesGamme(chromatique, tGuitare{}).size(), 6u * 25u);
 }
 
-TEST(Gamme, LabelsFollowTheSetting) {
+TEST(Gamme, LabelsFollowTheSettingIntervalsAndTitles) {
   const auto n = chargeNotesGamme(kMajeure, 4);  // C major
   struct Cas {
     int setGAMConst, setLang;
@@ -154,9 +149,16 @@ TEST(Gamme, LabelsFollowTheSetting) {
     EXPECT_EQ(etiquetteNote(n, 8, c.setGAMConst, c.setLang), c.tierce);
     EXPECT_EQ(texteConstruction(n, c.setGAMConst, c.setLang), c.texte);
   }
-}
 
-TEST(Gamme, TheTitleOfTheOneNoteRecordIsTheKeyAlone) {
+  // demitons2intervalle names twelve distances and nothing else.
+  const std::array<const char*, 12> noms = {"1",  "2b", "2",  "3b", "3",  "4",
+                                            "5b", "5",  "6b", "6",  "7b", "7"};
+  for (int k = 0; k < 12; ++k)
+    EXPECT_EQ(demitons2intervalle(std::to_string(k)), noms[static_cast<std::size_t>(k)]);
+  for (const char* autre : {"", "12", "-1", "01", "255", " 1"})
+    EXPECT_EQ(demitons2intervalle(autre), "") << autre;
+
+  // The title of the one-note record is the key alone.
   EXPECT_EQ(titreGamme("Major scale", nomTonalité(4, kLangAnglais), kLangAnglais),
             "Major scale of C");
   EXPECT_EQ(titreGamme("Gamme majeure", nomTonalité(12, kLangFrançais), kLangFrançais),
@@ -167,21 +169,6 @@ TEST(Gamme, TheTitleOfTheOneNoteRecordIsTheKeyAlone) {
   EXPECT_EQ(titreGamme("Single notes", "A", kLangAnglais), "A");
   EXPECT_EQ(titreGamme("Note seule!", "A", kLangFrançais), "Note seule! de A");
   EXPECT_EQ(nomTonalité(0, kLangAnglais), "");
-}
-
-TEST(Gamme, PlacesOnTheFretboardOfEveryTunedString) {
-  tGuitare basse;
-  basse.nbrCordes = 4;
-  basse.corde = {0, 43, 38, 33, 28, 0, 0, 0};
-  const auto n = chargeNotesGamme({0, X, X, X, X, X, X, X, X, X, X, X}, 1);  // A alone
-  const std::vector<tCaseGamme> attendu = {
-      {2, 1, 1},  {14, 1, 1}, {7, 2, 1}, {19, 2, 1}, {0, 3, 1},
-      {12, 3, 1}, {24, 3, 1}, {5, 4, 1}, {17, 4, 1},
-  };
-  EXPECT_EQ(casesGamme(n, basse), attendu);
-  // Every fret of a chromatic scale, on the six strings of the standard tuning.
-  const auto chromatique = chargeNotesGamme({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}, 5);
-  EXPECT_EQ(casesGamme(chromatique, tGuitare{}).size(), 6u * 25u);
 }
 
 const FichierGammes& livré() {
@@ -215,7 +202,7 @@ std::vector<std::string> lignes(const TonsDessinés& t, int optIdType, int setGA
 
 constexpr int C = 1, Cd = 2, D = 3, Dd = 4, E = 5, F = 6, Fd = 7, G = 8, Gd = 9, A = 10, B = 12;
 
-TEST(Harmony, ANoteFlipsItsPitchClassInEveryOctave) {
+TEST(Harmony, ANoteFlipsItsPitchClassInEveryOctaveOnEveryStringAndPitchesAreCBased) {
   TonsDessinés t{};
   EXPECT_TRUE(receiveNote(t, 60));
   EXPECT_EQ(t, tons({C}));
@@ -227,9 +214,7 @@ TEST(Harmony, ANoteFlipsItsPitchClassInEveryOctave) {
     EXPECT_FALSE(receiveNote(t, hors)) << hors;
     EXPECT_EQ(t, tons({B}));
   }
-}
-
-TEST(Harmony, PitchNamesAndFoldingAreCBased) {
+  // Pitch names and the folding are C-based.
   const std::array<const char*, 14> noms = {"",   "C", "C#", "D", "D#", "E", "F",
                                             "F#", "G", "G#", "A", "A#", "B", ""};
   for (int n = 0; n <= 13; ++n)
@@ -240,9 +225,19 @@ TEST(Harmony, PitchNamesAndFoldingAreCBased) {
     EXPECT_EQ(zob(n), n <= 12 ? n : n - 12) << n;
   for (int n = 1; n <= 12; ++n)
     EXPECT_EQ(tnumber2tname(n, kLangAnglais), nomTonalité(tonalitéDeTon(n), kLangAnglais));
+
+  // Drawn pitches lie on every string of the neck.
+  tGuitare g;  // standard tuning, six strings
+  const auto cases = casesHarmony(tons({C}), g);
+  // Octave shift by octave shift, string by string.
+  const std::vector<std::pair<int, int>> attendu = {{12, 7}, {24, 7}, {1, 2},  {3, 5},  {8, 1},
+                                                    {13, 2}, {5, 3},  {10, 4}, {15, 5}, {8, 6},
+                                                    {20, 1}, {17, 3}, {22, 4}, {20, 6}};
+  EXPECT_EQ(cases, attendu) << "string 7 has no tuning: its places lie off the board";
+  EXPECT_TRUE(casesHarmony(tons({}), g).empty());
 }
 
-TEST(Harmony, IdentificationOfTheShippedFile) {
+TEST(Harmony, IdentificationAndHarmonisationOfTheShippedFile) {
   using L = std::vector<std::string>;
   // No pitch: nothing, in both modes.
   EXPECT_EQ(lignes(tons({}), kIdentification), L{});
@@ -270,9 +265,8 @@ TEST(Harmony, IdentificationOfTheShippedFile) {
                           [](const std::string& l) { return l.ends_with("mode (II) of C"); }),
             1);
   EXPECT_EQ(std::find(parent.begin(), parent.end(), "Dorian mode (II) of D"), parent.end());
-}
 
-TEST(Harmony, HarmonisationListsEveryChordAtEveryDrawnRoot) {
+  // Harmonisation lists every chord at every drawn root.
   int accords = 0;
   for (const tGamme& g : livré().gammes())
     accords += estAccord(g, kLangAnglais) ? 1 : 0;
@@ -326,39 +320,33 @@ TEST(Harmony, EveryRecordOfTheShippedFileIsFoundFromItsOwnNotesAtEveryKey) {
     }
 }
 
-TEST(Harmony, DrawnPitchesLieOnEveryStringOfTheNeck) {
-  tGuitare g;  // standard tuning, six strings
-  const auto cases = casesHarmony(tons({C}), g);
-  // Octave shift by octave shift, string by string.
-  const std::vector<std::pair<int, int>> attendu = {{12, 7}, {24, 7}, {1, 2},  {3, 5},  {8, 1},
-                                                    {13, 2}, {5, 3},  {10, 4}, {15, 5}, {8, 6},
-                                                    {20, 1}, {17, 3}, {22, 4}, {20, 6}};
-  EXPECT_EQ(cases, attendu) << "string 7 has no tuning: its places lie off the board";
-  EXPECT_TRUE(casesHarmony(tons({}), g).empty());
-}
-
 TEST(Harmony, ChordRecordsFindTheirTypeInTheChordDictionary) {
-  const std::vector<std::pair<const char*, const char*>> types = {
-      {"Chord 5 (power chord)", "sus"},
-      {"Chord major", "maj"},
-      {"Chord minor", "min"},
-      {"Chord 7", "7"},
-      {"Chord maj7", "maj7"},
-      {"Chord m7", "min7"},
-      {"Chord m7b5 (half-diminished)", "min7 5b"},
-      {"Chord dim", "dim"},
-      {"Chord aug", "aug"},
-      {"Chord sus2", "sus2"},
-      {"Chord sus4", "sus4"},
-      {"Chord 7sus4", "7sus4"},
-      {"Chord 6", "6"},
-      {"Chord m6", "min6"},
-      {"Chord 9", "9"},
-      {"Chord m(maj7)", "maj7 3b"}};
-  for (const auto& [nom, type] : types)
-    EXPECT_EQ(typeAccordStandard(livré().gamme(numéro(nom)).demitons), type) << nom;
-  for (const char* sans : {"Chord dim7", "Chord add9", "Chord 7#9", "Major scale"})
-    EXPECT_EQ(typeAccordStandard(livré().gamme(numéro(sans)).demitons), std::nullopt) << sans;
+  using Type = std::optional<std::string>;
+  std::vector<Type> types;
+  for (const char* nom : {"Chord 5 (power chord)",
+                          "Chord major",
+                          "Chord minor",
+                          "Chord 7",
+                          "Chord maj7",
+                          "Chord m7",
+                          "Chord m7b5 (half-diminished)",
+                          "Chord dim",
+                          "Chord aug",
+                          "Chord sus2",
+                          "Chord sus4",
+                          "Chord 7sus4",
+                          "Chord 6",
+                          "Chord m6",
+                          "Chord 9",
+                          "Chord m(maj7)",
+                          "Chord dim7",
+                          "Chord add9",
+                          "Chord 7#9",
+                          "Major scale"})
+    types.push_back(typeAccordStandard(livré().gamme(numéro(nom)).demitons));
+  EXPECT_EQ(types, (std::vector<Type>{"sus", "maj",     "min",  "7",    "maj7",  "min7", "min7 5b",
+                                      "dim", "aug",     "sus2", "sus4", "7sus4", "6",    "min6",
+                                      "9",   "maj7 3b", {},     {},     {},      {}}));
   EXPECT_EQ(typeAccordStandard({0, 13, X, X, X, X, X, X, X, X, X, X}), std::nullopt);
 }
 

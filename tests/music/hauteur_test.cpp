@@ -163,6 +163,8 @@ struct Instrument {
 // Standard, drop D, DADGAD, open G and the seven-string guitar; the basses of
 // four and five strings and the bass in drop D; the ukulele and the mandolin.
 const std::vector<int> kGuitare = {64, 59, 55, 50, 45, 40, 38, 62, 57, 43, 35};
+const std::vector<int> kGuitareUkuléléMandoline = {64, 59, 55, 50, 45, 40, 38, 62,
+                                                   57, 43, 35, 69, 60, 67, 76};
 const std::vector<int> kBasse = {43, 38, 33, 28, 26, 23};
 
 class CordesAVide : public ::testing::TestWithParam<Instrument> {};
@@ -184,15 +186,10 @@ TEST_P(CordesAVide, EveryOpenStringWithinTwoCentsCleanAndUnderNoise) {
   }
 }
 
-std::vector<int> avecUkuléléEtMandoline() {
-  auto v = kGuitare;
-  v.insert(v.end(), {69, 60, 67, 76});
-  return v;
-}
 INSTANTIATE_TEST_SUITE_P(
     Instruments, CordesAVide,
     ::testing::Values(Instrument{"nylon", 24, kGuitare}, Instrument{"jazz", 26, kGuitare},
-                      Instrument{"clean", 27, avecUkuléléEtMandoline()},
+                      Instrument{"clean", 27, kGuitareUkuléléMandoline},
                       Instrument{"acousticbass", 32, kBasse}, Instrument{"fretless", 35, kBasse}),
     [](const ::testing::TestParamInfo<Instrument>& i) { return std::string(i.param.nom); });
 
@@ -260,9 +257,8 @@ TEST(HauteurExacte, KnownTonesFrom30To1320HzAtCommonRates) {
     EXPECT_NEAR(l.médiane, 0, 0.2);
     EXPECT_LT(l.pireÉcart, 0.5);
   }
-}
 
-TEST(HauteurExacte, SilenceNoiseAndDamagedSamplesHaveNoPitch) {
+  // Silence, noise and damaged samples have no pitch.
   RéglagesHauteur r;
   DétecteurHauteur d(r);
   std::vector<float> x(static_cast<std::size_t>(r.taille), 0.0f);
@@ -275,11 +271,10 @@ TEST(HauteurExacte, SilenceNoiseAndDamagedSamplesHaveNoPitch) {
   x[100] = std::numeric_limits<float>::quiet_NaN();
   EXPECT_FALSE(d.analyse(x).voisée());
   EXPECT_FALSE(d.analyse(std::span<const float>(x).first(100)).voisée()) << "too short";
-}
 
-TEST(HauteurExacte, AFileIsMeasuredFrameByFrameWithTheMedianOfTheVoicedOnes) {
-  // Half a second of silence, then a second of A2: the median is the note's.
-  std::vector<float> x(22050, 0.0f);
+  // A file is measured frame by frame: half a second of silence, then a second of A2,
+  // the median of the voiced frames is the note's.
+  x.assign(22050, 0.0f);
   const auto a = ton(110, 44100, 1.0);
   x.insert(x.end(), a.begin(), a.end());
   const auto trames = hauteursDesTrames(x, 44100);

@@ -47,48 +47,47 @@ TEST(Accordage, NearestNoteAndNearestOpenString) {
   EXPECT_EQ(noteEntendue(0, standard).corde, 0);
   EXPECT_EQ(noteEntendue(110, {}).corde, 0);
   EXPECT_STREQ(nomNote(-1), "B");  // below MIDI's first note, the names go on
-}
 
-TEST(GammeTexte, NamesInBothLanguagesWithSharpsFlatsAndOctaves) {
-  struct Cas {
+  // Note names as typed, in both languages, with sharps, flats and octaves.
+  struct Nom {
     const char* texte;
     std::optional<int> classe;  // A-based
     std::optional<int> note;    // with its octave
     std::optional<int> noteOuClasse;
   };
   const std::optional<int> aucune;
-  for (const Cas& c : {Cas{"A", 0, aucune, 69},
-                       Cas{"c", 3, aucune, 60},
-                       Cas{"C#", 4, aucune, 61},
-                       Cas{"Db", 4, aucune, 61},
-                       Cas{"bb", 1, aucune, 70},
-                       Cas{"B", 2, aucune, 71},
-                       Cas{"Do", 3, aucune, 60},
-                       Cas{"R\xC3\xA9 #", 6, aucune, 63},
-                       Cas{"R\xC3\x89", 5, aucune, 62},
-                       Cas{"re", 5, aucune, 62},
-                       Cas{"Sol #", 11, aucune, 68},
-                       Cas{"sib", 1, aucune, 70},
-                       Cas{"Mi", 7, aucune, 64},
-                       Cas{"C4", 3, 60, 60},
-                       Cas{"E2", 7, 40, 40},
-                       Cas{"Eb4", 6, 63, 63},
-                       Cas{"C-1", 3, 0, 0},
-                       Cas{"G9", 10, 127, 127},
-                       Cas{"G#9", 11, aucune, 68},  // past MIDI: the pitch class alone
-                       Cas{"60", aucune, 60, 60},
-                       Cas{"0", aucune, 0, 0},
-                       Cas{"128", aucune, aucune, aucune},
-                       Cas{"-1", aucune, aucune, aucune},
-                       Cas{"H", aucune, aucune, aucune},
-                       Cas{"", aucune, aucune, aucune},
-                       Cas{"Dom", aucune, aucune, aucune},
-                       Cas{"C#x", aucune, aucune, aucune},
-                       Cas{"E10", aucune, aucune, aucune}}) {
-    SCOPED_TRACE(c.texte);
-    EXPECT_EQ(classeDeNom(c.texte), c.classe);
-    EXPECT_EQ(noteDeTexte(c.texte), c.note);
-    EXPECT_EQ(noteOuClasse(c.texte), c.noteOuClasse);
+  for (const Nom& n : {Nom{"A", 0, aucune, 69},
+                       Nom{"c", 3, aucune, 60},
+                       Nom{"C#", 4, aucune, 61},
+                       Nom{"Db", 4, aucune, 61},
+                       Nom{"bb", 1, aucune, 70},
+                       Nom{"B", 2, aucune, 71},
+                       Nom{"Do", 3, aucune, 60},
+                       Nom{"R\xC3\xA9 #", 6, aucune, 63},
+                       Nom{"R\xC3\x89", 5, aucune, 62},
+                       Nom{"re", 5, aucune, 62},
+                       Nom{"Sol #", 11, aucune, 68},
+                       Nom{"sib", 1, aucune, 70},
+                       Nom{"Mi", 7, aucune, 64},
+                       Nom{"C4", 3, 60, 60},
+                       Nom{"E2", 7, 40, 40},
+                       Nom{"Eb4", 6, 63, 63},
+                       Nom{"C-1", 3, 0, 0},
+                       Nom{"G9", 10, 127, 127},
+                       Nom{"G#9", 11, aucune, 68},  // past MIDI: the pitch class alone
+                       Nom{"60", aucune, 60, 60},
+                       Nom{"0", aucune, 0, 0},
+                       Nom{"128", aucune, aucune, aucune},
+                       Nom{"-1", aucune, aucune, aucune},
+                       Nom{"H", aucune, aucune, aucune},
+                       Nom{"", aucune, aucune, aucune},
+                       Nom{"Dom", aucune, aucune, aucune},
+                       Nom{"C#x", aucune, aucune, aucune},
+                       Nom{"E10", aucune, aucune, aucune}}) {
+    SCOPED_TRACE(n.texte);
+    EXPECT_EQ(classeDeNom(n.texte), n.classe);
+    EXPECT_EQ(noteDeTexte(n.texte), n.note);
+    EXPECT_EQ(noteOuClasse(n.texte), n.noteOuClasse);
   }
 }
 

@@ -9,7 +9,7 @@
 namespace vt {
 namespace {
 
-TEST(TempoMetronome, DigitsMakeTheTempoAndOutsideTheDisplayAreRefused) {
+TEST(TempoMetronome, DigitsMakeTheTempoWithinTheDisplayAndTapTempoIsTheMeanOfTheLastTaps) {
   EXPECT_EQ(tempoDesChiffres(1, 2, 0), 120);
   EXPECT_EQ(tempoDesChiffres(0, 9, 6), 96);
   EXPECT_EQ(tempoDesChiffres(0, 0, 1), 1);
@@ -20,9 +20,8 @@ TEST(TempoMetronome, DigitsMakeTheTempoAndOutsideTheDisplayAreRefused) {
   EXPECT_EQ(chiffresDuTempo(96), (std::array<int, 3>{0, 9, 6}));
   EXPECT_EQ(chiffresDuTempo(0), (std::array<int, 3>{0, 0, 1}));
   EXPECT_EQ(chiffresDuTempo(1500), (std::array<int, 3>{9, 9, 9}));
-}
 
-TEST(TempoMetronome, TapTempoIsTheMeanOfTheLastTaps) {
+  // Tap tempo is the mean of the last taps.
   struct Cas {
     const char* quoi;
     std::vector<double> taps;

@@ -11,19 +11,20 @@ struct Metrics : ::testing::Test {
   StripMetrics m{doc, s};
 };
 
-TEST_F(Metrics, FourFourBarIsTwoHundredPixelsAndBarsFollowTheScroll) {
-  for (int i = 0; i < 3; ++i)
+TEST_F(Metrics, BarsAndColumnsFollowTheScrollTheScaleAndTheSixteenBitWrap) {
+  for (int i = 0; i < 9; ++i)
     doc.addMesure();
-  std::vector<int> v{m.largeurMesure(1), m.getMesurePixel(1), m.getMesurePixel(3),
-                     m.barreGaucheX(3)};
+  // 55 + 4 * 200 = 855, a fifth ends at 1055; not beyond the last bar; none
+  // on a strip narrower than one bar.
+  std::vector<int> v{m.largeurMesure(1),           m.getMesurePixel(1),
+                     m.getMesurePixel(3),          m.barreGaucheX(3),
+                     m.getMesureOnScreen(1, 1000), m.getMesureOnScreen(1, 1055),
+                     m.getMesureOnScreen(9, 5000), m.getMesureOnScreen(1, 200)};
   doc.m_lngScrollValue = 3;
   v.insert(v.end(), {m.getMesurePixel(3), m.getMesurePixel(4), m.getTablatureLargeur(1, 4),
                      m.getTablatureLargeur(3, 2)});
-  EXPECT_EQ(v, (std::vector<int>{200, 55, 455, 435, 55, 255, 4 * 192, 0}));
-}
-
-TEST_F(Metrics, ColumnsAtScaleFortyEightNoteAgainstEffectAndTheSixteenBitWrap) {
-  doc.addMesure();
+  EXPECT_EQ(v, (std::vector<int>{200, 55, 455, 435, 4, 5, 2, 0, 55, 255, 4 * 192, 0}));
+  doc.m_lngScrollValue = 1;
   EXPECT_EQ(m.colonneNote(2, 48), 255 + 40 + 20);
   EXPECT_EQ(m.longueur(48), 40);
   // 2000 * 20 = 40000 wraps to -25536, and the division truncates towards zero.
@@ -31,13 +32,16 @@ TEST_F(Metrics, ColumnsAtScaleFortyEightNoteAgainstEffectAndTheSixteenBitWrap) {
   // 5/8 at scale 48: tick 100 shares the column of 96, the last 24 ticks have none.
   doc.setMesureSignature(1, 5, 8);
   s.setViewMode(1, false);
-  EXPECT_EQ(s.TAB_VIEW_SCALE, 48);
-  EXPECT_EQ(m.largeurMesure(1), 80);
-  EXPECT_EQ(m.colonneNote(1, 96), 55 + 40 + 20);
-  EXPECT_EQ(m.colonneNote(1, 100), 55 + 41 + 20);
+  EXPECT_EQ(std::make_tuple(s.TAB_VIEW_SCALE, m.largeurMesure(1), m.colonneNote(1, 96),
+                            m.colonneNote(1, 100)),
+            std::make_tuple(48, 80, 55 + 40 + 20, 55 + 41 + 20));
   // Note and effect columns differ only by their last term.
   s.TAB_VIEW_INTER_MESURE = 15;
   EXPECT_EQ(m.colonneEffet(2, 48) - m.colonneNote(2, 48), 15 - 20);
+  for (int mode = 1; mode <= 4; ++mode)
+    EXPECT_EQ(std::make_pair(viewModeScale(mode, false), viewModeScale(mode, true)),
+              std::make_pair(96 >> mode, 64 >> mode));
+  EXPECT_EQ(std::make_pair(snapCurseurX(32, 24), snapCurseurX(96, 32)), std::make_pair(24, 96));
 }
 
 TEST_F(Metrics, StringAndStaffRowsAndTheStringUnderY) {
@@ -59,16 +63,6 @@ TEST_F(Metrics, StringAndStaffRowsAndTheStringUnderY) {
   EXPECT_EQ(std::make_pair(m.cordeY(1), m.porteeLigneY(0)), std::make_pair(290, 140));
 }
 
-TEST_F(Metrics, BarsOnScreenCountWholeBarsOnly) {
-  for (int i = 0; i < 9; ++i)
-    doc.addMesure();
-  // 55 + 4 * 200 = 855, a fifth ends at 1055; not beyond the last bar; none
-  // on a strip narrower than one bar.
-  EXPECT_EQ((std::vector<int>{m.getMesureOnScreen(1, 1000), m.getMesureOnScreen(1, 1055),
-                              m.getMesureOnScreen(9, 5000), m.getMesureOnScreen(1, 200)}),
-            (std::vector<int>{4, 5, 2, 0}));
-}
-
 TEST_F(Metrics, TickFromXSnapsToTheColumnItHits) {
   doc.addMesure();
   doc.setCurseurMesure(2);
@@ -82,14 +76,6 @@ TEST_F(Metrics, TickFromXSnapsToTheColumnItHits) {
   const std::pair<int, int> mesures[] = {{10, 1}, {234, 1}, {235, 2}, {5000, 2}};
   for (const auto& [x, mesure] : mesures)
     EXPECT_EQ(m.mesureFromX(x), mesure) << x;
-}
-
-TEST(ViewMode, ScalesTripletsAndTheCursorSnap) {
-  for (int mode = 1; mode <= 4; ++mode) {
-    EXPECT_EQ(viewModeScale(mode, false), 96 >> mode);
-    EXPECT_EQ(viewModeScale(mode, true), 64 >> mode);
-  }
-  EXPECT_EQ(std::make_pair(snapCurseurX(32, 24), snapCurseurX(96, 32)), std::make_pair(24, 96));
 }
 
 TEST(PrintMetrics, ScaledWithRoundingHalfToEven) {

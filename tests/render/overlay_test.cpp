@@ -115,10 +115,12 @@ TEST(PartialRepaint, ErasesInTheBackgroundAndRedrawsTheBar) {
   EXPECT_FALSE(b.blits(portee::kTêtePleine).empty());
 }
 
-TEST(Ruler, NumbersBarsAndMarksQuarterNotesLonger) {
+TEST(Ruler, NumbersBarsMarksQuarterNotesLongerAndLoopMarkersArePennantsPointingInwards) {
   Banc b;
   b.doc.addMesure();
   b.doc.setMesureSignature(2, 6, 8);
+  b.doc.setMarqueurStart(1, 48);
+  b.doc.setMarqueurStop(2, 96);
   b.r.drawInLine();
   const auto deux = b.surface.texts("2");
   ASSERT_EQ(deux.size(), 1U);
@@ -137,14 +139,7 @@ TEST(Ruler, NumbersBarsAndMarksQuarterNotesLonger) {
   ASSERT_EQ(face.size(), 1U);
   EXPECT_EQ(face[0].state.fillColor, b.s.couleurBoutonFace);
   EXPECT_EQ(std::make_pair(face[0].x2, face[0].y2), std::make_pair(1201.0, 31.0));
-}
-
-TEST(Ruler, LoopMarkersArePennantsPointingInwards) {
-  Banc b;
-  b.doc.addMesure();
-  b.doc.setMarqueurStart(1, 48);
-  b.doc.setMarqueurStop(2, 96);
-  b.r.drawInLine();
+  // The loop markers: one pixel narrower each row.
   const auto rangées = b.surface.select([](const Primitive& p) {
     return p.kind == K::Segment && p.y1 == p.y2 && p.y1 >= 2 && p.y1 <= 16 &&
            p.state.foreColor == kNoir && p.x1 != 0;
@@ -152,7 +147,6 @@ TEST(Ruler, LoopMarkersArePennantsPointingInwards) {
   ASSERT_EQ(rangées.size(), 30U);
   const int départ = 55 + 40 + 20;
   const int arrivée = 255 + 80 + 20;
-  // One pixel narrower each row.
   EXPECT_EQ(test::coins(rangées[0]), test::q(départ, 2, départ + 15, 2));
   EXPECT_EQ(test::coins(rangées[14]), test::q(départ, 16, départ + 1, 16));
   EXPECT_EQ(test::coins(rangées[15]), test::q(arrivée, 2, arrivée - 15, 2));

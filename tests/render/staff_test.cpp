@@ -217,23 +217,5 @@ TEST(Rests, RunsAreSplitIntoRestsAndEmptyBarsRoundDown) {
             (std::vector<std::pair<int, double>>{{pt::kPauseBlanche.x, 60 * 20 / 24 + 255}}));
 }
 
-TEST(Staff, TheShowcaseHasEveryKindOfSignInEveryViewMode) {
-  Banc b;
-  b.doc = test::showcaseDocument();
-  b.surface = RecordingSurface(1920, 420);
-  b.r.drawInLine();
-  for (const pt::Cellule& c : {pt::kDièse, pt::kBémol, pt::kBécarre, pt::kTêtePleine, pt::kPoint,
-                               pt::kTêteBlanche, pt::kCléSol, pt::kPauseBlanche, pt::kDemiSoupir})
-    EXPECT_FALSE(b.blits(c).empty()) << c.x << "," << c.y;
-  for (const Primitive& p : b.surface.ofKind(K::Blit))
-    EXPECT_EQ(p.rop, RasterOp::SrcAnd);
-  for (int mode = 1; mode <= 4; ++mode) {
-    b.s.setViewMode(mode, mode % 2 == 0);
-    b.surface.clearRecord();
-    b.r.drawInLine();
-    EXPECT_GT(b.surface.primitives().size(), 300U) << mode;
-  }
-}
-
 }  // namespace
 }  // namespace vt

@@ -1,5 +1,7 @@
 // The tablature strip through the recording surface: strings, bar lines,
-// signatures, texts, notes, attacks, stems and beams.
+// signatures, texts, notes, attacks, stems, beams, and every effect code's
+// shape (the ones that link to the next note on the string draw nothing
+// without one).
 #include <gtest/gtest.h>
 
 #include "banc.h"
@@ -12,10 +14,13 @@ using test::Banc;
 using test::coins;
 using test::note;
 using test::q;
+using test::rayons;
 using K = Primitive::Kind;
 
-TEST(Strip, StringsRunFromTheMarginWithTheirNamesOrTheDrumsOnes) {
+TEST(Strip, StringsRunFromTheMarginWithTheirNamesAndBarLinesStandWhereTheMetricsPutThem) {
   Banc b;
+  for (int i = 0; i < 3; ++i)
+    b.doc.addMesure();
   b.r.drawInLine();
   const int haut = b.m().cordeY(1);
   EXPECT_EQ(b.surface
@@ -34,17 +39,6 @@ TEST(Strip, StringsRunFromTheMarginWithTheirNamesOrTheDrumsOnes) {
     return l;
   };
   EXPECT_EQ(noms(), (std::vector<std::string>{"E", "B", "G", "D", "A", "E"}));
-  b.doc.setStaffType(1, kStaffBatterie);
-  b.surface.clearRecord();
-  b.r.drawInLine();
-  EXPECT_EQ(noms(), (std::vector<std::string>{"P", "RC", "CC", "HH", "T", "SD"}));
-}
-
-TEST(Strip, BarLinesStandWhereTheMetricsPutThem) {
-  Banc b;
-  for (int i = 0; i < 3; ++i)
-    b.doc.addMesure();
-  b.r.drawInLine();
   // From the top of the strip down to the staff's bottom line, the staff being below.
   std::vector<std::size_t> barres;
   for (const int x : {35, 235, 435, 635, 835})
@@ -55,12 +49,14 @@ TEST(Strip, BarLinesStandWhereTheMetricsPutThem) {
                          .size());
   EXPECT_EQ(barres, (std::vector<std::size_t>{1, 2, 2, 2, 1}));
   b.s.cfgAffichePortée = false;
+  b.doc.setStaffType(1, kStaffBatterie);
   b.surface.clearRecord();
   b.r.drawInLine();
   EXPECT_FALSE(
       b.surface.select([](const Primitive& p) { return test::estVerticale(p, 235) && p.y2 == 205; })
           .empty());
   EXPECT_TRUE(b.surface.ofKind(K::Blit).empty());
+  EXPECT_EQ(noms(), (std::vector<std::string>{"P", "RC", "CC", "HH", "T", "SD"}));
 }
 
 TEST(Strip, RepeatSignsCountsAndFinalBar) {
@@ -115,12 +111,16 @@ TEST(Strip, FirstBarShownAlwaysShowsItsSignatureAndKey) {
   }
 }
 
-TEST(Strip, TempoIsRedTextsSplitAtBackslashN) {
+TEST(Strip, TempoIsRedTextsSplitAtBackslashNNoteTextsGhostsDeadNotesAndTheFontBox) {
   Banc b;
   b.s.cfgBackColor = kRouge;
   b.doc.setMesureTempo(1, 48, 132);
   b.doc.setMesureTexte(1, 1, 24, "a\\nb", kVrai);
   b.doc.setMesureTexte(1, 1, 0, "bas", kFaux);
+  note(b.doc, 1, 2, 48, 12, 48);
+  note(b.doc, 1, 3, 96, 5, 48, 0, 0, nuance::kMP);
+  note(b.doc, 1, 4, 144, 7, 48, attaque::kDeadNote);
+  b.doc.setNoteWhole(1, 1, 5, 0, kCaseVide, 48);  // a blank note draws no text
   b.r.drawInLine();
   const auto tempo = b.surface.texts("T=132");
   ASSERT_EQ(tempo.size(), 1U);
@@ -132,15 +132,6 @@ TEST(Strip, TempoIsRedTextsSplitAtBackslashN) {
   ASSERT_EQ(a.size() + bb.size() + bas.size(), 3U);
   EXPECT_EQ((std::vector<double>{a[0].y1, bb[0].y1, bas[0].y1}),
             (std::vector<double>{140 - 52, 140 - 52 + a[0].y2, 8 * 13 + 140}));
-}
-
-TEST(Strip, NoteTextsGhostsDeadNotesAndTheFontBox) {
-  Banc b;
-  note(b.doc, 1, 2, 48, 12, 48);
-  note(b.doc, 1, 3, 96, 5, 48, 0, 0, nuance::kMP);
-  note(b.doc, 1, 4, 144, 7, 48, attaque::kDeadNote);
-  b.doc.setNoteWhole(1, 1, 5, 0, kCaseVide, 48);  // a blank note draws no text
-  b.r.drawInLine();
   const auto douze = b.surface.texts("12");
   ASSERT_EQ(douze.size(), 1U);
   // Centred on its column and its string; digits blank the string behind.
@@ -286,6 +277,139 @@ TEST(Beams, TripletsAndDotsAreMarkedUnderTheStem) {
       [](const Primitive& p) { return p.kind == K::Circle && p.x2 == 1 && p.y1 == 8 * 13 + 140; });
   ASSERT_EQ(point.size(), 1U);
   EXPECT_EQ(point[0].state.fillStyle, FillStyle::Solid);
+}
+
+using Rayons = std::array<int, 4>;
+
+constexpr int T = 140;
+constexpr int IS = 13;
+
+struct Effects : ::testing::Test {
+  Banc b;
+  // The effect of note n of string c, drawn alone.
+  std::vector<Primitive> dessine(int c, int n, int m = 1) {
+    b.surface.clearRecord();
+    b.r.drawEffet(1, m, c, n);
+    return b.surface.primitives();
+  }
+};
+
+TEST_F(Effects, LinkingEffectsNeedANextNoteAndTieArcsToIt) {
+  for (const byt e :
+       {effet::kLiaison, effet::kHammerOn, effet::kPullOff, effet::kSlideUp, effet::kSlideDown}) {
+    Banc seul;
+    note(seul.doc, 1, 3, 0, 5, 48, 0, e);
+    seul.r.drawEffet(1, 1, 3, 1);
+    EXPECT_TRUE(seul.surface.primitives().empty()) << int(e);
+  }
+  note(b.doc, 1, 3, 0, 5, 48, 0, effet::kLiaison);
+  note(b.doc, 1, 3, 48, 5, 48);
+  const auto p = dessine(3, 1);
+  ASSERT_EQ(p.size(), 1U);
+  EXPECT_EQ(p[0].kind, K::Arc);
+  const int x = 55 + 20;  // the effect column: IM as last term
+  const int nx = 55 + 40 + 20;
+  EXPECT_EQ(coins(p[0]), q(x, T + IS, nx, T + 2 * IS));
+  // From the right end round over the top to the left end, at mid height:
+  // (3 - 1.5) * 13 + 140 = 159.5, rounded to even.
+  EXPECT_EQ(rayons(p[0]), (Rayons{nx, 160, x, 160}));
+}
+
+TEST_F(Effects, TheNextNoteMayOpenTheNextBarAndPullOffsAndSlides) {
+  b.doc.addMesure();
+  note(b.doc, 1, 2, 144, 5, 48, 0, effet::kHammerOn);
+  note(b.doc, 2, 2, 0, 7, 48);
+  const auto p = dessine(2, 1);
+  ASSERT_EQ(p.size(), 2U);
+  EXPECT_EQ(std::make_tuple(p[0].kind, p[0].x2, p[1].text, test::centreX(p[1]), test::centreY(p[1]),
+                            p[1].state.fontTransparent),
+            std::make_tuple(K::Arc, 255.0 + 20, std::string("H"), (55 + 120 + 20 + 255 + 20) / 2,
+                            (2 - 3) * IS + T, true));
+  note(b.doc, 1, 4, 0, 7, 24, 0, effet::kPullOff);
+  note(b.doc, 1, 4, 24, 5, 24, 0, effet::kSlideUp);
+  note(b.doc, 1, 4, 48, 7, 24, 0, effet::kSlideDown);
+  note(b.doc, 1, 4, 72, 5, 24);
+  EXPECT_EQ(dessine(4, 1)[1].text, "P");
+  const auto montée = dessine(4, 2);
+  const auto descente = dessine(4, 3);
+  ASSERT_EQ(montée.size() + descente.size(), 2U);
+  EXPECT_EQ(coins(montée[0]),
+            q(55 + 20 + 20 + 10, (4 - 0.75) * IS + T, 55 + 40 + 20 - 10, (4 - 1.25) * IS + T));
+  EXPECT_EQ(std::make_pair(descente[0].y1, descente[0].y2),
+            std::make_pair((4 - 1.25) * IS + T, (4 - 0.75) * IS + T));
+}
+
+TEST_F(Effects, BendsAreArcsWithAHead) {
+  int x = 0;
+  for (const byt e : {effet::kBendUp, effet::kBendUpDown, effet::kBendReturn, effet::kBendDown}) {
+    note(b.doc, 1, 2, x, 7, 48, 0, e);
+    x += 48;
+  }
+  const int w = 40;
+  const auto bend = dessine(2, 1);
+  const auto allerRetour = dessine(2, 2);
+  const auto relâche = dessine(2, 3);
+  const auto préBend = dessine(2, 4);
+  EXPECT_EQ(
+      (std::vector<std::size_t>{bend.size(), allerRetour.size(), relâche.size(), préBend.size()}),
+      (std::vector<std::size_t>{3, 4, 3, 4}));
+  ASSERT_EQ(std::make_tuple(bend[0].kind, allerRetour[1].kind, préBend[0].kind, préBend[1].kind),
+            std::make_tuple(K::Arc, K::Arc, K::Segment, K::Arc));
+  x = 75;
+  EXPECT_EQ(coins(bend[0]), q(x - w, T - IS, x + w, T - 3 * IS));
+  EXPECT_EQ(rayons(bend[0]), (Rayons{x, T - IS, x + w, T - 2 * IS}));
+  EXPECT_EQ(std::make_pair(bend[1].x2 - bend[1].x1, bend[2].y2 - bend[2].y1),
+            std::make_pair(-5.0, 5.0));
+  x = 115;
+  EXPECT_EQ((std::vector<double>{allerRetour[0].x1, allerRetour[1].x1, allerRetour[1].y1,
+                                 double(allerRetour[1].xe)}),
+            (std::vector<double>{double(x - w / 2), double(x), T, double(x + w / 2)}));
+  EXPECT_EQ(rayons(relâche[0]), (Rayons{155 + w, T - IS, 155, T - 2 * IS}));
+  EXPECT_EQ(coins(préBend[0]), q(195, T - 2 * IS, préBend[0].x2, T - IS));
+}
+
+TEST_F(Effects, VibratoTremoloTrillABlankNoteAndUnknownCodes) {
+  note(b.doc, 1, 1, 0, 5, 48, 0, effet::kVibrato);
+  note(b.doc, 1, 1, 48, 5, 48, 0, effet::kTremolo);
+  note(b.doc, 1, 1, 96, 5, 48, 0, effet::kTrill);
+  // A zigzag over the note's 40 pixels: four teeth of two strokes.
+  const auto vibrato = dessine(1, 1);
+  ASSERT_EQ(vibrato.size(), 8U);
+  EXPECT_EQ(coins(vibrato[0]), q(75, T - IS, vibrato[0].x2, T - 2 * IS));
+  EXPECT_EQ(vibrato[7].x2, 75 + 40);
+  // Three strokes two pixels wide, the pen's width given back afterwards.
+  const auto trémolo = dessine(1, 2);
+  ASSERT_EQ(trémolo.size(), 3U);
+  for (const Primitive& p : trémolo)
+    EXPECT_EQ(std::make_pair(coins(p), p.state.drawWidth),
+              std::make_pair(q(110, p.y1, 120, p.y1 - 6), 2));
+  EXPECT_EQ(std::make_pair(trémolo[0].y1, trémolo[2].y1),
+            std::make_pair(double(T - 2 * IS), double(T - IS)));
+  EXPECT_EQ(b.surface.state().drawWidth, 1);
+  const auto trille = dessine(1, 3);
+  ASSERT_EQ(trille.size(), 1U);
+  EXPECT_EQ(std::make_tuple(trille[0].text, trille[0].state.font.italique, test::coin(trille[0])),
+            std::make_tuple(std::string("tr"), true, test::coin(155, T - 2 * IS)));
+  EXPECT_FALSE(b.surface.Font().italique);
+
+  // An effect on a blank note stands alone: no "255", but its zigzag.
+  b.doc.setNoteWhole(1, 1, 2, 48, kCaseVide, 48);
+  b.doc.setNoteEffet(1, 1, 2, 1, effet::kVibrato);
+  b.surface.clearRecord();
+  b.r.drawInLine();
+  EXPECT_TRUE(b.surface.texts("255").empty());
+  EXPECT_EQ(b.surface
+                .select([](const Primitive& p) {
+                  return p.kind == K::Segment && p.y1 == T - IS && p.y2 == T - 2 * IS &&
+                         p.x1 >= 115;
+                })
+                .size(),
+            4U);
+  // An unknown code: nothing, and the font box comes back.
+  b.doc.setNoteEffet(1, 1, 1, 1, 26);
+  b.surface.setFontTransparent(false);
+  EXPECT_TRUE(dessine(1, 1).empty());
+  EXPECT_EQ(b.surface.FontTransparent(), b.s.cfgFontTransparent);
 }
 
 }  // namespace

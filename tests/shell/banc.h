@@ -236,10 +236,10 @@ class Banc : public ::testing::Test {
                  [&fin](const QString& e) { return e.endsWith(fin); });
     return l;
   }
-  // Each of `attendues` in the journal, each after the one before.
-  static void dansLOrdre(const Journal& j, const Journal& attendues) {
+  // Each of `attendues` (separated by '|') in the journal, each after the one before.
+  static void dansLOrdre(const Journal& j, const QString& attendues) {
     auto it = j.begin();
-    for (const QString& e : attendues) {
+    for (const QString& e : attendues.split('|')) {
       it = std::find(it, j.end(), e);
       ASSERT_NE(it, j.end()) << "missing or out of order: " << e.toStdString();
     }

@@ -24,6 +24,13 @@ class FenetrePrincipale : public BancSilencieux {
       l << aide->windowTitle() << aide->findChild<QTreeWidget*>("tvAide")->topLevelItem(0)->text(0);
     return l;
   }
+  QString textesQt() const {
+    QDialogButtonBox boutons(QDialogButtonBox::Yes | QDialogButtonBox::Cancel);
+    return boutons.button(QDialogButtonBox::Yes)->text() + "|" +
+           boutons.button(QDialogButtonBox::Cancel)->text() + "|" +
+           QKeySequence(Qt::Key_Space).toString(QKeySequence::NativeText) + "|" +
+           (vt ? vt->panneau("insert")->text() : "");
+  }
 };
 
 TEST_F(FenetrePrincipale, SwitchingTheLanguageReachesTheFrameAndEveryLoadedWindowInOrder) {
@@ -39,6 +46,7 @@ TEST_F(FenetrePrincipale, SwitchingTheLanguageReachesTheFrameAndEveryLoadedWindo
   journal.clear();
   vt->mnuFileLang(0)->trigger();
   EXPECT_EQ(vt->settings().setLang, 0);
+  EXPECT_TRUE(textesQt().startsWith("&Oui|Annuler|Espace|"));
   EXPECT_EQ(textes(),
             (QStringList{"&Fichier", "Fe&nêtres", "&Accords", "Dictionnaire d'accords (F3)",
                          "Guitare, accordage standard", "Accès rapide", "Bienvenue dans Vantoro"}));
@@ -54,29 +62,20 @@ TEST_F(FenetrePrincipale, SwitchingTheLanguageReachesTheFrameAndEveryLoadedWindo
   EXPECT_TRUE(vt->mnuFileLang(0)->isChecked());
   vt->mnuFileLang(1)->trigger();
   EXPECT_EQ(textes(), anglais);
+  EXPECT_EQ(textesQt(), "&Yes|Cancel|Space|EDIT");
+  vt.reset();  // the translation goes with the main window
+  EXPECT_EQ(textesQt(), "&Yes|Cancel|Space|");
 }
 
-// Qt's own texts (dialog buttons, key names) follow the language, at start
-// and when it changes; so does the entry mode's panel.
-TEST_F(FenetrePrincipale, QtsOwnTextsFollowTheLanguage) {
-  const auto textesQt = [this] {
-    QDialogButtonBox boutons(QDialogButtonBox::Yes | QDialogButtonBox::Cancel);
-    return boutons.button(QDialogButtonBox::Yes)->text() + "|" +
-           boutons.button(QDialogButtonBox::Cancel)->text() + "|" +
-           QKeySequence(Qt::Key_Space).toString(QKeySequence::NativeText) + "|" +
-           (vt ? vt->panneau("insert")->text() : "");
-  };
+// Qt's own texts (dialog buttons, key names) and the entry mode's panel follow
+// the language at start too.
+TEST_F(FenetrePrincipale, QtsOwnTextsFollowTheLanguageAtStartAndInInsertMode) {
   règle("Options/setLang", "0");
   ASSERT_TRUE(démarre());
   vt->toggleInsert();
   EXPECT_EQ(textesQt(), "&Oui|Annuler|Espace|" + vt->loadString(79));
   vt->mnuFileLang(1)->trigger();
   EXPECT_EQ(textesQt(), "&Yes|Cancel|Space|INS");
-  vt->mnuFileLang(0)->trigger();
-  EXPECT_TRUE(textesQt().startsWith("&Oui|Annuler"));
-  // The translation goes with the main window.
-  vt.reset();
-  EXPECT_EQ(textesQt(), "&Yes|Cancel|Space|");
 }
 
 // The help asked for from a modal dialog opens beside it and takes the keys

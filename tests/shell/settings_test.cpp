@@ -32,39 +32,28 @@ class SettingsStore : public ::testing::Test {
   }
 };
 
+// Numbers of any type as one string, to compare a row of values in one assertion.
+template <typename... T>
+QString nombres(T... v) {
+  return QStringList{QString::number(static_cast<double>(v), 'g', 12)...}.join(' ');
+}
+
 TEST_F(SettingsStore, AnEmptyStoreGivesEveryDefaultAndAsksForTheLanguage) {
   int questions = 0;
   const Settings s = charger(&questions);
   EXPECT_EQ(questions, 1);
-  EXPECT_EQ((std::vector<double>{s.Largeur, s.Hauteur, s.cfgPrintFactor, s.cfgFont[1].taille,
-                                 s.cfgFont[3].taille}),
-            (std::vector<double>{28800, 16200, 3, 20, 10}));
-  EXPECT_EQ((std::vector<long>{s.setLang,
-                               s.Etat,
-                               s.setMIDIvolume,
-                               s.setMIDIinstru,
-                               s.setMIDIPitchDemiTon,
-                               s.setMIDIPitchBendRange,
-                               s.setMétronomeMIDINote1,
-                               s.cfgCurseurColor,
-                               s.cfgBackColor,
-                               s.cfgASCIILargeur,
-                               s.TAB_VIEW_MARGIN_TOP_PORTEE,
-                               s.TAB_VIEW_INTER_PORTEE,
-                               s.setGuitare,
-                               s.setTipsStartup,
-                               s.AccordParametres.ROOT_SCORE,
-                               s.TempoH,
-                               s.TempoM,
-                               s.TempoL,
-                               s.Temps,
-                               s.cfgPrintAlign[4],
-                               s.cfgPrintAlign[6]}),
-            (std::vector<long>{10000, 0, 127, 27, 32, 12, 33, 16777087, 16777215, 66, 150,
-                               4,     1, 1,   50, 1,  2,  0,  4,        0,        1}));
-  EXPECT_EQ((std::vector<long>{s.setLoadHelpAccessWndAtStartup, s.setMétronomeAccent,
-                               s.cfgFont[0].gras, s.cfgFont[1].gras, s.cfgFont[4].italique}),
-            (std::vector<long>{kVrai, kVrai, kVrai, kFaux, kVrai}));
+  EXPECT_EQ(
+      nombres(s.Largeur, s.Hauteur, s.cfgPrintFactor, s.cfgFont[1].taille, s.cfgFont[3].taille,
+              s.setLang, s.Etat, s.setMIDIvolume, s.setMIDIinstru, s.setMIDIPitchDemiTon,
+              s.setMIDIPitchBendRange, s.setMétronomeMIDINote1, s.cfgCurseurColor, s.cfgBackColor,
+              s.cfgASCIILargeur, s.TAB_VIEW_MARGIN_TOP_PORTEE, s.TAB_VIEW_INTER_PORTEE,
+              s.setGuitare, s.setTipsStartup, s.AccordParametres.ROOT_SCORE, s.TempoH, s.TempoM,
+              s.TempoL, s.Temps, s.cfgPrintAlign[4], s.cfgPrintAlign[6]),
+      "28800 16200 3 20 10 10000 0 127 27 32 12 33 16777087 16777215 66 150 4 1 1 50 1 2 0 "
+      "4 0 1");
+  EXPECT_EQ(nombres(s.setLoadHelpAccessWndAtStartup, s.setMétronomeAccent, s.cfgFont[0].gras,
+                    s.cfgFont[1].gras, s.cfgFont[4].italique),
+            nombres(kVrai, kVrai, kVrai, kFaux, kVrai));
   // The first file dialog opens among the user's documents; "" is the system's SoundFont.
   EXPECT_EQ((QStringList{s.setTabFolderOpen, s.setSoundFont, s.strSkinPath, s.cfgPrintNumpage,
                          s.cfgFont[7].nom}),
@@ -110,37 +99,32 @@ TEST_F(SettingsStore, WhatIsSavedComesBack) {
             (QStringList{"True", "/home/me/sons/Piano à queue, v2.sf2", "2.25", "-1"}));
 }
 
-TEST_F(SettingsStore, AValueThatDoesNotConvertLeavesTheStartingValue) {
-  ecrire("Options/setMIDIvolume", "loud");
-  ecrire("Options/setMIDIchannel", "300");   // past a byte
-  ecrire("Options/setMIDIdevice", "40000");  // past 16 bits
-  ecrire("Options/setLeftHanded", "perhaps");
-  ecrire("Tab/cfgPrintFactor", "big");
-  ecrire("Options/setLang", "0");
+// A value that does not convert leaves the starting value (0, not the default);
+// numbers are rounded half to even and booleans accept numbers.
+TEST_F(SettingsStore, HandEditedValuesLoadAsFarAsTheyConvert) {
+  for (const auto& [clé, valeur] : {std::pair{"Options/setMIDIvolume", "loud"},
+                                    {"Options/setMIDIchannel", "300"},   // past a byte
+                                    {"Options/setMIDIdevice", "40000"},  // past 16 bits
+                                    {"Options/setLeftHanded", "perhaps"},
+                                    {"Tab/cfgPrintFactor", "big"},
+                                    {"Options/setLang", "0"}})
+    ecrire(clé, valeur);
   const Settings s = charger();
-  EXPECT_EQ(s.setMIDIvolume, 0);  // not the default 127
-  EXPECT_EQ(s.setMIDIchannel, 0);
-  EXPECT_EQ(s.setMIDIdevice, 0);
-  EXPECT_EQ(s.setLeftHanded, kFaux);
-  EXPECT_FLOAT_EQ(s.cfgPrintFactor, 0);
-  EXPECT_EQ(s.setMIDIinstru, 27);  // the others load as usual
-}
-
-TEST_F(SettingsStore, NumbersAreRoundedHalfToEvenAndBooleansAcceptNumbers) {
-  ecrire("Options/setMIDIvolume", " 100.5 ");
-  ecrire("Options/setMIDIinstru", "101.5");
-  ecrire("Options/setMancheVisible", "0");
-  ecrire("Options/setLeftHanded", "-1");
-  ecrire("Tab/cfgFontBold", "false");
-  ecrire("Options/setLang", "-1");  // brings the language dialog back
+  EXPECT_EQ(nombres(s.setMIDIvolume, s.setMIDIchannel, s.setMIDIdevice, s.setLeftHanded,
+                    s.cfgPrintFactor, s.setMIDIinstru),
+            nombres(0, 0, 0, kFaux, 0, 27));
+  for (const auto& [clé, valeur] : {std::pair{"Options/setMIDIvolume", " 100.5 "},
+                                    {"Options/setMIDIinstru", "101.5"},
+                                    {"Options/setMancheVisible", "0"},
+                                    {"Options/setLeftHanded", "-1"},
+                                    {"Tab/cfgFontBold", "false"},
+                                    {"Options/setLang", "-1"}})  // brings the language dialog back
+    ecrire(clé, valeur);
   int questions = 0;
-  const Settings s = charger(&questions);
-  EXPECT_EQ(questions, 1);
-  EXPECT_EQ(s.setMIDIvolume, 100);
-  EXPECT_EQ(s.setMIDIinstru, 102);
-  EXPECT_EQ(s.setMancheVisible, kFaux);
-  EXPECT_EQ(s.setLeftHanded, kVrai);
-  EXPECT_EQ(s.cfgFontBold, kFaux);
+  const Settings r = charger(&questions);
+  EXPECT_EQ(nombres(questions, r.setMIDIvolume, r.setMIDIinstru, r.setMancheVisible,
+                    r.setLeftHanded, r.cfgFontBold),
+            nombres(1, 100, 102, kFaux, kVrai, kFaux));
 }
 
 // A minimized window records no state and no geometry; a maximized one keeps

@@ -52,23 +52,19 @@ TEST_F(Fenetres, TheStartPageOpensTheWindowOfItsKeyAndRemembersItsCheckBox) {
   EXPECT_TRUE(vt->isFormLoaded(fen::FAccords));
   EXPECT_EQ(vt->settings().setDémarrage, 0);
   // A click on a caption chooses too.
+  // Moving over the page takes the highlight off every button.
   FDebut autre(*vt);
   autre.show();
-  QTest::mouseClick(autre.btnImage(5), Qt::LeftButton, {}, QPoint(40, 9));
-  EXPECT_TRUE(vt->isFormLoaded(fen::FTab));
-}
-
-TEST_F(Fenetres, MovingOverThePageTakesTheHighlightOffEveryButton) {
-  ASSERT_TRUE(démarre());
-  FDebut page(*vt);
-  page.show();
-  VTPictureButton* aide = page.btn(7);
+  VTPictureButton* aide = autre.btn(7);
   aide->MouvementSouris(QPoint(10, 10));
   EXPECT_EQ(aide->picMain().cacheKey(), aide->PictureOver().cacheKey());
-  QMouseEvent e(QEvent::MouseMove, QPointF(5, 5), page.mapToGlobal(QPointF(5, 5)), Qt::NoButton,
+  QMouseEvent e(QEvent::MouseMove, QPointF(5, 5), autre.mapToGlobal(QPointF(5, 5)), Qt::NoButton,
                 Qt::NoButton, Qt::NoModifier);
-  QApplication::sendEvent(&page, &e);
+  QApplication::sendEvent(&autre, &e);
   EXPECT_EQ(aide->picMain().cacheKey(), aide->PictureOff().cacheKey());
+  // A click on a caption chooses too.
+  QTest::mouseClick(autre.btnImage(5), Qt::LeftButton, {}, QPoint(40, 9));
+  EXPECT_TRUE(vt->isFormLoaded(fen::FTab));
 }
 
 TEST_F(Fenetres, TipsAreLinesOfTheLanguagesFile) {
@@ -116,7 +112,7 @@ TEST_F(Fenetres, FrenchTipsComeFromTheFrenchFileAndTheCheckBoxWritesTheSettingAt
   EXPECT_NE(tip.texteAffiché(), avant);
 }
 
-TEST_F(Fenetres, TheContentsFileGivesTheTreeOfTopics) {
+TEST_F(Fenetres, TheContentsFileGivesTheQuickAccessTreeThatOpensPagesAndTheToolsThisBuildHas) {
   QTemporaryDir d;
   QFile f(d.filePath("contents.txt"));
   ASSERT_TRUE(f.open(QIODevice::WriteOnly));
@@ -127,9 +123,6 @@ TEST_F(Fenetres, TheContentsFileGivesTheTreeOfTopics) {
   for (const SujetAide& s : lisSommaire(f.fileName()))
     lu << s.clé + "|" + s.parent() + "|" + s.cible;
   EXPECT_EQ(lu, (QStringList{"a||index.html", "b||", "b.a|b|tool:FAccords"}));
-}
-
-TEST_F(Fenetres, TheQuickAccessTreeOpensPagesAndTheToolsThisBuildHas) {
   crée();
   enregistre({fen::FAccords});
   ASSERT_TRUE(démarre());

@@ -86,7 +86,7 @@ class Module : public ::testing::Test {
   MVantoro midi;
 };
 
-TEST_F(Module, OpenOutTakesTheSettingsDeviceResetsAndSendsTheProgram) {
+TEST_F(Module, OpenOutTakesTheSettingsResetsSendsTheProgramAndReopeningClosesTheHandle) {
   RéglagesMidi r;
   r.setMIDIchannel = 3;
   r.setMIDIinstru = 25;
@@ -100,6 +100,23 @@ TEST_F(Module, OpenOutTakesTheSettingsDeviceResetsAndSendsTheProgram) {
   EXPECT_TRUE(midi.sortieOuverte());
   EXPECT_EQ(midi.dernierRésultat(), 0);
   EXPECT_EQ(midiHandleSortie(midi.midiOutHandle()), journal);
+
+  // Reopening closes the previous handle; closing silences the routines.
+  const std::int32_t premier = midi.midiOutHandle();
+  auto premierJournal = journal;
+  midi.midiOpenOut();
+  const std::int32_t second = midi.midiOutHandle();
+  EXPECT_NE(premier, second);
+  EXPECT_EQ(midiHandleSortie(premier), nullptr);
+  EXPECT_EQ(midiHandleSortie(second), journal);
+  EXPECT_NE(premierJournal, journal);
+  midi.midiCloseOut();
+  EXPECT_EQ(midi.midiOutHandle(), 0);
+  EXPECT_EQ(midiHandleSortie(second), nullptr);
+  const std::size_t avant = journal->messages().size();
+  midi.midiNoteOnGlobal(60);  // a closed output: nothing, no failure
+  EXPECT_EQ(journal->messages().size(), avant);
+  midi.midiCloseOut();
 }
 
 TEST_F(Module, EveryRoutineSendsItsBytesWithOneBasedChannelsAndValuesHeldToTheirRange) {
@@ -124,26 +141,6 @@ TEST_F(Module, EveryRoutineSendsItsBytesWithOneBasedChannelsAndValuesHeldToTheir
   EXPECT_EQ(octets(), (std::vector<std::string>{"C0 7F", "90 00 7F", "9F 7F 7F", "E4 00 7F"}));
 }
 
-TEST_F(Module, ReopeningClosesThePreviousHandleAndClosingSilencesTheRoutines) {
-  midi.midiOpenOut();
-  const std::int32_t premier = midi.midiOutHandle();
-  auto premierJournal = journal;
-  midi.midiOpenOut();
-  const std::int32_t second = midi.midiOutHandle();
-  EXPECT_NE(premier, second);
-  EXPECT_EQ(midiHandleSortie(premier), nullptr);
-  EXPECT_EQ(midiHandleSortie(second), journal);
-  EXPECT_NE(premierJournal, journal);
-
-  midi.midiCloseOut();
-  EXPECT_EQ(midi.midiOutHandle(), 0);
-  EXPECT_EQ(midiHandleSortie(second), nullptr);
-  const std::size_t avant = journal->messages().size();
-  midi.midiNoteOnGlobal(60);  // a closed output: nothing, no failure
-  EXPECT_EQ(journal->messages().size(), avant);
-  midi.midiCloseOut();
-}
-
 TEST_F(Module, EachKindOfMessageIsGivenOnce) {
   messagesSortie = {{son::kAucuneSortieAudio.id, "pulseaudio: refused"}};
   midi.midiOpenOut();
@@ -158,19 +155,6 @@ TEST_F(Module, EachKindOfMessageIsGivenOnce) {
   midi.midiOpenIn();
   EXPECT_FALSE(midi.entréeOuverte());
   EXPECT_EQ(midi.prendMessages(), messagesEntrée);
-}
-
-TEST(ReceivedNotes, TheChannelCountedFromTheBasicChannelIsTheString) {
-  using N = NoteReçue;
-  EXPECT_EQ(noteReçue(midiPack(0x90, 64, 100), 1), (N{1, 64, true}));
-  EXPECT_EQ(noteReçue(midiPack(0x95, 50, 1), 1), (N{6, 50, true}));
-  EXPECT_EQ(noteReçue(midiPack(0x92, 50, 1), 3), (N{1, 50, true}));
-  EXPECT_EQ(noteReçue(midiPack(0x97, 50, 1), 3), (N{6, 50, true}));
-  EXPECT_EQ(noteReçue(midiPack(0x90, 40, 90), 5), (N{1, 40, true}));  // below: the first string
-  EXPECT_EQ(noteReçue(midiPack(0x8F, 40, 90), 1), (N{16, 40, false}));
-  EXPECT_EQ(noteReçue(midiPack(0x93, 40, 0), 1), (N{4, 40, false}));
-  for (std::uint8_t statut : {0xA0, 0xB0, 0xC0, 0xD0, 0xE0, 0xF0, 0x7F})
-    EXPECT_FALSE(noteReçue(midiPack(statut, 40, 90), 1)) << int(statut);
 }
 
 TEST_F(Module, NotesFromTheInputsThreadAreQueuedInOrderAndTheNotifierIsCalled) {
@@ -231,7 +215,7 @@ TEST_F(Module, AFloodingInputIsHeldToTheQueuesCapacityWithTheLossCountedAndOneWa
   EXPECT_EQ(midi.prendNotesReçues().size(), 1u);
 }
 
-TEST_F(Module, ClosingTheInputStopsItAndANewBasicChannelCountsAtOnce) {
+TEST_F(Module, ClosingTheInputStopsItAndTheChannelCountedFromTheBasicChannelIsTheString) {
   midi.midiOpenIn();
   ASSERT_NE(entrée, nullptr);
   RéglagesMidi r;
@@ -247,6 +231,18 @@ TEST_F(Module, ClosingTheInputStopsItAndANewBasicChannelCountsAtOnce) {
   EXPECT_EQ(arrêts, 2);
   EXPECT_FALSE(midi.entréeOuverte());
   midi.midiCloseIn();
+
+  // The channel counted from the basic channel is the string.
+  using N = NoteReçue;
+  EXPECT_EQ(noteReçue(midiPack(0x90, 64, 100), 1), (N{1, 64, true}));
+  EXPECT_EQ(noteReçue(midiPack(0x95, 50, 1), 1), (N{6, 50, true}));
+  EXPECT_EQ(noteReçue(midiPack(0x92, 50, 1), 3), (N{1, 50, true}));
+  EXPECT_EQ(noteReçue(midiPack(0x97, 50, 1), 3), (N{6, 50, true}));
+  EXPECT_EQ(noteReçue(midiPack(0x90, 40, 90), 5), (N{1, 40, true}));  // below: the first string
+  EXPECT_EQ(noteReçue(midiPack(0x8F, 40, 90), 1), (N{16, 40, false}));
+  EXPECT_EQ(noteReçue(midiPack(0x93, 40, 0), 1), (N{4, 40, false}));
+  for (std::uint8_t statut : {0xA0, 0xB0, 0xC0, 0xD0, 0xE0, 0xF0, 0x7F})
+    EXPECT_FALSE(noteReçue(midiPack(statut, 40, 90), 1)) << int(statut);
 }
 
 }  // namespace

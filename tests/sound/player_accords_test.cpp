@@ -16,7 +16,7 @@ std::array<std::string, 8> cordes(std::initializer_list<int> hauteurs) {
   return c;
 }
 
-TEST(PlayerAccords, PositionsHoldOneFretPerStringSlotAndTheConstructionTwelveSemitones) {
+TEST(PlayerAccords, PositionsHoldAFretPerStringAndTheConstructionTwelveSemitonesOrNothing) {
   SetAccordParametres(4, 9, 10, 2, 50, 12, 3);
   PositionsAccord p{{99}};
   std::string nom = "C";
@@ -30,16 +30,14 @@ TEST(PlayerAccords, PositionsHoldOneFretPerStringSlotAndTheConstructionTwelveSem
   nom = "Aminadd7";
   GetAccordConstruction(c, nom);
   EXPECT_EQ(c, (std::vector<int>{0, -1, -1, 3, -1, -1, -1, 7, -1, -1, 10, -1}));
-}
 
-TEST(PlayerAccords, NothingForAnUnknownNameAnInstrumentOutOfRangeOrStringsLeftEmpty) {
-  PositionsAccord p{{1, 2, 3}};
-  std::string inconnu = "Cmaj7", nom = "C";
+  // Nothing for an unknown name.
+  std::string inconnu = "Cmaj7";
   GetAccordPositions(p, inconnu, 6, cordes({7, 0, 5, 10, 2, 7}));
   EXPECT_TRUE(p.empty());
-  std::vector<int> c{5};
   GetAccordConstruction(c, inconnu);
   EXPECT_TRUE(c.empty());
+  nom = "C";
   // Strings out of range, left empty, or a code past the twelve pitches.
   for (const auto& [n, h] : {std::pair{0, cordes({7, 0, 5, 10, 2, 7, 0, 5})},
                              {3, cordes({7, 0, 5, 10, 2, 7, 0, 5})},

@@ -87,7 +87,7 @@ TEST_F(PlayerClock, PlaysWhatTheOfflineWalkGivesNeverEarlyThenEnds) {
   EXPECT_EQ(GetMIDINoteDuree(1), 0);
 }
 
-TEST_F(PlayerClock, StopWhilePlayingReleasesEveryNoteAtOnceStopTwiceStopIdle) {
+TEST_F(PlayerClock, StopOrStartWhilePlayingReleasesEveryNoteAtOnceStopTwiceStopIdle) {
   StopTab();  // idle
   EXPECT_EQ(GetPlayTabX(), -1);
   CVantoroTablature doc = rapide(8);
@@ -105,6 +105,20 @@ TEST_F(PlayerClock, StopWhilePlayingReleasesEveryNoteAtOnceStopTwiceStopIdle) {
   EXPECT_TRUE(test::toutRelâché(reçu));
   StopTab();
   EXPECT_EQ(journal.sortie->messages().size(), reçu.size());
+
+  // A start while playing stops the first piece cleanly.
+  journal.sortie->efface();
+  CVantoroTablature long_ = rapide(4);
+  poser(long_, 1, 1, 1, 0, 0, 192);
+  playStart(long_, tableaux, {}, demande(long_, journal.handle));
+  ASSERT_TRUE(attendsNotes(journal.sortie, 1));
+  CVantoroTablature court = rapide(1);
+  court.setMesureSignature(1, 1, 4);
+  poser(court, 1, 1, 2, 0, 0, 24);
+  playStart(court, tableaux, {}, demande(court, journal.handle));
+  ASSERT_TRUE(fini());
+  EXPECT_EQ(noteOns(journal.sortie->messages()), 2);
+  EXPECT_TRUE(test::toutRelâché(journal.sortie->messages()));
 }
 
 TEST_F(PlayerClock, LoopBetweenMarkersRunsUntilStopped) {
@@ -173,20 +187,6 @@ TEST_F(PlayerClock, NoOutputOrAnOutputClosedDuringPlayNeverCrashes) {
   ASSERT_TRUE(fini());
   playStart(doc, tableaux, {}, demande(doc, h));  // a handle no longer open
   ASSERT_TRUE(fini());
-}
-
-TEST_F(PlayerClock, StartWhilePlayingStopsTheFirstPieceCleanly) {
-  CVantoroTablature doc = rapide(4);
-  poser(doc, 1, 1, 1, 0, 0, 192);
-  playStart(doc, tableaux, {}, demande(doc, journal.handle));
-  ASSERT_TRUE(attendsNotes(journal.sortie, 1));
-  CVantoroTablature court = rapide(1);
-  court.setMesureSignature(1, 1, 4);
-  poser(court, 1, 1, 2, 0, 0, 24);
-  playStart(court, tableaux, {}, demande(court, journal.handle));
-  ASSERT_TRUE(fini());
-  EXPECT_EQ(noteOns(journal.sortie->messages()), 2);
-  EXPECT_TRUE(test::toutRelâché(journal.sortie->messages()));
 }
 
 TEST_F(PlayerClock, MetronomeCountsAndClicksStrongThenWeakBesideAPiece) {

@@ -29,7 +29,7 @@ std::vector<long> champs(const T& r, std::initializer_list<int> largeurs) {
   return v;
 }
 
-TEST(PlayRecords, StartRecordBytesAtTheirOffsets) {
+TEST(PlayRecords, StartRecordBytesAtTheirOffsetsAndRepeatsOnlyFromBarOne) {
   CVantoroTablature doc = test::document(3);
   doc.tempo = 90;
   doc.setTripleFeel(kVrai);
@@ -66,6 +66,17 @@ TEST(PlayRecords, StartRecordBytesAtTheirOffsets) {
   EXPECT_EQ(std::make_tuple(p.intPériodeTick, p.lngStartMesure, p.intStartX, p.lngStopMesure,
                             p.intStopX, p.lngBeatDurée, p.intTempsMesure),
             std::make_tuple(0, 3, 48, 0, 0, 0, 4));
+
+  // Repeats only from bar 1 outside marker mode, and only when asked for (a document
+  // with broken marks, played anyway, plays straight).
+  DemandeJeu r;
+  r.renvois = true;
+  EXPECT_EQ(tableaux(doc, r).params.boolRenvois, kFaux);
+  doc.setCurseurMesure(1);
+  doc.setCurseurX(0);
+  EXPECT_EQ(tableaux(doc, r).params.boolRenvois, kVrai);
+  r.renvois = false;
+  EXPECT_EQ(tableaux(doc, r).params.boolRenvois, kFaux);
 }
 
 TEST(PlayRecords, TrackRecordBytesAndChannels) {
@@ -114,7 +125,7 @@ TEST(PlayRecords, AnySoloMutesEveryOtherTrackForTheLibraryOnly) {
   EXPECT_EQ(doc.getPistePlayMute(2), kFaux);  // the document is not changed
 }
 
-TEST(PlayRecords, ClickChannelOneBasedHereNineInTheMetronomesRecord) {
+TEST(PlayRecords, ClickChannelOneBasedHereNineInTheMetronomesRecordWhosePeriodIsRounded) {
   CVantoroTablature doc = test::document(1);
   OptionsJeu o;
   o.setMIDIchannel = 5;
@@ -135,25 +146,10 @@ TEST(PlayRecords, ClickChannelOneBasedHereNineInTheMetronomesRecord) {
             (std::vector<long>{0, 9, 34, 33, 127, 0, 0, 0, 14, -1, 0, 9, 3, 35}));
   m.setMétro = 0;
   EXPECT_EQ(métronomeParams(120, 3, m, 9).boolAudible, kFaux);
-}
-
-TEST(PlayRecords, MetronomePeriodRoundsToTheNearestMillisecond) {
-  // 13.89, 46.30, 27.78, 16.67, 6.67, 1.67
+  // The period rounds to the nearest millisecond: 13.89, 46.30, 27.78, 16.67, 6.67, 1.67.
   const std::pair<int, int> cas[] = {{120, 14}, {36, 46}, {60, 28}, {100, 17}, {250, 7}, {999, 2}};
   for (const auto& [tempo, période] : cas)
     EXPECT_EQ(métronomeParams(tempo, 4, {}, 0).lngPériode, période) << "tempo " << tempo;
-}
-
-TEST(PlayRecords, RepeatsOnlyFromBarOneOutsideMarkerMode) {
-  CVantoroTablature doc = test::document(3);
-  DemandeJeu d;
-  d.renvois = true;
-  EXPECT_EQ(tableaux(doc, d).params.boolRenvois, kVrai);
-  doc.setCurseurMesure(2);
-  EXPECT_EQ(tableaux(doc, d).params.boolRenvois, kFaux);
-  doc.setCurseurMesure(1);
-  d.renvois = false;  // broken marks, the user chose to play anyway
-  EXPECT_EQ(tableaux(doc, d).params.boolRenvois, kFaux);
 }
 
 TEST(PlayArraysCopy, BarsTemposAndNotesVerbatimEmptyStringsEmptyCells) {

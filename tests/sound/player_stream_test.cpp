@@ -99,7 +99,7 @@ CVantoroTablature morceau() {
 }
 
 TEST(PlayerStream, EqualsTheExportTrackByTrackInBothBendModes) {
-  const CVantoroTablature doc = morceau();
+  CVantoroTablature doc = morceau();
   for (int mode : {0, -1}) {
     OptionsJeu o;
     o.setMIDIEffet1Ton = mode;
@@ -115,10 +115,8 @@ TEST(PlayerStream, EqualsTheExportTrackByTrackInBothBendModes) {
     EXPECT_TRUE(std::is_sorted(tout.begin(), tout.end(),
                                [](const auto& a, const auto& b) { return a.temps < b.temps; }));
   }
-}
 
-TEST(PlayerStream, NotesMatchTheExportedFileReadBack) {
-  CVantoroTablature doc = morceau();
+  // The notes match the exported file read back.
   const std::vector<MessageJoué> tout = test::horsLigne(doc, avecRenvois());
   MidiFichier f;
   ASSERT_TRUE(lireMidi(io_enregistrer_mid(doc), f).ok());
@@ -163,21 +161,20 @@ TEST(PlayerStream, MutedAndNotSoloTracksSendNotEvenTheirSetUpSoTheyCannotChangeA
   for (const MessageJoué& m : tout)
     EXPECT_EQ(m.piste, 3);
   EXPECT_EQ(joués(tout, 3), export1(doc, 3));
-}
 
-TEST(PlayerStream, EachHeardTrackIsSetUpBeforeItsFirstNote) {
-  CVantoroTablature doc = test::document(1, 2);
-  doc.setMIDIPatch(2, 30);
-  doc.setMIDIBank(2, 300);
-  doc.setMIDIPan(2, 10);
-  doc.setMIDIReverb(2, 20);
-  poser(doc, 2, 1, 1, 0, 0, 48);
+  // Each heard track is set up before its first note.
+  CVantoroTablature deux = test::document(1, 2);
+  deux.setMIDIPatch(2, 30);
+  deux.setMIDIBank(2, 300);
+  deux.setMIDIPan(2, 10);
+  deux.setMIDIReverb(2, 20);
+  poser(deux, 2, 1, 1, 0, 0, 48);
   OptionsJeu o;
   o.setMIDIvolume = 90;
   o.setMIDIPitchBendRange = 5;
-  const std::vector<MessageJoué> tout = test::horsLigne(doc, {}, o);
+  const std::vector<MessageJoué> réglé = test::horsLigne(deux, {}, o);
   std::vector<std::uint32_t> piste2;
-  for (const MessageJoué& m : tout)
+  for (const MessageJoué& m : réglé)
     if (m.piste == 2 && m.temps < 0) piste2.push_back(m.message);
   // The bank, then the program, the bend range, volume, effects, pan, wheel, modulation.
   const std::vector<std::uint32_t> attendu = {
@@ -189,9 +186,9 @@ TEST(PlayerStream, EachHeardTrackIsSetUpBeforeItsFirstNote) {
       midiPack(0xB1, 0x01, 0)};
   EXPECT_EQ(piste2, attendu);
   // All of it at the start, before any note.
-  const auto note = std::find_if(tout.begin(), tout.end(),
+  const auto note = std::find_if(réglé.begin(), réglé.end(),
                                  [](const MessageJoué& m) { return test::estNoteOn(m.message); });
-  EXPECT_TRUE(std::all_of(note, tout.end(), [](const MessageJoué& m) { return m.temps >= 0; }));
+  EXPECT_TRUE(std::all_of(note, réglé.end(), [](const MessageJoué& m) { return m.temps >= 0; }));
 }
 
 TEST(PlayerStream, StartAtBarTwoRunsStraightThroughTheRepeats) {
@@ -207,7 +204,7 @@ TEST(PlayerStream, StartAtBarTwoRunsStraightThroughTheRepeats) {
   EXPECT_EQ(frettes(test::horsLigne(doc, avecRenvois())), (std::vector<int>{1, 2, 1, 2, 1, 2, 3}));
 }
 
-TEST(PlayerStream, MarkersPlayFromStartToStopAndReleaseWhatRings) {
+TEST(PlayerStream, MarkersPlayFromStartToStopAndReleaseWhatRingsNothingPlaysPastTheEnd) {
   CVantoroTablature doc = test::document(2);
   for (int x = 0; x < 192; x += 48)
     poser(doc, 1, 1, 1, x, x / 48, 48);
@@ -226,15 +223,14 @@ TEST(PlayerStream, MarkersPlayFromStartToStopAndReleaseWhatRings) {
   for (const MessageJoué& m : tout)
     dates.push_back({m.ms, m.message});
   EXPECT_TRUE(test::toutRelâché(dates));
-}
 
-TEST(PlayerStream, EmptyDocumentAndStartPastTheEndEndAtOnce) {
-  CVantoroTablature doc = test::document(2);
-  const std::vector<MessageJoué> tout = test::horsLigne(doc);
-  for (const MessageJoué& m : tout)
-    EXPECT_LT(m.temps, 0);  // the set-up only
-  doc.setCurseurMesure(9);
-  EXPECT_EQ(test::horsLigne(doc).size(), tout.size());
+  // An empty document, and a start past the end, give the set-up only.
+  CVantoroTablature vide = test::document(2);
+  const std::vector<MessageJoué> réglages = test::horsLigne(vide);
+  for (const MessageJoué& m : réglages)
+    EXPECT_LT(m.temps, 0);
+  vide.setCurseurMesure(9);
+  EXPECT_EQ(test::horsLigne(vide).size(), réglages.size());
 }
 
 }  // namespace

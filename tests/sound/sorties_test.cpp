@@ -41,7 +41,7 @@ std::vector<std::int16_t> joue(SynthéIntégré& s, int canal, int note) {
 
 using SoundFontChoice = test::Dossier;
 
-TEST_F(SoundFontChoice, TheChosenFileComesFirstThenTheSystemsInOrder) {
+TEST_F(SoundFontChoice, TheChosenFileComesFirstThenTheSystemsInOrderAndFailuresAreSaid) {
   const std::string choisie = fichier("mine.sf2"), a = fichier("a.sf2"), b = fichier("b.sf2");
   std::vector<std::string> essais;
   auto charge = [&](const std::string& c) {
@@ -57,40 +57,27 @@ TEST_F(SoundFontChoice, TheChosenFileComesFirstThenTheSystemsInOrder) {
   EXPECT_EQ(essais, std::vector<std::string>{a}) << "a missing file is not handed to the loader";
   EXPECT_TRUE(choix.messages.empty());
   EXPECT_EQ(soundFontsDuSystème().at(0), "/usr/share/sounds/sf2/default-GM.sf2");
-}
 
-TEST_F(SoundFontChoice, AChosenFileThatFailsOrIsGoneIsSaidAndTheSystemsPlays) {
-  const std::string a = fichier("a.sf2");
-  for (const std::string& choisie : {fichier("broken.sf2"), (dossier / "gone.sf2").string()}) {
-    const ChoixSoundFont choix =
-        choisitSoundFont(choisie, {a}, [&](const std::string& c) { return c == a; });
+  // A chosen file that fails or is gone is said, and the system's plays.
+  for (const std::string& c : {fichier("broken.sf2"), (dossier / "gone.sf2").string()}) {
+    choix = choisitSoundFont(c, {a}, [&](const std::string& x) { return x == a; });
     EXPECT_EQ(choix.chemin, a);
-    EXPECT_EQ(choix.messages, (Messages{{son::kSoundFontChoisieAbsente.id, choisie}}));
+    EXPECT_EQ(choix.messages, (Messages{{son::kSoundFontChoisieAbsente.id, c}}));
   }
-}
-
-TEST_F(SoundFontChoice, NothingLoadedGivesOneMessageThatSaysWhy) {
-  ChoixSoundFont choix =
-      choisitSoundFont("", {(dossier / "x.sf2").string()}, [](const std::string&) { return true; });
-  EXPECT_TRUE(choix.chemin.empty());
-  EXPECT_EQ(choix.messages, (Messages{{son::kAucuneSoundFont.id, ""}}));
-  // Files that the loader refuses: its own words are the detail.
-  choix = choisitSoundFont(
-      fichier("b.sf2"), {fichier("a.sf2")}, [](const std::string&) { return false; },
-      [] { return std::string("not a SoundFont"); });
-  EXPECT_TRUE(choix.chemin.empty());
-  EXPECT_EQ(choix.messages, (Messages{{son::kSoundFontIllisible.id, "not a SoundFont"}}));
-}
-
-TEST_F(SoundFontChoice, AFileReachedThroughALinkIsTriedOnce) {
-  const std::string a = fichier("a.sf2");
+  // Nothing loaded: one message that says why, the loader's own words if it refused.
+  choix = choisitSoundFont("", {(dossier / "x.sf2").string()}, charge);
+  EXPECT_EQ(std::make_pair(choix.chemin, choix.messages),
+            std::make_pair(std::string(), Messages{{son::kAucuneSoundFont.id, ""}}));
+  essais.clear();
   fs::create_symlink(a, dossier / "default.sf2");
-  int essais = 0;
-  choisitSoundFont("", {(dossier / "default.sf2").string(), a}, [&](const std::string&) {
-    ++essais;
-    return false;
-  });
-  EXPECT_EQ(essais, 1);
+  choix = choisitSoundFont(
+      b, {(dossier / "default.sf2").string(), a}, [&](const std::string& c) { return !charge(c); },
+      [] { return std::string("not a SoundFont"); });
+  EXPECT_EQ(
+      std::make_pair(choix.chemin, choix.messages),
+      std::make_pair(std::string(), Messages{{son::kSoundFontIllisible.id, "not a SoundFont"}}));
+  EXPECT_EQ(essais, (std::vector<std::string>{b, (dossier / "default.sf2").string()}))
+      << "a file reached through a link is tried once";
 }
 
 TEST(BuiltInSynthesizer, WithoutAudioDeviceItSaysSoOnceAndStillPlays) {
@@ -107,7 +94,7 @@ TEST(BuiltInSynthesizer, WithoutAudioDeviceItSaysSoOnceAndStillPlays) {
   EXPECT_NEAR(test::hzEntre(écoute(s, 600), 44100, 150, 600), 440.0, 4.4);
 }
 
-TEST(BuiltInSynthesizer, ResetSilencesEveryChannel) {
+TEST(BuiltInSynthesizer, ResetSilencesEveryChannelAndBytesOutOfRangeDoNoHarm) {
   SynthéIntégré s(sansAudio());
   for (std::uint8_t canal = 0; canal < 16; ++canal)
     s.shortMsg(midiPack(std::uint8_t(0x90 | canal), 60, 100));
@@ -117,6 +104,16 @@ TEST(BuiltInSynthesizer, ResetSilencesEveryChannel) {
   s.reset();
   EXPECT_EQ(voixAprèsExtinction(s), 0);
   EXPECT_LT(test::crête(écoute(s, 50)), 1e-3);
+
+  // Bytes out of range and system messages do no harm.
+  s.shortMsg(0xFFFFFFFF);  // a system reset byte: not a channel message
+  s.shortMsg(midiPack(0xF0, 0x7E, 0x7F));
+  s.shortMsg(0);
+  EXPECT_EQ(s.voixActives(), 0);
+  s.shortMsg(midiPack(0x90, 0xBC, 0xFF));  // read on seven bits: note 60, velocity 127
+  EXPECT_GT(s.voixActives(), 0);
+  s.shortMsg(midiPack(0x80, 0xBC, 0));  // and released as note 60
+  EXPECT_EQ(voixAprèsExtinction(s), 0);
 }
 
 TEST_F(SoundFontChoice, AMissingSoundFontOrAFileThatIsNoneLeavesASilentWorkingOutput) {
@@ -167,18 +164,6 @@ TEST(BuiltInSynthesizer, TakesMessagesFromTwoThreadsAtOnce) {
   EXPECT_EQ(voixAprèsExtinction(s), 0) << "every Note On found its Note Off";
 }
 
-TEST(BuiltInSynthesizer, BytesOutOfRangeAndSystemMessagesDoNoHarm) {
-  SynthéIntégré s(sansAudio());
-  s.shortMsg(0xFFFFFFFF);  // a system reset byte: not a channel message
-  s.shortMsg(midiPack(0xF0, 0x7E, 0x7F));
-  s.shortMsg(0);
-  EXPECT_EQ(s.voixActives(), 0);
-  s.shortMsg(midiPack(0x90, 0xBC, 0xFF));  // read on seven bits: note 60, velocity 127
-  EXPECT_GT(s.voixActives(), 0);
-  s.shortMsg(midiPack(0x80, 0xBC, 0));  // and released as note 60
-  EXPECT_EQ(voixAprèsExtinction(s), 0);
-}
-
 // Opened on the user's instrument, it sounds from its first note as one told
 // that program by a Program Change; the drums' channel keeps its kit.
 TEST(BuiltInSynthesizer, OpenedOnAProgramItSoundsAsAfterItsProgramChange) {
@@ -195,22 +180,19 @@ TEST(BuiltInSynthesizer, OpenedOnAProgramItSoundsAsAfterItsProgramChange) {
   EXPECT_EQ(joue(guitare, 9, 38), joue(piano, 9, 38));
 }
 
-using test::sansAudio;
-
 bool intégré(const OuvertureSortie& o) {
   return dynamic_cast<SynthéIntégré*>(o.sortie.get()) != nullptr;
 }
 
-TEST(DeviceLists, TheBuiltInSynthesizerIsOutputZeroInBothLanguages) {
+TEST(Devices, TheBuiltInSynthesizerIsOutputZeroAndWhatIsNotThereStaysQuiet) {
   const auto en = nomsSortiesMidi(kLangAnglais);
   ASSERT_FALSE(en.empty());
   EXPECT_EQ(en[0], "Built-in synthesizer");
   EXPECT_EQ(nomsSortiesMidi(kLangFrançais)[0], "Synthétiseur intégré");
   EXPECT_EQ(en.size(), portsSortieAlsa().size() + 1);
   EXPECT_EQ(nomsEntréesMidi(), portsEntréeAlsa());
-}
 
-TEST(DeviceOpening, OutputsZeroAndMinusOneAreTheBuiltInSynthesizerAPortThatFailsToo) {
+  // Outputs 0 and -1 are the built-in synthesizer, and so is a port that fails.
   for (int device : {0, -1}) {
     const OuvertureSortie o = ouvreSortieMidi(device, sansAudio());
     EXPECT_TRUE(intégré(o)) << device;
@@ -222,9 +204,8 @@ TEST(DeviceOpening, OutputsZeroAndMinusOneAreTheBuiltInSynthesizerAPortThatFails
   EXPECT_EQ(o.messages[0].id, son::kSortieMidiImpossible.id);
   EXPECT_FALSE(o.messages[0].détail.empty());
   o.sortie->shortMsg(midiPack(0x90, 60, 100));
-}
 
-TEST(DeviceOpening, AnAlsaPortThatIsNotThereStaysClosedAndTakesMessagesSilently) {
+  // An ALSA port that is not there stays closed and takes messages silently.
   PortAlsaSortie sortie(5000);
   EXPECT_FALSE(sortie.ouvert());
   EXPECT_FALSE(sortie.erreur().empty());
@@ -235,16 +216,14 @@ TEST(DeviceOpening, AnAlsaPortThatIsNotThereStaysClosedAndTakesMessagesSilently)
   EXPECT_FALSE(entrée.erreur().empty());
   entrée.démarre([](std::uint32_t) {});
   entrée.arrête();
-}
-
-// With no input on the machine, nothing opens, quietly; with some, a number past the list says so.
-TEST(DeviceOpening, InputsOpenNothingQuietlyWhenTheMachineHasNone) {
+  // With no input on the machine, nothing opens, quietly; with some, a number past the list
+  // says so.
   const bool aucune = portsEntréeAlsa().empty();
-  const OuvertureEntrée o = ouvreEntréeMidi(aucune ? 0 : 5000);
-  EXPECT_EQ(o.entrée, nullptr);
-  EXPECT_EQ(o.messages.size(), aucune ? 0u : 1u);
+  const OuvertureEntrée e = ouvreEntréeMidi(aucune ? 0 : 5000);
+  EXPECT_EQ(e.entrée, nullptr);
+  EXPECT_EQ(e.messages.size(), aucune ? 0u : 1u);
   if (!aucune) {
-    EXPECT_EQ(o.messages[0].id, son::kEntréeMidiImpossible.id);
+    EXPECT_EQ(e.messages[0].id, son::kEntréeMidiImpossible.id);
   }
 }
 
@@ -273,16 +252,15 @@ TEST(MidiHandles, AClosedHandleKeepsARunningHolderAlive) {
   EXPECT_TRUE(témoin.expired()) << "the table keeps nothing after the close";
 }
 
-TEST(LogLine, TimeWithThreeDecimalsThenOnlyTheBytesTheMessageHas) {
+TEST(LogOutput, ALineHasTheTimeWithThreeDecimalsThenTheBytesAndTimesCountFromTheStart) {
   EXPECT_EQ(ligneJournal({1041.6666, midiPack(0x90, 0x45, 0x7F)}), "1041.667 90 45 7F");
   EXPECT_EQ(ligneJournal({0, midiPack(0xC0, 25)}), "0.000 C0 19");      // program: 2 bytes
   EXPECT_EQ(ligneJournal({2.5, midiPack(0xD3, 0x40)}), "2.500 D3 40");  // pressure: 2 bytes
   EXPECT_EQ(ligneJournal({12, midiPack(0xEF, 0x00, 0x60)}), "12.000 EF 00 60");
   EXPECT_EQ(ligneJournal({-0.0001, midiPack(0x80, 0x3C, 0x00)}), "0.000 80 3C 00");
   EXPECT_EQ(ligneJournal({0.0005, midiPack(0x90, 1, 2)}), "0.001 90 01 02");
-}
 
-TEST(LogOutput, TimesCountFromTheFirstMessageOrFromTheStartGivenResetsAreNotListed) {
+  // Times count from the first message or from the start given; resets are not listed.
   SortieJournal j;
   j.reset();
   j.shortMsg(midiPack(0x90, 60, 100));

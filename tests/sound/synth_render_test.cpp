@@ -1,13 +1,16 @@
-// Offline rendering through FluidSynth, listened to; the WAV file written, and
-// WAV files read in every encoding or refused with their message.
+// Offline rendering through FluidSynth, listened to, of messages and of a document
+// through the player's walk; the WAV file written, and WAV files read in every encoding
+// or refused with their message.
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "player_test_util.h"
 #include "sound/lecture_wav.h"
 #include "sound/midi_out.h"
 #include "sound/rendu_hors_ligne.h"
@@ -42,16 +45,7 @@ std::uint32_t lit32(const std::vector<std::uint8_t>& b, std::size_t at) {
          std::uint32_t(b[at + 3]) << 24;
 }
 
-TEST(OfflineRendering, APitchWheelMessageRaisesThePitchFromItsTime) {
-  MessagesDates m = kUneSeconde;
-  // The wheel at 0x3000, half way up the default two semitones: A#4.
-  m.push_back({500, midiPack(0xE0, 0x00, 0x60)});
-  const RenduPcm pcm = rendAvecSoundFont(m);
-  EXPECT_NEAR(hz(pcm, 150, 480), 440.0, 4.4);
-  EXPECT_NEAR(hz(pcm, 560, 950), 466.16, 4.7);
-}
-
-TEST(OfflineRendering, ANoteStartsAtItsTimeAndTheLengthIsTheLastMessagePlusTheTail) {
+TEST(OfflineRendering, ANoteStartsAtItsTimeInTimeOrderTheLengthIsTheLastMessagePlusTheTail) {
   // The sample may begin with a few quiet frames: the note at 0 is the reference.
   const RenduPcm àZéro = rendAvecSoundFont({{0, kSteel}, {0, kLa440}, {400, kLa440Off}}, 100);
   const RenduPcm pcm = rendAvecSoundFont({{0, kSteel}, {500, kLa440}, {900, kLa440Off}}, 1000);
@@ -63,6 +57,30 @@ TEST(OfflineRendering, ANoteStartsAtItsTimeAndTheLengthIsTheLastMessagePlusTheTa
   EXPECT_EQ(test::crête(test::tranche(son, pcm.fréquence, 0, 499)), 0.0);
   EXPECT_NEAR(test::débutDuSon(son, pcm.fréquence, 1e-6f) - référence, 500, 0.8);
   EXPECT_NEAR(double(pcm.trames()), 1.9 * 44100, 32);
+
+  // Silence without a note; the Note Off written first still comes after the Note On; a
+  // time below 0 is the start.
+  for (const MessagesDates& m :
+       {MessagesDates{}, MessagesDates{{0, kSteel}, {300, midiPack(0xB0, 7, 100)}}}) {
+    const RenduPcm silence = rendAvecSoundFont(m, 500);
+    ASSERT_GT(silence.trames(), 0u);
+    EXPECT_EQ(test::crête(test::mono(silence.échantillons)), 0.0);
+  }
+  const RenduPcm désordre = rendAvecSoundFont({{600, kLa440Off}, {-50, kSteel}, {0, kLa440}}, 400);
+  EXPECT_NEAR(hz(désordre, 150, 550), 440.0, 4.4);
+  EXPECT_NEAR(double(désordre.trames()), 1.0 * 44100, 32);
+
+  // A missing SoundFont gives its message, and silence of the right length.
+  OptionsRendu o;
+  o.soundFont = "/nonexistent/piano.sf2";
+  o.soundFontsSystème = {};
+  o.traîneMs = 0;
+  const RenduPcm sans = rendrePcm(kUneSeconde, o);
+  EXPECT_TRUE(sans.soundFont.empty());
+  EXPECT_EQ(sans.messages,
+            (std::vector<MessageSon>{{son::kAucuneSoundFont.id, "/nonexistent/piano.sf2"}}));
+  EXPECT_NEAR(double(sans.trames()), 44100, 32);
+  EXPECT_EQ(test::crête(test::mono(sans.échantillons)), 0.0);
 }
 
 TEST(OfflineRendering, ALoudBandIsRoundedOffBelowFullScaleNotClipped) {
@@ -87,30 +105,54 @@ TEST(OfflineRendering, ALoudBandIsRoundedOffBelowFullScaleNotClipped) {
   EXPECT_LT(crête, 32767) << "no sample cut flat at full scale";
 }
 
-TEST(OfflineRendering, SilenceWithoutANoteAndMessagesTakenInTimeOrder) {
-  for (const MessagesDates& m :
-       {MessagesDates{}, MessagesDates{{0, kSteel}, {300, midiPack(0xB0, 7, 100)}}}) {
-    const RenduPcm pcm = rendAvecSoundFont(m, 500);
-    ASSERT_GT(pcm.trames(), 0u);
-    EXPECT_EQ(test::crête(test::mono(pcm.échantillons)), 0.0);
-  }
-  // The Note Off written first still comes after the Note On; a time below 0 is the start.
-  const RenduPcm pcm = rendAvecSoundFont({{600, kLa440Off}, {-50, kSteel}, {0, kLa440}}, 400);
-  EXPECT_NEAR(hz(pcm, 150, 550), 440.0, 4.4);
-  EXPECT_NEAR(double(pcm.trames()), 1.0 * 44100, 32);
+// The player's walk heard: a document rendered offline and the pitch of what sounds.
+double hertz(double midi) {
+  return 440.0 * std::pow(2.0, (midi - 69) / 12.0);
 }
 
-TEST(OfflineRendering, AMissingSoundFontGivesItsMessageAndSilenceOfTheRightLength) {
-  OptionsRendu o;
-  o.soundFont = "/nonexistent/piano.sf2";
-  o.soundFontsSystème = {};
-  o.traîneMs = 0;
-  const RenduPcm pcm = rendrePcm(kUneSeconde, o);
-  EXPECT_TRUE(pcm.soundFont.empty());
-  EXPECT_EQ(pcm.messages,
-            (std::vector<MessageSon>{{son::kAucuneSoundFont.id, "/nonexistent/piano.sf2"}}));
-  EXPECT_NEAR(double(pcm.trames()), 44100, 32);
-  EXPECT_EQ(test::crête(test::mono(pcm.échantillons)), 0.0);
+// At 120 a bar lasts two seconds; each sounding bar is followed by a silent one so that no
+// tail reaches the next.
+const std::vector<float>& rendu() {
+  static const std::vector<float> son = [] {
+    CVantoroTablature doc = test::document(9);
+    doc.tempo = 120;
+    test::poser(doc, 1, 1, 1, 0, 5, 192);
+    test::poser(doc, 1, 3, 1, 0, 12, 192, 0, attaque::kHarmoniqueNaturelle);
+    test::poser(doc, 1, 5, 1, 0, 7, 192, 0, attaque::kHarmoniqueNaturelle);
+    test::poser(doc, 1, 7, 1, 0, 5, 192, 0, attaque::kHarmoniqueArtificielle);
+    test::poser(doc, 1, 9, 1, 0, 5, 96, effet::kBendUp);
+    test::poser(doc, 1, 9, 1, 96, 7, 96);
+    const RenduPcm pcm = rendrePcm(rendreDocument(doc));
+    EXPECT_FALSE(pcm.soundFont.empty()) << "no General MIDI SoundFont: scripts/setup installs one";
+    EXPECT_EQ(pcm.fréquence, 44100);
+    return test::mono(pcm.échantillons);
+  }();
+  return son;
+}
+// The pitch in bar `mesure` (from 1) between two times of it.
+double hzMesure(int mesure, double débutMs, double finMs) {
+  const double t = (mesure - 1) * 2000.0;
+  return test::hzEntre(rendu(), 44100, t + débutMs, t + finMs);
+}
+
+// Fret 5 on the first string is A 440 and stops with the note. A natural harmonic sounds
+// at its node: over the twelfth fret it is that fret's note, an octave above the open
+// string, no higher; over the seventh fret, the nineteenth fret's note. An artificial
+// harmonic sounds an octave above the fretted note. A bend from fret 5 to fret 7 over two
+// beats: the wheel rises on the A and holds the B without a new attack; the bend range the
+// track's set-up tells the synthesiser (12 semitones) makes the wheel's steps the right size.
+TEST(PlayerSound, FretsHarmonicsAndABendSoundAtTheirPitch) {
+  EXPECT_NEAR(hzMesure(1, 200, 900), 440.0, 4.4);
+  EXPECT_LT(test::rms(test::tranche(rendu(), 44100, 3500, 4000)),
+            0.1 * test::rms(test::tranche(rendu(), 44100, 200, 900)));
+  EXPECT_NEAR(hzMesure(3, 200, 900), 2 * hertz(64), 0.01 * 2 * hertz(64));
+  EXPECT_NEAR(hzMesure(5, 200, 900), hertz(64 + 19), 0.01 * hertz(64 + 19));
+  EXPECT_NEAR(hzMesure(7, 200, 900), 880.0, 8.8);
+  const double avant = hzMesure(9, 20, 150), milieu = hzMesure(9, 450, 550);
+  EXPECT_NEAR(avant, 440.0, 0.02 * 440.0);
+  EXPECT_GT(milieu, avant * 1.03);
+  EXPECT_LT(milieu, hertz(71) * 0.98);
+  EXPECT_NEAR(hzMesure(9, 1150, 1800), hertz(71), 0.01 * hertz(71));
 }
 
 using WavFile = test::Dossier;
@@ -141,7 +183,7 @@ TEST_F(WavFile, HoldsTheRenderedSamplesOfA440BehindACanonicalHeader) {
 }
 
 // A folder that does not exist, or a folder where the file should go (all is
-// written, then the renaming fails): the message, and no partial file.
+// written, then the renaming fails), or no SoundFont: the message, and no partial file.
 TEST_F(WavFile, AFileThatCannotBeWrittenGivesTheMessageAndNoPartialFile) {
   const fs::path occupé = dossier / "la.wav";
   fs::create_directory(occupé);
@@ -155,17 +197,15 @@ TEST_F(WavFile, AFileThatCannotBeWrittenGivesTheMessageAndNoPartialFile) {
     EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"});  // the folder alone
   }
   EXPECT_TRUE(fs::is_directory(occupé));
-}
-
-TEST_F(WavFile, WithoutASoundFontNothingIsWrittenAndAnEarlierFileStays) {
+  // Without a SoundFont nothing is written and an earlier file stays.
+  fs::remove(occupé);
   const std::string chemin = fichier("la.wav", "earlier");
   OptionsRendu o;
   o.soundFont = (dossier / "none.sf2").string();
   o.soundFontsSystème = {};
   const RésultatWav r = rendreWav(kUneSeconde, chemin, o);
   EXPECT_FALSE(r.ok);
-  ASSERT_EQ(r.messages.size(), 1u);
-  EXPECT_EQ(r.messages[0].id, son::kAucuneSoundFont.id);
+  EXPECT_EQ(r.messages, (std::vector<MessageSon>{{son::kAucuneSoundFont.id, o.soundFont}}));
   const auto b = litFichier(chemin);
   EXPECT_EQ(std::string(b.begin(), b.end()), "earlier");
   EXPECT_EQ(contenu(), std::vector<std::string>{"la.wav"});
@@ -249,7 +289,7 @@ Octets wav(const Format& f, const Octets& échantillons, const Octets& avant = {
   return o;
 }
 
-TEST(LectureWav, EveryEncodingToMonoFullScale) {
+TEST(LectureWav, EveryEncodingToMonoFullScaleAfterAnyChunksAndAStreamedSize) {
   const struct {
     const char* quoi;
     Format f;
@@ -274,9 +314,7 @@ TEST(LectureWav, EveryEncodingToMonoFullScale) {
     EXPECT_EQ(s.canaux, int(c.f.canaux));
     EXPECT_EQ(s.mono, c.attendu);
   }
-}
-
-TEST(LectureWav, ChunksBeforeTheSamplesAndAStreamedSizeAreRead) {
+  // Chunks before the samples, and a streamed size, are read.
   Octets liste;
   mets(mets(mets(liste, "LIST"), 3, 4), "abc");  // odd size, padded
   const SonLu s = lireWav(wav({}, {0x00, 0x40, 0x00, 0x40}, liste));
@@ -289,7 +327,7 @@ TEST(LectureWav, ChunksBeforeTheSamplesAndAStreamedSizeAreRead) {
   EXPECT_DOUBLE_EQ(flux.secondes(), 2.0 / 44100);
 }
 
-TEST(LectureWav, DamagedAndUnknownFilesAreRefusedWithTheirMessage) {
+TEST(LectureWav, DamagedUnknownAndMissingFilesAreRefusedWithTheirMessage) {
   const auto coupé = [](Octets o, std::size_t n) {
     o.resize(o.size() > n ? o.size() - n : 0);
     return o;
@@ -321,10 +359,8 @@ TEST(LectureWav, DamagedAndUnknownFilesAreRefusedWithTheirMessage) {
     EXPECT_EQ(s.message, c.message.id);
     EXPECT_TRUE(s.mono.empty());
   }
-}
 
-TEST(LectureWav, FilesThatAreMissingOrNoFiles) {
-  namespace fs = std::filesystem;
+  // Files that are missing, or no files.
   const fs::path dossier = fs::temp_directory_path();
   EXPECT_EQ(lireFichierWav((dossier / "vantoro-no-such-file.wav").string()).message,
             son::kFichierAbsent.id);

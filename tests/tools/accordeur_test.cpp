@@ -34,7 +34,7 @@ class Accordeur : public Outils {
   }
 };
 
-TEST_F(Accordeur, TheChosenStringIsStruckAgainUntilStopped) {
+TEST_F(Accordeur, TheChosenStringIsStruckAgainUntilStoppedByClickOrKeyOrClosing) {
   FAccordeur& t = ouvreAccordeur();
   EXPECT_EQ(t.Timer1().interval(), FAccordeur::kIntervalleFrappe);
   t.choisitCorde(6);
@@ -58,6 +58,29 @@ TEST_F(Accordeur, TheChosenStringIsStruckAgainUntilStopped) {
   EXPECT_EQ(t.txt()->text(), vt->loadString(1603));
   t.btnStop_Click();
   EXPECT_TRUE(midi().empty()) << "nothing left to release";
+
+  // Keys choose, start and stop: the note sounding after each key; no ninth string.
+  const std::pair<Qt::Key, int> touches[] = {{Qt::Key_2, 59},      {Qt::Key_Down, 55},
+                                             {Qt::Key_Space, -1},  {Qt::Key_Space, 55},
+                                             {Qt::Key_Escape, -1}, {Qt::Key_9, -1}};
+  for (const auto& [touche, note] : touches) {
+    QTest::keyClick(&t, touche);
+    EXPECT_EQ(t.noteSonnante(), note) << touche;
+    EXPECT_EQ(t.Timer1().isActive(), note != -1) << touche;
+  }
+
+  // The language follows; closing releases the note.
+  t.choisitCorde(1);
+  midi();
+  vt->settings().setLang = 0;
+  vt->changeLanguage();
+  EXPECT_EQ(t.windowTitle(), QStringLiteral("Accordeur"));
+  EXPECT_EQ(t.txt()->text(), QStringLiteral("Corde 1 : E4 — 329,63 Hz"));
+  EXPECT_EQ(t.cmbAccordage()->currentText(), QStringLiteral("Guitare, accordage standard"));
+  ASSERT_TRUE(vt->fenetres().décharge(fen::FAccordeur));
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(midi(), (Midi{"90 40 00"}));
+  EXPECT_FALSE(vt->isFormLoaded(fen::FAccordeur));
 }
 
 TEST_F(Accordeur, TheWheelTurnsEverySevenPixelsOfDragAndItsLampsChooseAString) {
@@ -119,19 +142,6 @@ TEST_F(Accordeur, ATuningOfTheListBecomesTheInstrumentAndSoundsAtOnce) {
   const int n = t.cmbAccordage()->count();
   t.cmbAccordage_Click(n - 1);
   EXPECT_EQ(vt->guitare().corde[1], 65) << "the custom entry changes nothing";
-}
-
-TEST_F(Accordeur, KeysChooseStartAndStop) {
-  FAccordeur& t = ouvreAccordeur();
-  // The note sounding after each key; no ninth string.
-  const std::pair<Qt::Key, int> touches[] = {{Qt::Key_2, 59},      {Qt::Key_Down, 55},
-                                             {Qt::Key_Space, -1},  {Qt::Key_Space, 55},
-                                             {Qt::Key_Escape, -1}, {Qt::Key_9, -1}};
-  for (const auto& [touche, note] : touches) {
-    QTest::keyClick(&t, touche);
-    EXPECT_EQ(t.noteSonnante(), note) << touche;
-    EXPECT_EQ(t.Timer1().isActive(), note != -1) << touche;
-  }
 }
 
 TEST_F(Accordeur, ListenSaysWhenThereIsNoInputAndReadsTheStringItHears) {
@@ -207,21 +217,6 @@ TEST(EntreeAudio, EveryFormatOfTheDeviceBecomesMonoFullScale) {
     for (std::size_t i = 0; i < mono.size(); ++i)
       EXPECT_FLOAT_EQ(mono[i], c.attendu[i]);
   }
-}
-
-TEST_F(Accordeur, ClosingReleasesTheNoteAndTheLanguageFollows) {
-  FAccordeur& t = ouvreAccordeur();
-  t.choisitCorde(1);
-  midi();
-  vt->settings().setLang = 0;
-  vt->changeLanguage();
-  EXPECT_EQ(t.windowTitle(), QStringLiteral("Accordeur"));
-  EXPECT_EQ(t.txt()->text(), QStringLiteral("Corde 1 : E4 — 329,63 Hz"));
-  EXPECT_EQ(t.cmbAccordage()->currentText(), QStringLiteral("Guitare, accordage standard"));
-  ASSERT_TRUE(vt->fenetres().décharge(fen::FAccordeur));
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_EQ(midi(), (Midi{"90 40 00"}));
-  EXPECT_FALSE(vt->isFormLoaded(fen::FAccordeur));
 }
 
 }  // namespace

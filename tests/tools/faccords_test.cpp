@@ -116,7 +116,7 @@ TEST_F(Dictionnaire, AKeyAndATypeShowTheFirstFingeringEverywhere) {
   }
 }
 
-TEST_F(Dictionnaire, CreateModeBuildsTheNameFromTheBaseAndTheDegreeLists) {
+TEST_F(Dictionnaire, CreateModeBuildsTheNameOtherToolsShowAChordALanguageChangeKeepsIt) {
   ouvre();
   choisit(3, "min");
   fa->bouton("optListe")->Click();
@@ -137,9 +137,29 @@ TEST_F(Dictionnaire, CreateModeBuildsTheNameFromTheBaseAndTheDegreeLists) {
   fa->bouton("optListe")->Click();
   EXPECT_EQ(fa->mode(), 0);
   EXPECT_EQ(fa->strAccordNom(), "Cmin");
+
+  // Other tools show a chord by key and type, in the standard list; a language change keeps it.
+  fa->bouton("optListe")->Click();
+  EXPECT_TRUE(fa->montreAccord(9, "min7 5b"));
+  EXPECT_EQ(fa->mode(), 0);
+  EXPECT_EQ(fa->strAccordNom(), "F#ddm");
+  EXPECT_FALSE(fa->montreAccord(9, "major"));
+  EXPECT_FALSE(fa->montreAccord(12, "maj"));
+  EXPECT_FALSE(fa->montreAccord(-1, "maj"));
+  EXPECT_EQ(fa->strAccordNom(), "F#ddm");
+
+  choisit(0, "min");
+  vt->mnuFileLang_Click(0);
+  EXPECT_EQ(fa->windowTitle(), "Dictionnaire d'accords - Amin");
+  EXPECT_EQ(fa->lstAccord0()->currentItem()->text(), "min");
+  EXPECT_EQ(fa->lstTonalite()->currentRow(), 0);
+  vt->settings().setAccordConst = 0;  // the names follow the setting
+  fa->drawAccord(false);
+  for (const QString& n : fiche().notes)
+    EXPECT_TRUE(n.isEmpty());
 }
 
-TEST_F(Dictionnaire, PlaySoundsEveryStringAtOnceTheTimerAndClosingSilenceThem) {
+TEST_F(Dictionnaire, PlaySoundsEveryStringAtOnceCopyAndPrintGiveTheDiagramClosingSilences) {
   ouvre();
   fa->btnPlay_Click();  // nothing to play yet
   EXPECT_TRUE(sons.empty());
@@ -152,6 +172,31 @@ TEST_F(Dictionnaire, PlaySoundsEveryStringAtOnceTheTimerAndClosingSilenceThem) {
   EXPECT_EQ(sons, (Journal{"ctl 123 0 1"}));
   EXPECT_FALSE(fa->tmrFinAccord().isActive());
 
+  // Copy and print give the diagram with its construction.
+  choisit(7, "maj");
+  fa->btnCopier_Click();
+  const QImage image = QGuiApplication::clipboard()->image();
+  ASSERT_EQ(image.size(), QSize(300, 360));
+  int jaunes = 0;  // the yellow of the dots
+  for (int y = 0; y < image.height(); y += 2)
+    for (int x = 0; x < image.width(); x += 2)
+      jaunes += image.pixelColor(x, y) == QColor(0xFF, 0xD8, 0x4A) ? 1 : 0;
+  EXPECT_GT(jaunes, 50);
+
+  const QString pdf = dir.filePath("accord.pdf");
+  int demandes = 0;
+  fa->demandeImpression = [&](QPrinter& p) {
+    p.setOutputFormat(QPrinter::PdfFormat);
+    p.setOutputFileName(pdf);
+    return ++demandes == 2;  // the first print dialog is cancelled
+  };
+  fa->btnImprimer_Click();
+  EXPECT_FALSE(QFileInfo::exists(pdf));
+  fa->btnImprimer_Click();
+  EXPECT_EQ(demandes, 2);
+  EXPECT_GT(QFileInfo(pdf).size(), 1000);
+
+  // Closing silences what plays.
   fa->btnPlay_Click();
   sons.clear();
   fa->bouton("btnExit")->Click();
@@ -210,52 +255,10 @@ TEST(DiagrammeFAccords, TheNutShowsWhenTheFingeringFitsUnderIt) {
     EXPECT_EQ(premièreRangée(cases, 6), première);
 }
 
-TEST_F(Dictionnaire, ToTabHandsTheFingeringToTheEditor) {
-  crée();
-  vt->fenetres().enregistrer(fen::FTab, [this](VT& v) { return new EditeurAccords(v, journal); });
-  ouvre();
-  choisit(3, "maj");
-  fa->btnToTab_Click();  // no editor open: the status bar says how
-  EXPECT_EQ(vt->panneau({})->text(), "Open a tablature: the chord goes to its cursor.");
-  vt->montreFenetre(fen::FTab);
-  fa->btnToTab_Click();
-  EXPECT_TRUE(contient(journal, "FTab chord C 0 1 0 2 3 255"));
-  QString nom;
-  Cases cordes;
-  ASSERT_TRUE(fa->doigtéAffiché(nom, cordes));
-  EXPECT_EQ(nom, "C");
-  EXPECT_EQ(cordes, (Cases{0, 0, 1, 0, 2, 3, 255}));
-}
-
-TEST_F(Dictionnaire, CopyAndPrintGiveTheDiagramWithItsConstruction) {
-  ouvre();
-  choisit(7, "maj");
-  fa->btnCopier_Click();
-  const QImage image = QGuiApplication::clipboard()->image();
-  ASSERT_EQ(image.size(), QSize(300, 360));
-  int jaunes = 0;  // the yellow of the dots
-  for (int y = 0; y < image.height(); y += 2)
-    for (int x = 0; x < image.width(); x += 2)
-      jaunes += image.pixelColor(x, y) == QColor(0xFF, 0xD8, 0x4A) ? 1 : 0;
-  EXPECT_GT(jaunes, 50);
-
-  const QString pdf = dir.filePath("accord.pdf");
-  int demandes = 0;
-  fa->demandeImpression = [&](QPrinter& p) {
-    p.setOutputFormat(QPrinter::PdfFormat);
-    p.setOutputFileName(pdf);
-    return ++demandes == 2;  // the first print dialog is cancelled
-  };
-  fa->btnImprimer_Click();
-  EXPECT_FALSE(QFileInfo::exists(pdf));
-  fa->btnImprimer_Click();
-  EXPECT_EQ(demandes, 2);
-  EXPECT_GT(QFileInfo(pdf).size(), 1000);
-}
-
-TEST_F(Dictionnaire, OptionsOpenOnTheChordPageAndTheNextSearchTakesTheirParameters) {
+TEST_F(Dictionnaire, OptionsOpenOnTheChordPageTheNextSearchTakesThemAndToTabHandsItOn) {
   crée();
   OptionsEssai::enregistre(*vt, journal);
+  vt->fenetres().enregistrer(fen::FTab, [this](VT& v) { return new EditeurAccords(v, journal); });
   ouvre();
   choisit(3, "maj");
   const Cases ouvert{-1, 3, 2, 0, 1, 0};
@@ -273,28 +276,18 @@ TEST_F(Dictionnaire, OptionsOpenOnTheChordPageAndTheNextSearchTakesTheirParamete
   fa->optionsAppliquées();
   EXPECT_EQ(premier(), ouvert);
   EXPECT_EQ(vt->mancheContenu(), 1);
-}
 
-TEST_F(Dictionnaire, OtherToolsShowAChordByKeyAndTypeAndALanguageChangeKeepsIt) {
-  ouvre();
-  fa->bouton("optListe")->Click();
-  EXPECT_TRUE(fa->montreAccord(9, "min7 5b"));
-  EXPECT_EQ(fa->mode(), 0);
-  EXPECT_EQ(fa->strAccordNom(), "F#ddm");
-  EXPECT_FALSE(fa->montreAccord(9, "major"));
-  EXPECT_FALSE(fa->montreAccord(12, "maj"));
-  EXPECT_FALSE(fa->montreAccord(-1, "maj"));
-  EXPECT_EQ(fa->strAccordNom(), "F#ddm");
-
-  choisit(0, "min");
-  vt->mnuFileLang_Click(0);
-  EXPECT_EQ(fa->windowTitle(), "Dictionnaire d'accords - Amin");
-  EXPECT_EQ(fa->lstAccord0()->currentItem()->text(), "min");
-  EXPECT_EQ(fa->lstTonalite()->currentRow(), 0);
-  vt->settings().setAccordConst = 0;  // the names follow the setting
-  fa->drawAccord(false);
-  for (const QString& n : fiche().notes)
-    EXPECT_TRUE(n.isEmpty());
+  // To tab hands the fingering to the editor; with no editor open the status bar says how.
+  fa->btnToTab_Click();
+  EXPECT_EQ(vt->panneau({})->text(), "Open a tablature: the chord goes to its cursor.");
+  vt->montreFenetre(fen::FTab);
+  fa->btnToTab_Click();
+  EXPECT_TRUE(contient(journal, "FTab chord C 0 1 0 2 3 255"));
+  QString nom;
+  Cases cordes;
+  ASSERT_TRUE(fa->doigtéAffiché(nom, cordes));
+  EXPECT_EQ(std::make_pair(nom, cordes),
+            std::make_pair(QString("C"), Cases{0, 0, 1, 0, 2, 3, 255}));
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The metronome's window: digits, beats, tap tempo, the clock and its clicks,
-// the keys and the settings it keeps.
+// The metronome's window: digits, beats, tap tempo, the clock and its clicks, the keys
+// and the settings it keeps; and how the three tool windows join the main window.
 
 #include "player/metronome.h"
 #include "controls/up_down.h"
@@ -38,7 +38,7 @@ class Metronome : public Outils {
   std::vector<int> vus;
 };
 
-TEST_F(Metronome, DigitsStayWithinTheDisplayAndTheSettingsKeepThem) {
+TEST_F(Metronome, DigitsBeatsTapTempoAndKeysStayWithinTheDisplayAndTheSettingsKeepThem) {
   FMetronome& m = ouvreMetronome();
   EXPECT_EQ(m.tempo(), 120);
   EXPECT_EQ(m.Temps(), 4);
@@ -60,20 +60,8 @@ TEST_F(Metronome, DigitsStayWithinTheDisplayAndTheSettingsKeepThem) {
   EXPECT_EQ((std::vector<int>{m.btnHigh()->Value(), m.btnMed()->Value(), m.btnLow()->Value(),
                               s.TempoH, s.TempoM, s.TempoL}),
             (std::vector<int>{0, 9, 6, 0, 9, 6}));
-}
 
-TEST_F(Metronome, SettingsOutsideTheDisplayAreRefusedAtLoad) {
-  règle(QStringLiteral("Metronome/TempoM"), QStringLiteral("12"));
-  règle(QStringLiteral("Metronome/Temps"), QStringLiteral("40"));
-  règle(QStringLiteral("Metronome/setMétronomeAccent"), QStringLiteral("False"));
-  FMetronome& m = ouvreMetronome();
-  EXPECT_EQ(m.tempo(), 120);
-  EXPECT_EQ(m.Temps(), 4);
-  EXPECT_FALSE(m.accent());
-}
-
-TEST_F(Metronome, BeatsToTheBarTapTempoAndKeys) {
-  FMetronome& m = ouvreMetronome();
+  // Beats to the bar, tap tempo, the keys and the language.
   m.btnBeat()->Click();
   EXPECT_EQ(m.Temps(), 5);
   EXPECT_EQ(m.labBeat()->text(), QStringLiteral("5 beats to the bar"));
@@ -88,7 +76,7 @@ TEST_F(Metronome, BeatsToTheBarTapTempoAndKeys) {
 
   // Taps 400 ms apart: 150.
   m.tape(10'000);
-  EXPECT_EQ(m.tempo(), 120);
+  EXPECT_EQ(m.tempo(), 96) << "one tap is no tempo";
   m.tape(10'400);
   EXPECT_EQ(m.tempo(), 150);
   QTest::keyClick(&m, Qt::Key_Up);
@@ -100,6 +88,22 @@ TEST_F(Metronome, BeatsToTheBarTapTempoAndKeys) {
   m.setTempo(999);
   QTest::keyClick(&m, Qt::Key_Up);
   EXPECT_EQ(m.tempo(), 999);
+
+  vt->settings().setLang = 0;
+  vt->changeLanguage();
+  EXPECT_EQ(m.windowTitle(), QStringLiteral("Métronome"));
+  EXPECT_EQ(m.labBeat()->text(), QStringLiteral("1 temps par mesure"));
+  EXPECT_EQ(m.btnTap()->Caption(), QStringLiteral("TAP"));
+}
+
+TEST_F(Metronome, SettingsOutsideTheDisplayAreRefusedAtLoad) {
+  règle(QStringLiteral("Metronome/TempoM"), QStringLiteral("12"));
+  règle(QStringLiteral("Metronome/Temps"), QStringLiteral("40"));
+  règle(QStringLiteral("Metronome/setMétronomeAccent"), QStringLiteral("False"));
+  FMetronome& m = ouvreMetronome();
+  EXPECT_EQ(m.tempo(), 120);
+  EXPECT_EQ(m.Temps(), 4);
+  EXPECT_FALSE(m.accent());
 }
 
 TEST_F(Metronome, TheClockClicksStartsAgainAtTheFirstBeatAndTheDisplayFollowsIt) {
@@ -151,13 +155,38 @@ TEST_F(Metronome, TheClockClicksStartsAgainAtTheFirstBeatAndTheDisplayFollowsIt)
   EXPECT_EQ(GetCompteur(), 0);
 }
 
-TEST_F(Metronome, TextsFollowTheLanguage) {
-  FMetronome& m = ouvreMetronome();
-  vt->settings().setLang = 0;
-  vt->changeLanguage();
-  EXPECT_EQ(m.windowTitle(), QStringLiteral("Métronome"));
-  EXPECT_EQ(m.labBeat()->text(), QStringLiteral("4 temps par mesure"));
-  EXPECT_EQ(m.btnTap()->Caption(), QStringLiteral("TAP"));
+// The tuner, the metronome and the media player join the main window.
+TEST_F(Metronome, TheToolWindowsOpenFromTheMenuTheirKeysTheToolbarAndAtStart) {
+  règle("Options/setStartWith4", "True");
+  ouvre();
+  EXPECT_TRUE(vt->isFormLoaded(fen::FMetronome)) << "a start-up window";
+  EXPECT_FALSE(vt->isFormLoaded(fen::FAccordeur));
+  EXPECT_EQ(vt->mnuFen(2)->shortcut(), QKeySequence(Qt::Key_F5));
+  EXPECT_EQ(vt->mnuFen(3)->shortcut(), QKeySequence(Qt::Key_F6));
+  EXPECT_EQ(vt->mnuFen(4)->shortcut(), QKeySequence(Qt::Key_F7));
+  EXPECT_TRUE(vt->mnuFen(2)->isEnabled());
+  vt->mnuFen(3)->trigger();
+  EXPECT_TRUE(vt->isFormLoaded(fen::FAccordeur));
+  vt->boutonBarre(QStringLiteral("mci"))->trigger();
+  EXPECT_TRUE(vt->isFormLoaded(fen::FMultimedia));
+  vt->fenetres().décharge(fen::FMetronome);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ASSERT_FALSE(vt->isFormLoaded(fen::FMetronome));
+  vt->boutonBarre(QString::fromUtf8("métronome"))->trigger();
+  EXPECT_TRUE(vt->isFormLoaded(fen::FMetronome));
+}
+
+TEST_F(Metronome, OptionsOpenOnTheTunersAndTheMetronomesPages) {
+  crée();
+  OptionsEssai::enregistre(*vt, journal);
+  ouvre();
+  fenetre<FAccordeur>(fen::FAccordeur).btnOptions()->Click();
+  EXPECT_EQ(journal, Journal{"selectTab KeyDiv"});
+  journal.clear();
+  FMetronome& m = fenetre<FMetronome>(fen::FMetronome);
+  emit m.findChild<VTPictureButton*>(QStringLiteral("btnOptions"))->Click();
+  EXPECT_EQ(journal, Journal{QString::fromUtf8("selectTab KeyMét")});
+  EXPECT_EQ(modales, (std::vector<QString>{"FOptions", "FOptions"}));
 }
 
 }  // namespace
