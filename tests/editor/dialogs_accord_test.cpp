@@ -156,6 +156,25 @@ TEST(Accord, TheDictionarysFingeringBecomesTheWorkingDiagram) {
   EXPECT_EQ(doc.getMesureAccordCorde(1, 1, n, 3), 2);
 }
 
+TEST(DiagrammeAccord, EveryStringAndRowIsFoundWhereItIsDrawn) {
+  for (int n : {4, 6, 7}) {
+    const GeometrieDiagramme geo(QRectF(10, 20, 200, 240), n);
+    for (int c = 1; c <= n; ++c)
+      for (int r = 0; r <= kRangsDiagramme; ++r) {
+        int corde = 0, rang = -1;
+        ASSERT_TRUE(geo.touche(QPointF(geo.xCorde(c), geo.yRang(r)), corde, rang)) << n << c << r;
+        EXPECT_EQ(std::pair(corde, rang), std::pair(c, r));
+      }
+    // The lowest string stands on the left.
+    EXPECT_LT(geo.xCorde(n), geo.xCorde(1));
+    int corde = 0, rang = 0;
+    EXPECT_FALSE(geo.touche(QPointF(geo.xCorde(1), 19), corde, rang));
+    EXPECT_FALSE(geo.touche(QPointF(geo.xCorde(1), geo.yRang(kRangsDiagramme) + geo.hauteurRang()),
+                            corde, rang));
+    EXPECT_FALSE(geo.touche(QPointF(geo.xCorde(1) + geo.ecartCordes(), geo.yRang(1)), corde, rang));
+  }
+}
+
 TEST(Drums, EveryDrumStandsInOneFamilyOnceAndAChosenNameGivesItsNote) {
   std::multiset<int> notes, attendues;
   for (const FamilleBatterie& f : famillesBatterie()) {

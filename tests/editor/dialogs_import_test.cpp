@@ -372,5 +372,10 @@ TEST_F(Import, TheAsciiTrackIsSixStringedWhateverTheCurrentInstrument) {
   EXPECT_EQ(guitareSixCordes(catalogue, dropD, kLangAnglais), dropD);
 }
 
+TEST(ImportTexte, FileTextIsUtf8WhenItCanBeElseWindows1252) {
+  EXPECT_EQ(texteExterieur("Caf\xC3\xA9"), QString::fromUtf8("Caf\u00E9"));
+  EXPECT_EQ(texteExterieur("Caf\xE9 \x80"), QString::fromUtf8("Caf\u00E9 \u20AC"));
+}
+
 }  // namespace
 }  // namespace vt::essai

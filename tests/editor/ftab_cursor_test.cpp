@@ -180,6 +180,18 @@ TEST_F(Souris, AClickPlacesTheCursorOnTheCellUnderItStopsAtTheEdgesOfTheBarsADra
   glisse(cellule(1, 1, 2), cellule(3, 2, 5));
   EXPECT_EQ(std::pair(sélection(), static_cast<int>(doc().CurseurMesure())),
             std::pair(Sélection{1, 24, 2, 3, 48, 5}, 3));
+  // Over the last bar on screen, clipped at the edge, the view stays.
+  mesures(10);
+  const int largeur = ftab->picTab()->width();
+  envoie(QEvent::MouseButtonPress, cellule(1, 0, 1), Qt::LeftButton, Qt::LeftButton);
+  envoie(QEvent::MouseMove, {largeur - 2.0, 150}, Qt::NoButton, Qt::LeftButton);
+  EXPECT_EQ(doc().m_lngScrollValue, 1);
+  EXPECT_GT(doc().intSelStopMesure, 3);
+  // A move without the button selects nothing.
+  envoie(QEvent::MouseButtonRelease, {largeur - 2.0, 150}, Qt::LeftButton, Qt::NoButton);
+  const Sélection avant = sélection();
+  envoie(QEvent::MouseMove, cellule(1, 0, 1), Qt::NoButton, Qt::NoButton);
+  EXPECT_EQ(sélection(), avant);
 }
 
 TEST_F(Souris, TheRightButtonOnANoteOpensThePopUpAndElsewhereNothing) {

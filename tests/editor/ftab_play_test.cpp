@@ -50,6 +50,16 @@ class SonJournal : public SonEditeur {
   std::int32_t m_handle;
 };
 
+// Counts the paints of a widget.
+class Peintures : public QObject {
+ public:
+  bool eventFilter(QObject*, QEvent* e) override {
+    if (e->type() == QEvent::Paint) ++n;
+    return false;
+  }
+  int n = 0;
+};
+
 using Etat = std::array<bool, 3>;  // playing, "joue" down, the screen timer running
 using Ecrite = std::tuple<int, int, int>;
 
@@ -283,6 +293,32 @@ TEST_F(Jeu, TheViewFollowsThePieceForwardBackAndAtTheRepeats) {
   EXPECT_EQ(état(), (Etat{false, false, false}));
 }
 
+TEST_F(Jeu, TheCursorFollowsThePlayerAndIsRedrawnOnlyWhenItChangesColumn) {
+  ouvreEssai(2);
+  lance();
+  Peintures peintures;
+  ftab->picTab()->installEventFilter(&peintures);
+  QCoreApplication::processEvents();
+  const struct {
+    int mesure, x;
+    Place place;
+    bool peint;
+  } kCas[] = {{1, 30, {1, 30, 1}, true},
+              {1, 47, {1, 47, 1}, false},
+              {1, 48, {1, 48, 1}, true},
+              {2, 0, {2, 0, 1}, true}};
+  for (const auto& c : kCas) {
+    SCOPED_TRACE(testing::Message() << c.mesure << " " << c.x);
+    const QImage avant = ftab->image().copy();
+    peintures.n = 0;
+    tick(c.mesure, c.x);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(place(), c.place);
+    EXPECT_EQ(std::pair(peintures.n > 0, ftab->image() != avant), std::pair(c.peint, c.peint));
+  }
+  ftab->picTab()->removeEventFilter(&peintures);
+}
+
 TEST_F(Jeu, TheStopPutsTheCursorOnTheGridAndInsideThePiece) {
   ouvreEssai(3);
   // Nothing plays: the stop is harmless, and the player is not called.
@@ -411,6 +447,19 @@ TEST_F(Jeu, RecordedNotesAreWrittenFromTheirStartToTheCursorTiedAcrossBarLinesUn
   tick(2, 24);
   midi(1, 3, false);
   EXPECT_EQ(std::pair(écrite(1, 1, 48), compte()), std::pair(Ecrite(3, 96, 0), 1));
+  // With record up, the notes received only sound.
+  midi(2, 4, true);
+  tick(2, 72);
+  midi(2, 4, false);
+  EXPECT_EQ(compte(), 1);
+  // Nothing plays: a note received is written at once at the cursor, with the
+  // rhythm toolbar's length, and the cursor stays.
+  touche(Qt::Key_Space);
+  menu(10)->trigger();
+  curseur(2, 96, 1);
+  midi(4, 7, true);
+  EXPECT_EQ(écrite(2, 4, 96), Ecrite(7, ftab->outils().tbGetNoteDurée(), 0));
+  EXPECT_EQ(doc().CurseurX(), 96);
 }
 
 TEST_F(Jeu, AMidiNoteReachesTheOpenHarmonizerAndSoundsUnlessItIsRecorded) {

@@ -72,6 +72,20 @@ std::vector<tPisteMesure> depuis(const CVantoroTablature& avant, int p,
   return l;
 }
 
+TEST(Selection, IsPutInOrderByTimeAndByStringApart) {
+  CVantoroTablature doc = document(1, 3);
+  const auto sélection = [&doc] {
+    return std::array<int, 6>{doc.intSelStartMesure, doc.intSelStartX, doc.bytSelStartCorde,
+                              doc.intSelStopMesure,  doc.intSelStopX,  doc.bytSelStopCorde};
+  };
+  sélectionne(doc, 2, 48, 1, 1, 96, 5);  // dragged back in time, down the strings
+  normaliseSélection(doc);
+  EXPECT_EQ(sélection(), (std::array<int, 6>{1, 96, 1, 2, 48, 5}));
+  sélectionne(doc, 2, 96, 4, 2, 24, 2);  // same bar, back in time, up the strings
+  normaliseSélection(doc);
+  EXPECT_EQ(sélection(), (std::array<int, 6>{2, 24, 2, 2, 96, 4}));
+}
+
 TEST(NoteClipboard, WithoutASelectionNothingIsCopiedCutOrPasted) {
   CVantoroTablature doc = document(1, 2);
   note(doc, 1, 1, 1, 0, 3, 48);
