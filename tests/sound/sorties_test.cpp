@@ -139,12 +139,16 @@ TEST_F(SoundFontChoice, AMissingSoundFontOrAFileThatIsNoneLeavesASilentWorkingOu
 
 TEST(BuiltInSynthesizer, TakesMessagesFromTwoThreadsAtOnce) {
   SynthéIntégré s(sansAudio());
-  // The audio side pulls all along, as a driver would.
+  // The audio side renders all along in long buffers, as a driver does when it
+  // catches up under load; the two players sound more voices than the
+  // polyphony holds, so voices are stolen and ended while the others send.
   std::atomic<bool> fini{false};
   std::thread audio([&] {
-    std::vector<std::int16_t> bloc(2 * 64);
-    while (!fini)
-      s.rends(bloc.data(), 64);
+    std::vector<std::int16_t> bloc(2 * 2048);
+    while (!fini) {
+      s.rends(bloc.data(), 2048);
+      std::this_thread::yield();
+    }
   });
   // Two players as fast as fingers go, a note each millisecond.
   auto joueVite = [&s](std::uint8_t canal) {
