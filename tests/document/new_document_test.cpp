@@ -115,6 +115,8 @@ TEST(PremierSilence, SumsEmptyBarsAndTheEarliestFirstNote) {
   EXPECT_EQ(doc.getPremierSilence(1), 192 + 144 + 72);
   doc.setNoteWhole(1, 1, 6, 12, 0, 12);
   EXPECT_EQ(doc.getPremierSilence(1), 12);
+  doc.setNoteWhole(1, 1, 5, 0, 0, 12);
+  EXPECT_EQ(doc.getPremierSilence(1), 0);  // a note on the first tick: no silence before it
   EXPECT_EQ(doc.getPremierSilence(2), 0);  // no such track
 }
 

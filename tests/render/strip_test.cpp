@@ -235,6 +235,7 @@ TEST(Beams, EighthsMeetFlagsAndSixteenths) {
       {"two eighths", {{0, 24}, {24, 24}}, {75, 95, 75, 95}, {}},
       {"an eighth before a quarter: a flag", {{0, 24}, {24, 48}}, {75, 80}, {}},
       {"a bar without a beam unit flags every note", {{0, 24}, {24, 24}}, {75, 80, 95, 100}, {}, 8},
+      {"12 beats: by quarter bars", {{0, 24}, {24, 24}}, {75, 95, 85, 95}, {}, 12},
       // State 0, next not long: 2U with U = 10; state 1, P, N and M: -U, 3U
       // with U = 5; state 2, P: -U, U. The sixteenths share a second beam.
       {"an eighth and two sixteenths",
