@@ -149,6 +149,9 @@ TEST_F(Curseur, TheGridFollowsTheViewAndTheChosenRhythm) {
   ftab->mnuTabDisplay(7);  // the grid no longer follows
   touche(Qt::Key_3, Qt::ControlModifier);
   EXPECT_EQ(ftab->réglagesVue().TAB_VIEW_SCALE, 8);
+  ftab->mnuTabDisplay(7);  // and follows again: a quarter, still in triplets
+  touche(Qt::Key_3, Qt::ControlModifier);
+  EXPECT_EQ(ftab->réglagesVue().TAB_VIEW_SCALE, 32);
 }
 
 using Souris = Editeur;
