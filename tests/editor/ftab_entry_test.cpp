@@ -241,6 +241,11 @@ TEST_F(Entree, EveryEffectKeyAndItsMenuEntrySetTheirCodeEvenOnAnEmptyPlace) {
   ftab->mnuTabEffet(12);  // no effect
   EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kAucun);
   EXPECT_EQ(note(1, 1, 0)->bytCase, 5);
+  // An effect given after an undo is a new edit: nothing is left to redo.
+  touche(Qt::Key_Z, Qt::ControlModifier);
+  touche(Qt::Key_V);
+  touche(Qt::Key_Y, Qt::ControlModifier);
+  EXPECT_EQ(note(1, 1, 0)->bytEffet, effet::kVibrato);
 }
 
 TEST_F(Entree, PageUpAndDownMoveANoteToTheNextStringAtTheSamePitch) {
