@@ -32,6 +32,7 @@ TEST(Transpose, WithinTheRangeOrToTheNeighbouringStringOrLost) {
     std::vector<std::string> attendu;
   } cas[] = {
       {"up within the range", {{3, 0, 3, 48}}, 2, 22, {"3:0:5:48"}},
+      {"down onto the open string", {{3, 0, 2, 48}}, -2, 22, {"3:0:0:48"}},
       // None above string 1; a place already taken loses the note, and the
       // note standing there is transposed itself.
       {"up on string 1 or onto a taken place is lost",
